@@ -1,0 +1,54 @@
+// FAR archives: the directory in memory, and extraction. An entry is always
+// addressed by its number, from 1. docs/file-formats.md draws the bytes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "foundation/list.h"
+#include "platform/path.h"
+
+namespace marlowick {
+
+struct FarEntry {
+    std::string FileSize;    // 4 bytes, little-endian, as stored, like the next three
+    std::string FileSize2;   // kept, never used by extraction
+    std::string FileOffset;  // from the start of the file
+    std::string NameLength;
+    std::string FileName;  // game text, as it stands
+    bool Deleted = false;
+};
+
+struct FarDirectory {
+    std::string FileCount = std::string(4, '\0');  // as stored
+    List<FarEntry> Entries;
+};
+
+// Fills the directory from an archive; an archive without a directory, or one that doesn't exist
+// (it is then made, empty), gives zero entries. Only records that are whole in the file are
+// stored; FileCount stays as it was read. Trapped (modFARsupport); false after a failure, and the
+// stream then stays open.
+bool gsReadFARdir(FarDirectory& directory, const Path& archive);
+
+// The number of entries to walk: FileCount, but not more than the list holds and not below 0.
+int farEntryCount(const FarDirectory& directory);
+
+// Copies an entry out as folder + "\" + its name behind the last backslash, or under outputName.
+// The output is not truncated. Trapped (modFARsupport); false after a failure, and the two stream
+// slots of extraction then stay taken.
+bool gsExtractFile(const Path& archive, const Path& folder, const FarDirectory& directory,
+                   int number);
+bool gsExtractFileEx(const Path& archive, const Path& folder, std::string_view outputName,
+                     const FarDirectory& directory, int number);
+
+// The same work without a trap: a failure is raised, and no stream stays open. For the quiet
+// search of a skin's image.
+void readFarDirectory(FarDirectory& directory, const Path& archive);
+void extractFarEntry(const Path& archive, const Path& folder, std::string_view outputName,
+                     const FarDirectory& directory, int number);
+
+// The part of a name behind its last backslash, in upper case.
+std::string gfstrFarBaseName(std::string_view fileName);
+
+}  // namespace marlowick

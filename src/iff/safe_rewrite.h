@@ -1,0 +1,21 @@
+// The way a changed user file reaches the disk: a fresh file "\usertemp.iff" in
+// the program folder first, then in one step in the old file's place.
+#pragma once
+
+#include "iff/iff_file.h"
+
+namespace marlowick {
+
+// The program folder's "\usertemp.iff". It stays after a save.
+Path userTempFile();
+
+// Deletes an old "\usertemp.iff" and writes the record there. Raises what the deletion raises;
+// false after a failure of the writer, which has reported it.
+bool writeUserTemp(IffFile& iff);
+bool writeUserTempWithoutBitmaps(IffFile& iff);
+
+// Puts "\usertemp.iff" in the place of the user file in one step. Raises 75 for a read-only user
+// file, which stays as it is.
+void replaceUserFile(const Path& userFile);
+
+}  // namespace marlowick

@@ -1,0 +1,23 @@
+#include "platform/display_text.h"
+
+#include "platform/game_text.h"
+
+namespace marlowick {
+
+QString toDisplay(std::string_view gameText) {
+    return QString::fromStdString(gameTextToUtf8(gameText));
+}
+
+std::string toGameText(const QString& text) {
+    return utf8ToGameText(text.toStdString());
+}
+
+QString toDisplay(const Path& path) {
+    return QString::fromStdString(path.text());
+}
+
+Path toPath(const QString& text) {
+    return Path(text.toStdString());
+}
+
+}  // namespace marlowick

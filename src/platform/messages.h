@@ -1,0 +1,24 @@
+// Message boxes. Every message of the program goes through showMessage.
+#pragma once
+
+#include <QString>
+
+namespace marlowick {
+
+enum class MessageIcon { None, Information, Question, Exclamation, Critical };
+enum class MessageButtons { Ok, YesNo };
+enum class MessageReply { Ok, Yes, No };
+
+// Shows a box over the active window and waits for the answer. Esc and the frame count as No
+// where there is a No. The box bears the object name "messageBox".
+MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons buttons,
+                         const QString& text);
+
+// The question before a destructive or restoring command, under the title "Confirm Action".
+// False only for No.
+bool confirmAction(const QString& question);
+
+// Asks for a text, under the object name "inputBox"; empty if the box was cancelled.
+QString askForText(const QString& title, const QString& prompt);
+
+}  // namespace marlowick

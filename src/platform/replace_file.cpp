@@ -1,0 +1,67 @@
+#include "platform/replace_file.h"
+
+#include <memory>
+#include <string>
+
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "platform/streams.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::size_t kBlock = 32768;
+
+// The name fits no mask of the game or of this program, so that a leftover is never listed.
+constexpr const char* kSuffix = ".marlowick-new";
+
+void fill(const Path& source, const Path& beside) {
+    const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
+    const std::unique_ptr<File> to = files().open(beside, OpenMode::CreateNew);
+    std::string block(kBlock, '\0');
+    for (;;) {
+        const std::size_t count = from->read(block.data(), block.size());
+        if (count == 0) {
+            break;
+        }
+        to->write(std::string_view(block).substr(0, count));
+    }
+    to->flush();
+}
+
+void discard(const Path& beside) {
+    try {
+        removeIfPresent(beside);
+    } catch (const RuntimeError&) {
+        // The first failure is the one to report; the leftover harms nobody.
+    }
+}
+
+}  // namespace
+
+void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly) {
+    streams().letGo(target);
+    const bool exists = files().fileExists(target);
+    if (exists && readOnly == ReadOnlyTarget::Refuse && files().isReadOnly(target)) {
+        throw RuntimeError(error::kPathFileAccess);
+    }
+    const Path place = exists ? files().followLinks(target) : target;
+    const Path beside = place + kSuffix;
+    removeIfPresent(beside);
+    try {
+        fill(source, beside);
+        if (exists) {
+            if (readOnly == ReadOnlyTarget::Replace) {
+                files().clearAttributes(place);
+            }
+            files().copyAttributes(place, beside);
+        }
+        files().rename(beside, place);
+    } catch (...) {
+        const RuntimeError failure = currentError();
+        discard(beside);
+        throw RuntimeError(failure);
+    }
+}
+
+}  // namespace marlowick
