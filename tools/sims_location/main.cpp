@@ -1,0 +1,21 @@
+// sims_location [FOLDER]: prints the stored setting "Sims Location", and succeeds if the game lies
+// there; with a folder, stores it.
+#include <QCoreApplication>
+#include <QDir>
+#include <cstdio>
+
+#include "platform/display_text.h"
+#include "platform/files.h"
+#include "platform/settings.h"
+
+int main(int argc, char** argv) {
+    using namespace marlowick;
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() > 1) {
+        writeSetting(setting::kSimsLocation, QDir(arguments.at(1)).absolutePath());
+    }
+    const QString location = readSetting(setting::kSimsLocation);
+    std::puts(location.toUtf8().constData());
+    return !location.isEmpty() && files().fileExists(toPath(location) + "\\sims.exe") ? 0 : 1;
+}

@@ -1,0 +1,169 @@
+#include "driver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QScreen>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace marlowick::tour {
+namespace {
+
+constexpr int kPollMilliseconds = 50;
+constexpr int kSettleMilliseconds = 400;
+constexpr int kPatienceMilliseconds = 30000;
+
+[[noreturn]] void giveUp(const QString& what) {
+    std::fprintf(stderr, "tour: %s\n", qPrintable(what));
+    std::_Exit(EXIT_FAILURE);
+}
+
+QMessageBox* shownBox() {
+    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
+}  // namespace
+
+Driver::Driver(QString folder) : folder_(std::move(folder)) {}
+
+void Driver::add(const QString& name, std::function<bool()> ready, std::function<void()> action) {
+    steps_.push_back({name, std::move(ready), std::move(action)});
+}
+
+void Driver::start() {
+    QTimer::singleShot(kPollMilliseconds, qApp, [this] { wait(0); });
+}
+
+void Driver::wait(int elapsed) {
+    if (isDone()) {
+        return;
+    }
+    const Step& step = steps_[next_];
+    if (!step.ready()) {
+        if (elapsed > kPatienceMilliseconds) {
+            giveUp("the step \"" + step.name + "\" never came");
+        }
+        QTimer::singleShot(kPollMilliseconds, qApp,
+                           [this, elapsed] { wait(elapsed + kPollMilliseconds); });
+        return;
+    }
+    QTimer::singleShot(kSettleMilliseconds, qApp, [this] {
+        const Step& due = steps_[next_];
+        takePicture(due.name);
+        ++next_;
+        // The action may not come back before a modal window closes: the next step waits inside.
+        start();
+        due.action();
+    });
+}
+
+void Driver::takePicture(const QString& name) {
+    const QString file =
+        QStringLiteral("%1/%2-%3.png").arg(folder_).arg(next_ + 1, 2, 10, QChar('0')).arg(name);
+    if (!QGuiApplication::primaryScreen()->grabWindow(0).save(file)) {
+        giveUp("can't write " + file);
+    }
+    std::printf("  %s\n", qPrintable(file));
+    std::fflush(stdout);
+}
+
+QWidget* shownWindow(const QString& name) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == name && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+QWidget* control(const QString& window, const QString& name) {
+    QWidget* shown = shownWindow(window);
+    QWidget* found = shown == nullptr ? nullptr : shown->findChild<QWidget*>(name);
+    if (found == nullptr) {
+        giveUp("there is no " + name + " on " + window);
+    }
+    return found;
+}
+
+std::function<bool()> whenShown(const QString& window) {
+    return [window] {
+        QWidget* modal = QApplication::activeModalWidget();
+        QWidget* shown = shownWindow(window);
+        return shown != nullptr && (modal == nullptr || modal == shown);
+    };
+}
+
+std::function<bool()> whenAsked(const QString& title) {
+    return [title] { return shownBox() != nullptr && shownBox()->windowTitle() == title; };
+}
+
+std::function<void()> clickOn(const QString& window, const QString& name) {
+    return [=] { QTest::mouseClick(control(window, name), Qt::LeftButton); };
+}
+
+std::function<void()> clickAt(const QString& window, const QString& name, QPoint position) {
+    return
+        [=] { QTest::mouseClick(control(window, name), Qt::LeftButton, Qt::NoModifier, position); };
+}
+
+std::function<void()> doubleClickAt(const QString& window, const QString& name, QPoint position) {
+    return [=] {
+        QTest::mouseDClick(control(window, name), Qt::LeftButton, Qt::NoModifier, position);
+    };
+}
+
+std::function<void()> clickRow(const QString& window, const QString& name, const QString& text) {
+    return [=] {
+        auto* list = qobject_cast<QAbstractItemView*>(control(window, name));
+        const QModelIndexList found = list->model()->match(
+            list->model()->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchStartsWith);
+        if (found.isEmpty()) {
+            giveUp("no row of " + name + " begins with " + text);
+        }
+        list->scrollTo(found.first());
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          list->visualRect(found.first()).center());
+    };
+}
+
+std::function<void()> openTab(const QString& window, const QString& name, const QString& caption) {
+    return [=] {
+        QTabBar* bar = qobject_cast<QTabWidget*>(control(window, name))->tabBar();
+        for (int i = 0; i < bar->count(); ++i) {
+            if (bar->tabText(i) == caption) {
+                QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(i).center());
+                return;
+            }
+        }
+        giveUp("there is no tab " + caption);
+    };
+}
+
+std::function<void()> typeText(const QString& window, const QString& name, const QString& text) {
+    return [=] { QTest::keyClicks(control(window, name), text); };
+}
+
+std::function<void()> answer(const QString& button) {
+    return [button] {
+        for (QAbstractButton* candidate : shownBox()->buttons()) {
+            if (candidate->text().remove('&') == button) {
+                QTest::mouseClick(candidate, Qt::LeftButton);
+                return;
+            }
+        }
+        giveUp("the message has no button " + button);
+    };
+}
+
+std::function<void()> pause() {
+    return [] {};
+}
+
+}  // namespace marlowick::tour
