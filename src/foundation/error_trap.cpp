@@ -49,6 +49,10 @@ bool ignoringErrors(const std::function<void()>& body) {
     }
 }
 
+std::string errorText(const RuntimeError& failure) {
+    return "Error " + std::to_string(failure.number()) + " - " + failure.description();
+}
+
 std::string errorReport() {
     const std::string lines[] = {
         std::string(kProgramTitle) + " - Version " + kVersionText,

@@ -33,6 +33,9 @@ bool trapped(const char* module, const char* procedure, const std::function<void
 // Runs body and passes over a failure in silence; false if there was one.
 bool ignoringErrors(const std::function<void()>& body);
 
+// "Error ", the number, " - ", the description: a failure in words for a person.
+std::string errorText(const RuntimeError& failure);
+
 // The eleven lines of the error report, each ended by CR LF. UTF-8.
 std::string errorReport();
 

@@ -1,0 +1,34 @@
+// Walks through the content of a file that was read in one piece. What lies behind
+// the end reads as zeros, as a record filled from a file that ends too early has it.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace marlowick {
+
+class ByteReader {
+  public:
+    ByteReader(std::string_view content, std::size_t position)
+        : content_(content), position_(position) {}
+
+    std::size_t position() const { return position_; }
+    std::size_t left() const { return content_.size() - std::min(position_, content_.size()); }
+    void back(std::size_t count) { position_ -= count; }
+
+    // Exactly count bytes, zeros behind the end; moves behind them.
+    std::string take(std::size_t count) {
+        std::string bytes(content_.substr(std::min(position_, content_.size()), count));
+        bytes.resize(count, '\0');
+        position_ += count;
+        return bytes;
+    }
+
+  private:
+    std::string_view content_;
+    std::size_t position_;  // bytes from 0
+};
+
+}  // namespace marlowick

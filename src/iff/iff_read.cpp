@@ -1,0 +1,132 @@
+// Reading of user files: once with the error trap, for the editing windows, and
+// once guarded, for everything that browses.
+#include <functional>
+#include <string>
+
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "iff/byte_reader.h"
+#include "iff/iff_file.h"
+#include "platform/files.h"
+#include "platform/streams.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::size_t kHeaderSize = 60;
+constexpr std::int32_t kSegmentHead = 76;
+constexpr std::size_t kLabelSize = 64;
+constexpr std::int32_t kNoMapAsText = 0x30303030;  // the four characters "0000"
+
+// How much a segment may claim beyond the end of its file before it is taken for a lie.
+constexpr std::int64_t kLargestClaim = 256LL << 20U;
+
+// Reads the map at a position of the content, moves the position behind it.
+using MapReader =
+    std::function<void(IffFile& iff, std::string_view content, std::size_t& position)>;
+
+// Ends the guarded reading with a reason that is already in words.
+struct MapUnreadable {
+    std::string reason;
+};
+
+std::string readOpenFile(File& file) {
+    std::string content(static_cast<std::size_t>(file.size()), '\0');
+    content.resize(file.read(content.data(), content.size()));
+    return content;
+}
+
+// Size as a number, less the head; 5 if it is below 76, 7 if it claims far more than the file has.
+std::size_t dataLength(const std::string& size, std::size_t left) {
+    const std::int32_t length = gflngBigEndianToLong(size);
+    if (length < kSegmentHead) {
+        throw RuntimeError(error::kInvalidArgument);
+    }
+    const std::int64_t data = length - kSegmentHead;
+    if (data - static_cast<std::int64_t>(left) > kLargestClaim) {
+        throw RuntimeError(error::kOutOfMemory);
+    }
+    return static_cast<std::size_t>(data);
+}
+
+void readSegment(IffFile& iff, int number, ByteReader& reader) {
+    checkCounter(number);
+    if (iff.Segments.bound() < number) {
+        iff.Segments.resize(number);
+    }
+    IffSegment& segment = iff.Segments[number];
+    segment.Offset = static_cast<std::int32_t>(reader.position()) + 1;
+    segment.Type = reader.take(4);
+    segment.Size = reader.take(4);
+    segment.ID = reader.take(4);
+    segment.Label = reader.take(kLabelSize);
+    segment.Data = reader.take(dataLength(segment.Size, reader.left()));
+}
+
+void readSegments(IffFile& iff, std::string_view content, std::size_t start,
+                  const MapReader& readMap) {
+    ByteReader reader(content, start);
+    int number = 0;
+    // One lone byte at the end is no segment.
+    while (reader.left() > 1) {
+        if (content.substr(reader.position(), 4) == "rsmp") {
+            std::size_t position = reader.position();
+            readMap(iff, content, position);
+            reader = ByteReader(content, position);
+            if (reader.left() <= static_cast<std::size_t>(kSegmentHead)) {
+                break;
+            }
+            // What follows a map is taken for a segment, even a second map.
+        }
+        readSegment(iff, ++number, reader);
+    }
+}
+
+void readUserFile(IffFile& iff, const Path& path, const MapReader& readMap) {
+    CheckpointNumber = 1000;
+    iff.Segments.reset();
+    iff.Segments.resize(1);
+    iff.RsmpTypes.reset();
+    iff.RsmpTypes.resize(1);
+    const std::string content =
+        readOpenFile(streams().open(slot::kUserFile, path, OpenMode::Binary));
+    ByteReader head(content, 0);
+    iff.Header = head.take(kHeaderSize);
+    iff.RsmpOffset = head.take(4);
+    const std::int32_t mapOffset = gflngBigEndianToLong(iff.RsmpOffset);
+    iff.HasRsmp = mapOffset != 0 && mapOffset != kNoMapAsText;
+    CheckpointNumber = 2000;
+    readSegments(iff, content, head.position(), readMap);
+    streams().close(slot::kUserFile);
+}
+
+}  // namespace
+
+void gsResetIFF(IffFile& iff) {
+    iff.Segments.reset();
+    iff.RsmpTypes.reset();
+}
+
+bool gsReadIFF(IffFile& iff, const Path& path) {
+    return trapped("modIFFsupport", "gsReadIFF", [&] { readUserFile(iff, path, gsReadRSMP); });
+}
+
+std::string gfstrQuickReadIFF(IffFile& iff, const Path& path) {
+    std::string reason;
+    try {
+        readUserFile(iff, path, [](IffFile& file, std::string_view content, std::size_t& position) {
+            std::string unreadable = gfstrQuickReadRSMP(file, content, position);
+            if (!unreadable.empty()) {
+                throw MapUnreadable{std::move(unreadable)};
+            }
+        });
+    } catch (const MapUnreadable& map) {
+        reason = map.reason + " (RSMP)";
+    } catch (...) {
+        reason = errorText(currentError());
+    }
+    streams().close(slot::kUserFile);
+    return reason;
+}
+
+}  // namespace marlowick

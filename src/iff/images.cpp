@@ -1,0 +1,31 @@
+// A sim's pictures lie in its file as whole bitmap files. They reach the screen by
+// way of the program folder.
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "iff/iff_file.h"
+#include "platform/files.h"
+
+namespace marlowick {
+
+void dumpBitmaps(const IffFile& iff) {
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        const IffSegment& segment = iff.Segments[i];
+        if (segment.Type != "BMP_") {
+            continue;
+        }
+        const std::string name = gfstrCleanName(gfstrTrimAtNull(segment.Label)) + ".BMP";
+        const Path path = ProgramFolder.child(name);
+        if (files().fileExists(path)) {
+            files().clearAttributes(path);
+            files().remove(path);
+        }
+        writeWholeFile(path, segment.Data);
+    }
+}
+
+bool gsDumpBMPs(const IffFile& iff) {
+    return trapped("modIFFsupport", "gsDumpBMPs", [&] { dumpBitmaps(iff); });
+}
+
+}  // namespace marlowick

@@ -1,0 +1,134 @@
+// The resource map of a user file: types, and for each the offset, id and label of
+// its segments. Labels keep their terminator and pad byte, so that writing the map
+// back needs no rule.
+#include <map>
+#include <string>
+#include <utility>
+
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "iff/byte_reader.h"
+#include "iff/iff_file.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::size_t kMapHead = 88;
+constexpr std::int32_t kMostReadableEntries = 1000;
+
+struct UnreadableCount {};
+
+// A list sized from 1 to 0, or to a negative number, is an error.
+void checkCount(std::int32_t count) {
+    if (count < 1) {
+        throw RuntimeError(error::kSubscript);
+    }
+}
+
+char takeLabelByte(ByteReader& reader) {
+    if (reader.left() == 0) {
+        throw RuntimeError(error::kInputPastEnd);
+    }
+    return reader.take(1).front();
+}
+
+// A label ends in a zero byte, and a pad byte where the row would end on an odd offset from the
+// map's start; or in 0xA3, without any pad.
+std::string readLabel(ByteReader& reader, std::size_t mapStart) {
+    CheckpointNumber = 4000;
+    std::string label;
+    for (;;) {
+        label.push_back(takeLabelByte(reader));
+        if (label.back() == '\xA3') {
+            return label;
+        }
+        if (label.back() == '\0') {
+            if ((reader.position() - mapStart) % 2 == 1) {
+                label.push_back(takeLabelByte(reader));
+            }
+            return label;
+        }
+    }
+}
+
+void readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart, bool guarded) {
+    CheckpointNumber = 2000;
+    type.TypeCode = reader.take(4);
+    type.EntryCount = gflngLittleEndianToLong(reader.take(4));
+    if (guarded && type.EntryCount > kMostReadableEntries) {
+        throw UnreadableCount{};
+    }
+    checkCount(type.EntryCount);
+    type.Entries.reset();
+    for (std::int32_t row = 1; row <= type.EntryCount; ++row) {
+        CheckpointNumber = 3000;
+        RsmpEntry entry;
+        entry.EntryOffset = reader.take(4);
+        entry.EntryID = reader.take(4);
+        entry.EntryLabel = readLabel(reader, mapStart);
+        type.Entries.appendCounted(std::move(entry));
+    }
+}
+
+void readMap(IffFile& iff, std::string_view content, std::size_t& position, bool guarded) {
+    CheckpointNumber = 1000;
+    const std::size_t mapStart = position;
+    ByteReader reader(content, position);
+    iff.RsmpHeader = reader.take(kMapHead);
+    iff.RsmpSize = gflngLittleEndianToLong(reader.take(4));
+    iff.RsmpTypeCount = gflngLittleEndianToLong(reader.take(4));
+    checkCount(iff.RsmpTypeCount);
+    iff.RsmpTypes.reset();
+    // The lists grow with what the file holds, not with what it claims.
+    for (std::int32_t row = 1; row <= iff.RsmpTypeCount; ++row) {
+        iff.RsmpTypes.appendCounted({});
+        readTypeRow(iff.RsmpTypes[row], reader, mapStart, guarded);
+    }
+    position = reader.position();
+}
+
+// What a row and a segment share: the type in file order and the resource id, high byte first.
+using MapKey = std::pair<std::string, std::string>;
+
+std::map<MapKey, RsmpEntry*> firstRows(IffFile& iff) {
+    std::map<MapKey, RsmpEntry*> rows;
+    for (int t = 1; t <= iff.RsmpTypes.bound(); ++t) {
+        RsmpType& type = iff.RsmpTypes[t];
+        const std::string code = gfstrReverseFour(type.TypeCode);
+        for (int e = 1; e <= type.Entries.bound(); ++e) {
+            const std::string& id = type.Entries[e].EntryID;
+            rows.emplace(MapKey{code, {id.at(1), id.at(0)}}, &type.Entries[e]);
+        }
+    }
+    return rows;
+}
+
+}  // namespace
+
+void gsReadRSMP(IffFile& iff, std::string_view content, std::size_t& position) {
+    readMap(iff, content, position, false);
+}
+
+std::string gfstrQuickReadRSMP(IffFile& iff, std::string_view content, std::size_t& position) {
+    try {
+        readMap(iff, content, position, true);
+        return {};
+    } catch (const UnreadableCount&) {
+        return "RSMP UNREADABLE";
+    } catch (...) {
+        return errorText(currentError());
+    }
+}
+
+void gsUpdateRsmp(IffFile& iff) {
+    const std::map<MapKey, RsmpEntry*> rows = firstRows(iff);
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        const IffSegment& segment = iff.Segments[i];
+        const auto row = rows.find({segment.Type, segment.ID.substr(0, 2)});
+        if (row != rows.end()) {
+            row->second->EntryOffset = gfstrLongToLittleEndian(segment.Offset - 1);
+        }
+    }
+}
+
+}  // namespace marlowick

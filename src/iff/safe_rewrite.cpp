@@ -1,0 +1,37 @@
+#include "iff/safe_rewrite.h"
+
+#include "foundation/game.h"
+#include "platform/files.h"
+#include "platform/replace_file.h"
+#include "platform/streams.h"
+
+namespace marlowick {
+namespace {
+
+Path clearedUserTemp() {
+    const Path path = userTempFile();
+    // A handle that an earlier failure left on it must not stop the next save.
+    streams().letGo(path);
+    removeIfPresent(path);
+    return path;
+}
+
+}  // namespace
+
+Path userTempFile() {
+    return ProgramFolder + "\\usertemp.iff";
+}
+
+bool writeUserTemp(IffFile& iff) {
+    return gsWriteIFF(iff, clearedUserTemp());
+}
+
+bool writeUserTempWithoutBitmaps(IffFile& iff) {
+    return gsWriteIFF_NoBMPs(iff, clearedUserTemp());
+}
+
+void replaceUserFile(const Path& userFile) {
+    replaceFile(userTempFile(), userFile, ReadOnlyTarget::Refuse);
+}
+
+}  // namespace marlowick

@@ -1,0 +1,52 @@
+#include <functional>
+
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "iff/iff_file.h"
+#include "iff/string_segment.h"
+#include "platform/game_text.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::size_t kNameStart = 5;  // behind format, count and language
+
+bool anySegment(const IffFile& iff, const std::function<bool(const IffSegment&)>& test) {
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        if (test(iff.Segments[i])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isSegment(const IffSegment& segment, std::string_view type, std::string_view id) {
+    return segment.Type == type && segment.ID == id;
+}
+
+}  // namespace
+
+bool isUserObject(const IffSegment& segment) {
+    return segment.Type == "OBJD" &&
+           lowerCase(gfstrTrimAtNull(segment.Label).substr(0, 4)) == "user";
+}
+
+std::string catalogueName(const IffSegment& segment) {
+    return segment.Data.size() <= kNameStart ? std::string()
+                                             : gfstrTrimAtNull(segment.Data.substr(kNameStart));
+}
+
+bool gfblnVerifyUserIFF(IffFile& iff) {
+    bool valid = false;
+    trapped("BrindleMain", "gfblnVerifyUserIFF", [&] {
+        const std::string wardrobe = gfstrHexToBytes(kWardrobeId);
+        const std::string name("\x07\xD0\x00\x10", 4);
+        valid =
+            anySegment(iff, [&](const IffSegment& s) { return isSegment(s, "STR#", wardrobe); }) &&
+            anySegment(iff, [&](const IffSegment& s) { return isSegment(s, "CTSS", name); }) &&
+            anySegment(iff, isUserObject);
+    });
+    return valid;
+}
+
+}  // namespace marlowick
