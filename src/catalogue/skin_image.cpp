@@ -1,0 +1,76 @@
+#include "catalogue/skin_image.h"
+
+#include <string>
+
+#include "catalogue/archives.h"
+#include "far/far_directory.h"
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "platform/game_text.h"
+#include "platform/path.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::string_view kSkinFolders[] = {
+    "\\gamedata\\skins\\",
+    "\\ExpansionPack3\\SkinsBuy\\",
+    "\\ExpansionShared\\SkinsBuy\\",
+};
+
+bool loadFromFolders(PictureTarget& picture, std::string_view name) {
+    for (const std::string_view folder : kSkinFolders) {
+        const bool loaded = ignoringErrors(
+            [&] { picture.load((SimsPath + folder).child(std::string(name) + ".bmp")); });
+        if (loaded) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The number of the first entry whose bare name begins with the wanted one; 0 if none does.
+int firstMatch(const FarDirectory& directory, const std::string& wanted) {
+    const int count = farEntryCount(directory);
+    for (int number = 1; number <= count; ++number) {
+        if (gfstrFarBaseName(directory.Entries[number].FileName).starts_with(wanted)) {
+            return number;
+        }
+    }
+    return 0;
+}
+
+void loadFromArchives(PictureTarget& picture, const std::string& wanted) {
+    const auto archives = existingArchives(
+        {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
+         ArchiveStage::Expansions, ArchiveStage::AllTextures},
+        kLastSkinExpansion);
+    for (const Path& archive : archives) {
+        FarDirectory directory;
+        ignoringErrors([&] { readFarDirectory(directory, archive); });
+        const int number = firstMatch(directory, wanted);
+        if (number == 0) {
+            continue;
+        }
+        // The first hit ends the search, whatever becomes of it.
+        ignoringErrors(
+            [&] { extractFarEntry(archive, tempFolder(), kSkinTempName, directory, number); });
+        ignoringErrors([&] { picture.load(tempFolder().child(kSkinTempName)); });
+        return;
+    }
+}
+
+}  // namespace
+
+Path tempFolder() {
+    return ProgramFolder + "\\temp\\";
+}
+
+void gsFetchSkinImage(PictureTarget& picture, std::string_view name) {
+    if (name.starts_with("***") || loadFromFolders(picture, name)) {
+        return;
+    }
+    loadFromArchives(picture, upperCase(name));
+}
+
+}  // namespace marlowick

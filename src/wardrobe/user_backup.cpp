@@ -1,0 +1,82 @@
+#include "wardrobe/user_backup.h"
+
+#include <array>
+#include <utility>
+
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "platform/files.h"
+#include "platform/game_text.h"
+
+namespace marlowick {
+namespace {
+
+std::function<std::tm()>& backupClock() {
+    static std::function<std::tm()> clock;
+    return clock;
+}
+
+std::tm localTime() {
+    if (backupClock()) {
+        return backupClock()();
+    }
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &now);
+#else
+    localtime_r(&now, &local);
+#endif
+    return local;
+}
+
+// From the second character behind the first "-": the object label reads "user00012 - name".
+std::string nameInLabel(const std::string& simName) {
+    const std::size_t dash = simName.find('-');
+    const std::size_t start = dash == std::string::npos ? 1 : dash + 2;
+    return start < simName.size() ? simName.substr(start) : std::string();
+}
+
+// The piece of the path that begins with "Userdata".
+std::string neighbourhoodFolder(const Path& userFile) {
+    const std::string path = utf8ToGameText(userFile.text());
+    const std::size_t found = lowerCase(path).find("\\userdata");
+    const std::size_t start = found == std::string::npos ? 0 : found + 1;
+    return path.substr(start, path.find('\\', start) - start);
+}
+
+// The name as it stands in the folder.
+std::string nameOnDisk(const Path& userFile) {
+    const auto names = searchFiles(userFile.folder(), userFile.fileName());
+    return names.empty() ? std::string() : names.front();
+}
+
+}  // namespace
+
+std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time) {
+    std::array<char, 32> stamp{};
+    std::strftime(stamp.data(), stamp.size(), "%Y%m%d_%H%M%M", &time);
+    return gfstrCleanName(nameOnDisk(userFile) + "_" + nameInLabel(simName) + "_" +
+                          neighbourhoodFolder(userFile) + "_" + stamp.data());
+}
+
+bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
+    return trapped("frmEditSim", "msMakeUserBackup", [&] {
+        CheckpointNumber = 1000;
+        const Path folder = ProgramFolder + "\\Backup";
+        if (!files().folderExists(folder)) {
+            files().makeFolder(folder);
+        }
+        CheckpointNumber = 2000;
+        const std::string name = backupName(userFile, simName, localTime());
+        CheckpointNumber = 3000;
+        copyFile(userFile, folder.child(name));
+    });
+}
+
+void setBackupClock(std::function<std::tm()> clock) {
+    backupClock() = std::move(clock);
+}
+
+}  // namespace marlowick

@@ -1,0 +1,27 @@
+// The dated copy of a user file that is made before a save.
+#pragma once
+
+#include <ctime>
+#include <functional>
+#include <string>
+
+#include "platform/path.h"
+
+namespace marlowick {
+
+// The path of the user file under edit.
+inline Path gstrUserFile;
+
+// File name, sim name, neighbourhood and time stamp, of which only letters, digits, "-" and "_"
+// are kept. The stamp ends in hour, minute and the minute again: two backups within a minute
+// share a name.
+std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time);
+
+// Copies the user file into the program folder's "\Backup", which is made if it is missing.
+// Trapped (frmEditSim, msMakeUserBackup); false after a failure.
+bool msMakeUserBackup(const Path& userFile, const std::string& simName);
+
+// The local time as the backup's stamp sees it; a test sets its own, an empty one is the clock.
+void setBackupClock(std::function<std::tm()> clock);
+
+}  // namespace marlowick

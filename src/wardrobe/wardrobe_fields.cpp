@@ -1,0 +1,249 @@
+#include "wardrobe/wardrobe_fields.h"
+
+#include <algorithm>
+
+#include "catalogue/names.h"
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+
+namespace marlowick {
+
+using F = WardrobeFields;
+
+const std::array<NamedField, 26> kNamedFields = {{
+    {"txtName", &F::txtName},
+    {"txtAge", &F::txtAge},
+    {"txtGender", &F::txtGender},
+    {"txtSkinTone", &F::txtSkinTone},
+    {"txtNormalBody", &F::txtNormalBody},
+    {"txtNormalSkin", &F::txtNormalSkin},
+    {"txtSwimsuitBody", &F::txtSwimsuitBody},
+    {"txtSwimsuitSkin", &F::txtSwimsuitSkin},
+    {"txtFormalBody", &F::txtFormalBody},
+    {"txtFormalSkin", &F::txtFormalSkin},
+    {"txtPajamasBody", &F::txtPajamasBody},
+    {"txtPajamasSkin", &F::txtPajamasSkin},
+    {"txtNudeBody", &F::txtNudeBody},
+    {"txtNudeSkin", &F::txtNudeSkin},
+    {"txtWinterBody", &F::txtWinterBody},
+    {"txtWinterSkin", &F::txtWinterSkin},
+    {"txtFashionBody", &F::txtFashionBody},
+    {"txtFashionSkin", &F::txtFashionSkin},
+    {"txtHandOpenLeft", &F::txtHandOpenLeft},
+    {"txtHandOpenRight", &F::txtHandOpenRight},
+    {"txtHandPointLeft", &F::txtHandPointLeft},
+    {"txtHandPointRight", &F::txtHandPointRight},
+    {"txtHandClosedLeft", &F::txtHandClosedLeft},
+    {"txtHandClosedRight", &F::txtHandClosedRight},
+    {"txtHandFormalLeft", &F::txtHandFormalLeft},
+    {"txtHandFormalRight", &F::txtHandFormalRight},
+}};
+
+const std::array<OutfitSlot, 7> kOutfitSlots = {{
+    {Outfit::Normal, 'B', &F::txtNormalBody, &F::txtNormalSkin, "picNormal", false},
+    {Outfit::Swimsuit, 'S', &F::txtSwimsuitBody, &F::txtSwimsuitSkin, "picSwimsuit", false},
+    {Outfit::Formal, 'F', &F::txtFormalBody, &F::txtFormalSkin, "picFormal", true},
+    {Outfit::Pajamas, 'L', &F::txtPajamasBody, &F::txtPajamasSkin, "picPajamas", false},
+    {Outfit::Nude, 'N', &F::txtNudeBody, &F::txtNudeSkin, "picNude", false},
+    {Outfit::Winter, 'W', &F::txtWinterBody, &F::txtWinterSkin, "picWinter", false},
+    {Outfit::Fashion, 'H', &F::txtFashionBody, &F::txtFashionSkin, "picFashion", true},
+}};
+
+// In the order in which the pictures are shown.
+const std::array<HandSlot, 8> kHandSlots = {{
+    {18, &F::txtHandOpenLeft, "picHandOpenLeft"},
+    {19, &F::txtHandOpenRight, "picHandOpenRight"},
+    {22, &F::txtHandClosedLeft, "picHandClosedLeft"},
+    {23, &F::txtHandClosedRight, "picHandClosedRight"},
+    {20, &F::txtHandPointLeft, "picHandPointLeft"},
+    {21, &F::txtHandPointRight, "picHandPointRight"},
+    {29, &F::txtHandFormalLeft, "picHandFormalLeft"},
+    {30, &F::txtHandFormalRight, "picHandFormalRight"},
+}};
+
+namespace {
+
+constexpr std::size_t kLabelWidth = 64;
+
+// A sim's rows as the stages of loading see them.
+struct Rows {
+    const StrSegment& strings;
+    WardrobeFields& fields;
+    int count = strings.Entries.bound();
+    bool adult = strings.Entries[row::kAge].Text == "adult";
+
+    const std::string& text(int number) const { return strings.Entries[number].Text; }
+
+    void split(int number, Outfit outfit) const { split(text(number), outfit); }
+
+    void split(const std::string& rowText, Outfit outfit) const {
+        const OutfitSlot& slot = outfitSlot(outfit);
+        fields.*slot.body = bodyOfRow(rowText);
+        fields.*slot.skin = skinOfRow(rowText);
+    }
+
+    void splitUnlessEmpty(int number, Outfit outfit) const {
+        if (!text(number).empty()) {
+            split(number, outfit);
+        }
+    }
+
+    void mark(Outfit outfit, std::string_view note) const {
+        const OutfitSlot& slot = outfitSlot(outfit);
+        fields.*slot.body = note;
+        fields.*slot.skin = note;
+    }
+};
+
+void readNormal(const Rows& rows) {
+    const std::string& whole = rows.text(row::kNormal);
+    rows.split(whole.substr(0, whole.find(';')), Outfit::Normal);
+    const std::string type = bodyType(rows.fields.txtNormalBody);
+    if (type == "FIT") {
+        rows.fields.bodyType = BodyType::Fit;
+    } else if (type == "FAT") {
+        rows.fields.bodyType = BodyType::Fat;
+    } else if (type == "SKN") {
+        rows.fields.bodyType = BodyType::Skinny;
+    }
+}
+
+void readSwimsuit(const Rows& rows) {
+    if (rows.count > kHotDateRows) {
+        rows.splitUnlessEmpty(row::kSwimsuit, Outfit::Swimsuit);
+    } else if (rows.count > kBaseRows && rows.adult) {
+        rows.split(row::kSwimsuit, Outfit::Swimsuit);
+    } else {
+        rows.split(row::kFirstSwimsuit, Outfit::Swimsuit);
+    }
+}
+
+void readFormal(const Rows& rows) {
+    if (rows.count > kHotDateRows) {
+        if (rows.text(row::kFormal) == kAdded) {
+            rows.mark(Outfit::Formal, kAdultsOnly);
+        } else {
+            rows.splitUnlessEmpty(row::kFormal, Outfit::Formal);
+        }
+    } else if (rows.count > kBaseRows && rows.adult) {
+        rows.splitUnlessEmpty(row::kFormal, Outfit::Formal);
+    } else if (!rows.adult) {
+        rows.mark(Outfit::Formal, kAdultsOnly);
+    } else {
+        rows.splitUnlessEmpty(row::kFirstFormal, Outfit::Formal);
+    }
+}
+
+void readPajamas(const Rows& rows) {
+    if (rows.count > kHotDateRows) {
+        rows.splitUnlessEmpty(row::kPajamas, Outfit::Pajamas);
+    } else if (rows.count <= kBaseRows || !rows.adult) {
+        rows.mark(Outfit::Pajamas, kHotDateOnly);
+    } else {
+        rows.split(row::kPajamas, Outfit::Pajamas);
+    }
+}
+
+void readWinter(const Rows& rows) {
+    if (rows.count <= kHotDateRows) {
+        rows.mark(Outfit::Winter, kVacationOnly);
+    } else {
+        rows.split(row::kWinter, Outfit::Winter);
+    }
+}
+
+void readFashion(const Rows& rows) {
+    if (rows.count <= kVacationRows || !rows.adult) {
+        rows.mark(Outfit::Fashion, kSuperstarOnly);
+    } else {
+        rows.split(row::kFashion, Outfit::Fashion);
+    }
+}
+
+void readNude(const Rows& rows) {
+    rows.split(row::kNude, Outfit::Nude);
+}
+
+void readHands(const Rows& rows) {
+    // The formal hands come first, so that a table that ends early fails there.
+    for (const int number : {29, 30, 18, 19, 20, 21, 22, 23}) {
+        const auto* slot = std::find_if(kHandSlots.begin(), kHandSlots.end(),
+                                        [&](const HandSlot& s) { return s.row == number; });
+        rows.fields.*slot->field = skinOfRow(rows.text(number));
+    }
+}
+
+std::string withoutTrailingBlanks(std::string text) {
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+}  // namespace
+
+const OutfitSlot& outfitSlot(Outfit outfit) {
+    return kOutfitSlots.at(static_cast<std::size_t>(outfit));
+}
+
+std::string bodyOfRow(std::string_view rowText) {
+    const std::size_t comma = rowText.find(',');
+    if (comma == std::string_view::npos) {
+        throw RuntimeError(error::kInvalidArgument);
+    }
+    return std::string(rowText.substr(0, comma));
+}
+
+std::string skinOfRow(std::string_view rowText) {
+    const std::size_t equals = rowText.find('=');
+    return std::string(equals == std::string_view::npos ? rowText : rowText.substr(equals + 1));
+}
+
+void readWardrobe(const StrSegment& strings, WardrobeFields& fields) {
+    struct Stage {
+        int checkpoint;
+        void (*read)(const Rows&);
+    };
+    static constexpr Stage kStages[] = {
+        {1000, readNormal}, {1100, readSwimsuit}, {1200, readFormal}, {1300, readPajamas},
+        {1350, readWinter}, {1400, readFashion},  {1450, readNude},   {2000, readHands},
+    };
+    CheckpointNumber = kStages[0].checkpoint;
+    const Rows rows{strings, fields};
+    for (const Stage& stage : kStages) {
+        CheckpointNumber = stage.checkpoint;
+        stage.read(rows);
+    }
+}
+
+void readSimName(IffFile& iff, WardrobeFields& fields) {
+    std::string name;
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        IffSegment& segment = iff.Segments[i];
+        segment.Label = gfstrTrimAtNull(segment.Label);
+        segment.Label.resize(kLabelWidth, ' ');
+        if (isUserObject(segment)) {
+            fields.txtName = withoutTrailingBlanks(segment.Label);
+        }
+        if (segment.Type == "CTSS") {
+            name = catalogueName(segment);
+        }
+    }
+    fields.txtName = name + "  (" + fields.txtName + ")";
+}
+
+void readPerson(const StrSegment& strings, WardrobeFields& fields) {
+    fields.txtGender = strings.Entries[row::kGender].Text;
+    fields.txtAge = strings.Entries[row::kAge].Text;
+    fields.txtSkinTone = toneWord(strings.Entries[row::kSkinTone].Text);
+}
+
+std::string skinRequest(const WardrobeFields& fields, const StrSegment& strings, char letter) {
+    static constexpr std::string_view kTypes[] = {"fit", "fat", "skn"};
+    std::string request = fields.isFemale() ? "f" : "m";
+    request += fields.isAdult() ? 'a' : 'c';
+    CheckpointNumber = 2000;
+    request += strings.Entries[row::kSkinTone].Text;
+    request += fields.isAdult() ? kTypes[static_cast<std::size_t>(fields.bodyType)] : "chd";
+    return request + letter;
+}
+
+}  // namespace marlowick
