@@ -1,6 +1,16 @@
 #include <QApplication>
 
+#include "foundation/error_trap.h"
+#include "foundation/startup.h"
+#include "platform/form.h"
+
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    return QApplication::exec();
+    marlowick::prepareApplication();
+    marlowick::findProgramFolder();
+    marlowick::startProgram();
+    const int code = QApplication::exec();
+    marlowick::setErrorTrap({});
+    marlowick::destroyWindows();
+    return code;
 }

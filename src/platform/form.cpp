@@ -43,7 +43,19 @@ void setBottomForm(FormEvents* form) {
     }
 }
 
-ModalForm::ModalForm() {
+QWidget* frontWindow() {
+    return formStack().isEmpty() ? nullptr : dynamic_cast<QWidget*>(formStack().last());
+}
+
+void FormEvents::onClick(QAbstractButton* button, const char* event,
+                         std::function<void()> handler) {
+    QObject::connect(
+        button, &QAbstractButton::clicked, button,
+        [this, event, handler = std::move(handler)] { runEvent(windowName(), event, handler); });
+}
+
+ModalForm::ModalForm(const char* name) : FormEvents(name) {
+    setObjectName(QString::fromLatin1(name));
     setModal(true);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
@@ -58,38 +70,37 @@ void ModalForm::removeControls() {
 }
 
 void ModalForm::showModal() {
-    const InputGuard::Pause inputAllowed;
-    QWidget* owner = QApplication::activeModalWidget();
-    if (owner == nullptr) {
-        owner = QApplication::activeWindow();
+    if (isVisible()) {
+        return;
     }
+    const InputGuard::Pause inputAllowed;
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* owner = modal != nullptr ? modal : frontWindow();
     removeControls();
-    setParent(owner == this ? nullptr : owner, windowFlags());
+    setParent(owner, windowFlags());
     buildControls();
     formStack().append(this);
-    setResult(QDialog::Rejected);
     QEventLoop loop;
-    const QMetaObject::Connection closed =
-        connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
-    bool done = false;
-    const QMetaObject::Connection noted = connect(this, &QDialog::finished, [&] { done = true; });
-    runEvent(objectName().toLatin1().constData(), "Form_Load", [this] { Form_Load(); });
-    if (!done) {
-        show();
-        runEvent(objectName().toLatin1().constData(), "Form_Activate", [this] { Form_Activate(); });
-    }
-    if (!done) {
+    bool closed = false;
+    const QMetaObject::Connection finish = connect(this, &QDialog::finished, &loop, [&] {
+        closed = true;
+        loop.quit();
+    });
+    runEvent(windowName(), "Form_Load", [this] { Form_Load(); });
+    show();
+    runEvent(windowName(), "Form_Activate", [this] { Form_Activate(); });
+    if (!closed) {
         loop.exec();
     }
-    disconnect(closed);
-    disconnect(noted);
+    disconnect(finish);
     hide();
     setParent(nullptr, windowFlags());
     formStack().removeOne(this);
     if (!formStack().isEmpty()) {
         FormEvents* before = formStack().last();
-        runEvent("", "Form_Activate", [before] { before->Form_Activate(); });
+        runEvent(before->windowName(), "Form_Activate", [before] { before->Form_Activate(); });
     }
+    runEvent(windowName(), "Form_Unload", [this] { Form_Unload(); });
 }
 
 void ModalForm::keyPressEvent(QKeyEvent* event) {

@@ -12,12 +12,25 @@ namespace marlowick {
 // The events of a window.
 class FormEvents {
   public:
+    // name: the window's, a literal; error reports show it.
+    explicit FormEvents(const char* name) : name_(name) {}
     virtual ~FormEvents() = default;
+    const char* windowName() const { return name_; }
+
     // The window's controls are in their design state: fill them.
     virtual void Form_Load() {}
     // The window is shown, or a modal window that it opened has closed. A message box activates
     // nothing.
     virtual void Form_Activate() {}
+    // The window has closed.
+    virtual void Form_Unload() {}
+
+  protected:
+    // Runs a handler at each click of a button; event is the handler's name, a literal.
+    void onClick(QAbstractButton* button, const char* event, std::function<void()> handler);
+
+  private:
+    const char* name_;
 };
 
 // Runs an event handler. A failure that no routine in it took goes to the error trap under the
@@ -27,18 +40,23 @@ void runEvent(const char* window, const char* event, const std::function<void()>
 // Puts the window that is shown without being modal at the bottom of the stack of windows.
 void setBottomForm(FormEvents* form);
 
+// The window on top of the stack; nullptr before the first one.
+QWidget* frontWindow();
+
 // Base of the modal windows. The object lives as long as the program and keeps its public
 // properties; each showing starts with fresh controls.
 class ModalForm : public QDialog, public FormEvents {
   public:
-    ModalForm();
+    // name: the window's and its object name.
+    explicit ModalForm(const char* name);
 
     // Builds the controls, runs Form_Load, shows the window over the one in front, runs
     // Form_Activate and waits until it is closed; then the window before it is activated.
     void showModal();
 
   protected:
-    // Makes the controls in their design state and connects them.
+    // Makes the controls in their design state and connects them. Members that don't outlive a
+    // showing start afresh here too.
     virtual void buildControls() = 0;
     // The button that Esc presses; nullptr if Esc does nothing.
     void setEscapeButton(QAbstractButton* button) { escapeButton_ = button; }

@@ -4,10 +4,21 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "platform/form.h"
 #include "platform/input_guard.h"
 
 namespace marlowick {
 namespace {
+
+// The window in front, also where no window has the focus.
+QWidget* owner() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr) {
+        return modal;
+    }
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr ? active : frontWindow();
+}
 
 QMessageBox::Icon boxIcon(MessageIcon icon) {
     switch (icon) {
@@ -30,7 +41,7 @@ QMessageBox::Icon boxIcon(MessageIcon icon) {
 MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons buttons,
                          const QString& text) {
     const InputGuard::Pause inputAllowed;
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(owner());
     box.setObjectName(QStringLiteral("messageBox"));
     box.setWindowTitle(title);
     box.setIcon(boxIcon(icon));
@@ -54,7 +65,7 @@ bool confirmAction(const QString& question) {
 
 QString askForText(const QString& title, const QString& prompt) {
     const InputGuard::Pause inputAllowed;
-    QInputDialog box(QApplication::activeWindow());
+    QInputDialog box(owner());
     box.setObjectName(QStringLiteral("inputBox"));
     box.setWindowTitle(title);
     box.setLabelText(prompt);

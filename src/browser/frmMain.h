@@ -1,0 +1,100 @@
+// The main window: the neighbourhoods, a page of 49 sims, the chosen sim's pictures.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <array>
+#include <memory>
+#include <string>
+
+#include "browser/neighbourhoods.h"
+#include "foundation/list.h"
+#include "iff/iff_file.h"
+#include "platform/form.h"
+
+class QAction;
+class QLabel;
+
+namespace Ui {
+class frmMain;
+}
+
+namespace marlowick {
+
+class frmMain : public QMainWindow, public FormEvents {
+    Q_OBJECT
+  public:
+    frmMain();
+    ~frmMain() override;
+
+    // Runs Form_Load, shows the window without blocking and runs Form_Activate.
+    void showMain();
+
+    void Form_Load() override;
+    void Form_Activate() override;
+
+    // The check mark of "Create Backup File".
+    bool backupWanted() const;
+
+    // The strict form of the listing: only files that pass verification, and a report of the
+    // others. No control leads to it.
+    void msGetSimFileNames();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void connectControls();
+    void connectMenu(QAction* action, const char* event, void (frmMain::*handler)());
+    void makeNameLabels();
+    void showPathMessages();
+    void activateWithGame();
+
+    void msGetUserDataDirs();
+    void msFillUserDataList();
+    void msGetFileNames();
+    void msReportBadFiles();
+    void msLoadSimImages();
+    void msDisplaySim(const Path& file);
+
+    void paintCell(int cell, const Path& file);
+    void showUnreadable(const Path& file, const std::string& reason);
+    void showPortraits();
+    void showObjectName(const Path& file);
+    void outlineCell(int cell, bool visible);
+    void setName(int cell, const QString& name);
+    std::string fileInCell(int cell) const;
+    Path simPath(const std::string& fileName) const;
+    void goToPage(int pageNumber);
+
+    void lstUserDataDir_Click();
+    void cmdFirst_Click();
+    void cmdPrevious_Click();
+    void cmdNext_Click();
+    void cmdLast_Click();
+    void cmdSelect_Click();
+    void picThumbs_MouseDown(QPoint position);
+    void picThumbs_MouseMove(QPoint position);
+    void moveSelection(int columns, int rows);
+    void Timer1_Timer();
+    void smenuExit_Click();
+    void smenuBackup_Click();
+    void smenuSetPath_Click();
+    void laterCommand_Click();
+
+    std::unique_ptr<Ui::frmMain> ui;
+    QTimer* Timer1;
+    std::array<QLabel*, 49> lblSimName{};
+
+    List<std::string> masUserDataDirs;
+    std::string mstrUserDataDir;
+    List<std::string> masSimFiles;
+    List<BadFile> mudtBadFiles;
+    int mlngPage = 0;
+    int mlngSelected = 0;
+    bool mblnIsPet = false;
+    bool mblnBlink = false;
+    IffFile mudtIff;
+};
+
+}  // namespace marlowick

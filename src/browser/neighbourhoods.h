@@ -1,0 +1,43 @@
+// The neighbourhoods of a game folder and the sim files in them.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/list.h"
+#include "iff/iff_file.h"
+#include "platform/path.h"
+
+namespace marlowick {
+
+// Names in the game's folder that begin with "Userdata", files included, in listing order.
+List<std::string> findUserDataDirs();
+
+// The line of the list for a folder: "Neighborhood 02   (UserData2)".
+std::string neighbourhoodLine(std::string_view folder);
+
+// The folder back out of a line: what stands behind the "(" of "(UserData", up to the first ")".
+std::string folderOfLine(std::string_view line);
+
+// The characters folder of a neighbourhood, without a trailing backslash.
+Path charactersFolder(std::string_view userDataDir);
+
+// The names of the files that fit "user*.iff" in it, in listing order; none if it isn't there.
+List<std::string> findSimFiles(std::string_view userDataDir);
+
+// A file that isn't a user file, and why.
+struct BadFile {
+    std::string reason;
+    std::string name;
+};
+
+// Tells good files from bad ones: adds a name to simFiles if the file is a user file, and to
+// badFiles with the reason otherwise. Reads into iff.
+void sortOutSimFile(IffFile& iff, std::string_view userDataDir, const std::string& name,
+                    List<std::string>& simFiles, List<BadFile>& badFiles);
+
+// The report of the bad files, lines ended by CR LF.
+std::string badFileReport(const List<BadFile>& badFiles);
+
+}  // namespace marlowick

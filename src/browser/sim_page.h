@@ -1,0 +1,33 @@
+// A page of 49 cells, seven by seven: where a cell lies and which entry of a list it
+// shows. Cells count from 0, left to right and top to bottom; pages from 0; entries
+// from 1; pixels from the page's upper left corner.
+#pragma once
+
+namespace marlowick::page {
+
+inline constexpr int kColumns = 7;
+inline constexpr int kCells = 49;
+inline constexpr int kPitch = 68;  // pixels from cell to cell, both ways
+
+struct Position {
+    int x = 0;
+    int y = 0;
+};
+
+// The upper left corner of a cell.
+Position corner(int cell);
+
+// The cell under a pixel. The border behind the seventh column counts as an eighth one, which is
+// the first cell of the next row.
+int cellAt(int x, int y);
+
+// The number of the entry in a cell.
+int entryOf(int pageNumber, int cell);
+
+// Number of pages for so many entries.
+int pageCount(int entries);
+
+// The last page for so many entries: -1 for none.
+int lastPage(int entries);
+
+}  // namespace marlowick::page

@@ -1,0 +1,16 @@
+// The way into the program, shared by the program itself, its tests and the tour.
+#pragma once
+
+namespace marlowick {
+
+// Fonts, style and icon of the application; the error trap's window. Needs a QApplication.
+void prepareApplication();
+
+// Sets ProgramFolder from the place of the program's own file.
+void findProgramFolder();
+
+// Opens the title window and, when it closes, the main window. Says first if the program folder
+// can't be written into.
+void startProgram();
+
+}  // namespace marlowick

@@ -1,0 +1,53 @@
+#include "platform/click_list.h"
+
+#include <QMouseEvent>
+#include <algorithm>
+#include <utility>
+
+#include "platform/display_text.h"
+#include "platform/game_text.h"
+
+namespace marlowick {
+
+void ClickList::setLines(const std::vector<std::string>& gameTexts) {
+    clear();
+    QStringList lines;
+    lines.reserve(static_cast<qsizetype>(gameTexts.size()));
+    for (const std::string& text : gameTexts) {
+        lines.append(toDisplay(text));
+    }
+    addItems(lines);
+}
+
+std::string ClickList::line() const {
+    return currentItem() == nullptr ? std::string() : toGameText(currentItem()->text());
+}
+
+void ClickList::mousePressEvent(QMouseEvent* event) {
+    pressed_ = true;
+    QListWidget::mousePressEvent(event);
+}
+
+void ClickList::mouseReleaseEvent(QMouseEvent* event) {
+    QListWidget::mouseReleaseEvent(event);
+    if (std::exchange(pressed_, false) && currentItem() != nullptr) {
+        Q_EMIT lineClicked();
+    }
+}
+
+void ClickList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListWidget::currentChanged(current, previous);
+    if (!pressed_ && current.isValid()) {
+        Q_EMIT lineClicked();
+    }
+}
+
+std::vector<std::string> sortedLines(std::vector<std::string> gameTexts) {
+    std::stable_sort(gameTexts.begin(), gameTexts.end(),
+                     [](const std::string& left, const std::string& right) {
+                         return compareIgnoringCase(left, right) < 0;
+                     });
+    return gameTexts;
+}
+
+}  // namespace marlowick

@@ -1,0 +1,36 @@
+// A list box that tells of a chosen line in one way: by mouse, keyboard or program,
+// and also when the line that is chosen already is clicked again.
+#pragma once
+
+#include <QListWidget>
+#include <string>
+#include <vector>
+
+namespace marlowick {
+
+class ClickList : public QListWidget {
+    Q_OBJECT
+  public:
+    using QListWidget::QListWidget;
+
+    // Shows game texts as lines, in the order given.
+    void setLines(const std::vector<std::string>& gameTexts);
+    // The text of the chosen line as a game text; empty if none is chosen.
+    std::string line() const;
+
+  Q_SIGNALS:
+    void lineClicked();
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+  private:
+    bool pressed_ = false;
+};
+
+// Game texts in the order of a sorted list box: by upper-cased bytes, equals as they were added.
+std::vector<std::string> sortedLines(std::vector<std::string> gameTexts);
+
+}  // namespace marlowick

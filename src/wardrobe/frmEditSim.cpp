@@ -1,0 +1,411 @@
+#include "wardrobe/frmEditSim.h"
+
+#include <array>
+
+#include "browser/frmMain.h"
+#include "catalogue/skin_image.h"
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "iff/safe_rewrite.h"
+#include "platform/display_text.h"
+#include "platform/files.h"
+#include "platform/input_guard.h"
+#include "platform/messages.h"
+#include "platform/picture_box.h"
+#include "platform/stock_pictures.h"
+#include "ui_frmEditSim.h"
+#include "wardrobe/default_names.h"
+#include "wardrobe/user_backup.h"
+#include "wardrobe/wardrobe_rows.h"
+
+namespace marlowick {
+namespace {
+
+constexpr int kWindowHeight = 506;
+
+// The order in which the outfits' pictures are filled.
+constexpr Outfit kPictureOrder[] = {Outfit::Normal,  Outfit::Swimsuit, Outfit::Formal,
+                                    Outfit::Pajamas, Outfit::Winter,   Outfit::Fashion,
+                                    Outfit::Nude};
+
+constexpr unsigned kGameSkins = 1;
+constexpr unsigned kExpansion3 = 2;
+constexpr unsigned kExpansionShared = 4;
+
+struct SkinFolder {
+    unsigned bit;
+    const char* path;
+};
+
+constexpr SkinFolder kSkinFolders[] = {
+    {kGameSkins, "\\gamedata\\skins\\"},
+    {kExpansion3, "\\ExpansionPack3\\SkinsBuy\\"},
+    {kExpansionShared, "\\ExpansionShared\\SkinsBuy\\"},
+};
+
+}  // namespace
+
+// Default commands. Their pictures come from folders alone, never from archives.
+struct frmEditSim::DefaultCommand {
+    Outfit outfit;
+    const char* button;
+    const char* event;
+    const char* prompt;
+    unsigned folders;
+};
+
+const frmEditSim::DefaultCommand frmEditSim::kDefaultCommands[] = {
+    {Outfit::Swimsuit, "cmdDefaultSwimsuit", "cmdDefaultSwimsuit_Click",
+     "Restore swimsuit to the default?", kGameSkins | kExpansion3 | kExpansionShared},
+    {Outfit::Formal, "cmdDefaultFormal", "cmdDefaultFormal_Click", "Restore formal to the default?",
+     kGameSkins | kExpansion3 | kExpansionShared},
+    {Outfit::Pajamas, "cmdDefaultPajamas", "cmdDefaultPajamas_Click",
+     "Restore pajamas to the default?", kGameSkins | kExpansion3 | kExpansionShared},
+    {Outfit::Winter, "cmdDefaultWinter", "cmdDefaultWinter_Click",
+     "Restore winter clothes to the default?", kGameSkins | kExpansionShared},
+};
+
+// The four poses. A Default command fetches the pictures of the pose in shownLeft and shownRight,
+// which for closed and pointing hands is the other one: the pose itself shows its old skin until
+// the window is opened again.
+struct frmEditSim::HandPair {
+    HandPose pose;
+    Field left;
+    Field right;
+    const char* leftPicture;
+    const char* rightPicture;
+    const char* copyButton;
+    const char* copyEvent;
+    const char* defaultButton;
+    const char* defaultEvent;
+    const char* prompt;
+    HandPose shownPose;
+};
+
+using F = WardrobeFields;
+
+const frmEditSim::HandPair frmEditSim::kHandPairs[] = {
+    {HandPose::Closed, &F::txtHandClosedLeft, &F::txtHandClosedRight, "picHandClosedLeft",
+     "picHandClosedRight", "cmdCopyLeftClosed", "cmdCopyLeftClosed_Click", "cmdDefClosedHands",
+     "cmdDefClosedHands_Click", "Restore closed hands to the default?", HandPose::Point},
+    {HandPose::Open, &F::txtHandOpenLeft, &F::txtHandOpenRight, "picHandOpenLeft",
+     "picHandOpenRight", "cmdCopyOpenLeft", "cmdCopyOpenLeft_Click", "cmdDefOpenHands",
+     "cmdDefOpenHands_Click", "Restore open hands to the default?", HandPose::Open},
+    {HandPose::Point, &F::txtHandPointLeft, &F::txtHandPointRight, "picHandPointLeft",
+     "picHandPointRight", "cmdCopyPointLeft", "cmdCopyPointLeft_Click", "cmdDefPointHands",
+     "cmdDefPointHands_Click", "Restore point hands to the default?", HandPose::Closed},
+    {HandPose::Formal, &F::txtHandFormalLeft, &F::txtHandFormalRight, "picHandFormalLeft",
+     "picHandFormalRight", "cmdCopyFormalLeft", "cmdCopyFormalLeft_Click", "cmdDefFormalHands",
+     "cmdDefFormalHands_Click", "Restore formal hands to the default?", HandPose::Formal},
+};
+
+frmEditSim::frmEditSim() : ModalForm("frmEditSim"), ui(std::make_unique<Ui::frmEditSim>()) {}
+
+frmEditSim::~frmEditSim() = default;
+
+void frmEditSim::buildControls() {
+    ui->setupUi(this);
+    userFile_ = {};
+    wardrobe_ = {};
+    fields_ = {};
+    loaded_ = false;
+    setEscapeButton(ui->cmdCancel);
+    ui->optFit->setChecked(true);
+    makeStockPictures();
+    connectOutfitCommands();
+    connectHandCommands();
+    connectBodyTypes();
+    onClick(ui->cmdEnsLoad, "cmdEnsLoad_Click", [this] { takeFocus(); });
+    onClick(ui->cmdEnsSave, "cmdEnsSave_Click", [this] { takeFocus(); });
+    onClick(ui->cmdSave, "cmdSave_Click", [this] { cmdSave_Click(); });
+    onClick(ui->cmdCancel, "cmdCancel_Click", [this] {
+        takeFocus();
+        close();
+    });
+}
+
+void frmEditSim::makeStockPictures() {
+    ui->picNotFound->setPicture(wordCard(
+        {256, 256},
+        QStringLiteral("The bitmap can not be displayed.\n\nIt was not found, is compressed or is "
+                       "invalid."),
+        16));
+    ui->picChild->setPicture(wordCard(
+        {256, 256}, QStringLiteral("Child sims do not have formal or high fashion skins."), 16));
+    ui->picWebNotFound->setPicture(questionCard({44, 44}));
+    ui->picNoBitmaps->setPicture(
+        wordCard({200, 40}, QStringLiteral("Bitmap not present in sim IFF file"), 11));
+    ui->picHandNotFound->setPicture(wordCard({64, 64}, QStringLiteral("Skin not found"), 11));
+}
+
+void frmEditSim::connectOutfitCommands() {
+    struct ChangeButton {
+        const char* button;
+        const char* event;
+    };
+    static constexpr ChangeButton kChangeButtons[] = {
+        {"cmdChangeNormal", "cmdChangeNormal_Click"},
+        {"cmdChangeSwimsuit", "cmdChangeSwimsuit_Click"},
+        {"cmdChangeFormal", "cmdChangeFormal_Click"},
+        {"cmdChangePajamas", "cmdChangePajamas_Click"},
+        {"cmdChangeWinter", "cmdChangeWinter_Click"},
+        {"cmdChangeFashion", "cmdChangeFashion_Click"},
+        {"cmdleftClosedHand", "cmdleftClosedHand_Click"},
+        {"cmdRightClosedHand", "cmdRightClosedHand_Click"},
+        {"cmdLeftOpenHand", "cmdLeftOpenHand_Click"},
+        {"cmdRightOpenHand", "cmdRightOpenHand_Click"},
+        {"cmdLeftPointHand", "cmdLeftPointHand_Click"},
+        {"cmdRightPointHand", "cmdRightPointHand_Click"},
+        {"cmdLeftFormalHand", "cmdLeftFormalHand_Click"},
+        {"cmdRightFormalHand", "cmdRightFormalHand_Click"},
+    };
+    for (const ChangeButton& change : kChangeButtons) {
+        onClick(findChild<QAbstractButton*>(QString::fromLatin1(change.button)), change.event,
+                [this] { takeFocus(); });
+    }
+    for (const DefaultCommand& command : kDefaultCommands) {
+        onClick(findChild<QAbstractButton*>(QString::fromLatin1(command.button)), command.event,
+                [this, &command] { defaultOutfit(command); });
+    }
+}
+
+void frmEditSim::connectHandCommands() {
+    for (const HandPair& pair : kHandPairs) {
+        onClick(findChild<QAbstractButton*>(QString::fromLatin1(pair.copyButton)), pair.copyEvent,
+                [this, &pair] { copyLeftHand(pair); });
+        onClick(findChild<QAbstractButton*>(QString::fromLatin1(pair.defaultButton)),
+                pair.defaultEvent, [this, &pair] { defaultHands(pair); });
+    }
+    onClick(ui->cmdNormalFormalHands, "cmdNormalFormalHands_Click",
+            [this] { cmdNormalFormalHands_Click(); });
+}
+
+void frmEditSim::connectBodyTypes() {
+    const std::array<QRadioButton*, 3> options = {ui->optFit, ui->optFat, ui->optSkinny};
+    for (std::size_t i = 0; i < options.size(); ++i) {
+        connect(options.at(i), &QRadioButton::toggled, this, [this, i](bool checked) {
+            if (checked) {
+                fields_.bodyType = static_cast<BodyType>(i);
+            }
+        });
+    }
+}
+
+PictureBox& frmEditSim::picture(const char* name) const {
+    return *findChild<PictureBox*>(QString::fromLatin1(name));
+}
+
+void frmEditSim::takeFocus() {
+    ui->cmdFocus->setFocus();
+}
+
+// Loading and showing.
+
+void frmEditSim::Form_Load() {
+    resize(width(), kWindowHeight);
+    msLoadUserData();
+}
+
+void frmEditSim::Form_Activate() {
+    setPointer(Pointer::Default);
+}
+
+void frmEditSim::msLoadUserData() {
+    gstrUserFile = LoadUserFile;
+    msClearUserData();
+    const bool read = gsReadIFF(userFile_, gstrUserFile);
+    const bool parsed = gsReadSTRSegment(userFile_, wardrobe_, gfstrHexToBytes(kWardrobeId), false);
+    const bool shown = msDisplayUserData();
+    loaded_ = read && parsed && shown;
+}
+
+void frmEditSim::msClearUserData() {
+    gsResetIFF(userFile_);
+    wardrobe_.Entries.reset();
+    for (PictureBox* portrait : {ui->picWebImage, ui->picFaces, ui->picRelImages}) {
+        portrait->clear();
+    }
+    fields_.txtName.clear();
+    fields_.txtGender.clear();
+    fields_.txtAge.clear();
+    fields_.txtSkinTone.clear();
+    ui->tabSkins->setCurrentIndex(0);
+    // Of the three names only the second is one that the portraits are loaded from: the others of
+    // an earlier sim stay until a new file brings pictures of those names.
+    for (const char* name : {"\\webimage.bmp", "\\faces.bmp", "\\rel. images.bmp"}) {
+        ignoringErrors([&] { removeIfPresent(ProgramFolder + name); });
+    }
+}
+
+bool frmEditSim::msDisplayUserData() {
+    const InputGuard guard;
+    const bool shown = trapped("frmEditSim", "msDisplayUserData", [&] {
+        readWardrobe(wardrobe_, fields_);
+        gsDumpBMPs(userFile_);
+        CheckpointNumber = 3000;
+        showPortraits();
+        setPointer(Pointer::Hourglass);
+        CheckpointNumber = 4000;
+        readSimName(userFile_, fields_);
+        readPerson(wardrobe_, fields_);
+        showPictures(true);
+        setPointer(Pointer::Default);
+    });
+    showFields();
+    return shown;
+}
+
+void frmEditSim::showPortraits() {
+    struct Portrait {
+        PictureBox* picture;
+        const char* file;
+        PictureBox* stock;
+    };
+    const Portrait portraits[] = {
+        {ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound},
+        {ui->picFaces, "\\faces.BMP", ui->picWebNotFound},
+        {ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps},
+    };
+    for (const Portrait& portrait : portraits) {
+        if (!ignoringErrors([&] { portrait.picture->load(ProgramFolder + portrait.file); })) {
+            portrait.picture->setPicture(portrait.stock->picture());
+        }
+    }
+}
+
+void frmEditSim::showFields() {
+    for (const NamedField& field : kNamedFields) {
+        auto* box = findChild<QLineEdit*>(QString::fromLatin1(field.name));
+        box->setText(toDisplay(fields_.*field.field));
+        box->setCursorPosition(0);
+        box->setToolTip(box->text());
+    }
+    const std::array<QRadioButton*, 3> options = {ui->optFit, ui->optFat, ui->optSkinny};
+    options.at(static_cast<std::size_t>(fields_.bodyType))->setChecked(true);
+}
+
+void frmEditSim::showSkin(const char* name, const std::string& skin) {
+    PictureBox& box = picture(name);
+    box.setPicture(ui->picNotFound->picture());
+    gsFetchSkinImage(box, skin);
+}
+
+void frmEditSim::showPictures(bool childCards) {
+    for (const Outfit outfit : kPictureOrder) {
+        const OutfitSlot& slot = outfitSlot(outfit);
+        if (childCards && slot.adultsOnly && !fields_.isAdult()) {
+            picture(slot.picture).setPicture(ui->picChild->picture());
+        } else {
+            showSkin(slot.picture, fields_.*slot.skin);
+        }
+    }
+    for (const HandSlot& hand : kHandSlots) {
+        showSkin(hand.picture, fields_.*hand.field);
+    }
+}
+
+// Commands on outfits.
+
+void frmEditSim::defaultOutfit(const DefaultCommand& command) {
+    takeFocus();
+    if (!confirmAction(QString::fromLatin1(command.prompt) + QStringLiteral("\nAre You Sure?"))) {
+        return;
+    }
+    setDefaultOutfit(command.outfit, wardrobe_, fields_);
+    showFields();
+    const OutfitSlot& slot = outfitSlot(command.outfit);
+    PictureBox& box = picture(slot.picture);
+    box.setPicture(ui->picNotFound->picture());
+    for (const SkinFolder& folder : kSkinFolders) {
+        const bool tried = (command.folders & folder.bit) != 0;
+        if (tried && ignoringErrors([&] {
+                box.load((SimsPath + folder.path).child(fields_.*slot.skin + ".bmp"));
+            })) {
+            return;
+        }
+    }
+}
+
+// Commands on hands.
+
+void frmEditSim::copyLeftHand(const HandPair& pair) {
+    takeFocus();
+    fields_.*pair.right = fields_.*pair.left;
+    showFields();
+    picture(pair.rightPicture).setPicture(picture(pair.leftPicture).picture());
+}
+
+void frmEditSim::defaultHands(const HandPair& pair) {
+    takeFocus();
+    if (!confirmAction(QString::fromLatin1(pair.prompt) + QStringLiteral("\nAre You Sure?"))) {
+        return;
+    }
+    const std::string hand = defaultHand(pair.pose, wardrobe_, fields_);
+    fields_.*pair.left = hand;
+    fields_.*pair.right = hand;
+    showFields();
+    for (const HandPair& shown : kHandPairs) {
+        if (shown.pose == pair.shownPose) {
+            showSkin(shown.leftPicture, fields_.*shown.left);
+            showSkin(shown.rightPicture, fields_.*shown.right);
+        }
+    }
+}
+
+void frmEditSim::cmdNormalFormalHands_Click() {
+    trapped("frmEditSim", "cmdNormalFormalHands_Click", [&] {
+        takeFocus();
+        if (!confirmAction(QStringLiteral("Formal hands are the same as normal\n"
+                                          "hands if the formal hands' string is\n"
+                                          "left blank. This is the default for \n"
+                                          "male sims.\n"
+                                          "\n"
+                                          "Change formal hands to normal?\n"
+                                          "Are You Sure?"))) {
+            return;
+        }
+        fields_.txtHandFormalLeft.clear();
+        fields_.txtHandFormalRight.clear();
+        showFields();
+        ui->picHandFormalLeft->setPicture(ui->picHandNotFound->picture());
+        ui->picHandFormalRight->setPicture(ui->picHandFormalLeft->picture());
+    });
+}
+
+// Saving.
+
+void frmEditSim::cmdSave_Click() {
+    trapped("frmEditSim", "cmdSave_Click", [&] {
+        CheckpointNumber = 1000;
+        takeFocus();
+        if (fields_.txtName.empty() || !loaded_) {
+            return;
+        }
+        if (!confirmAction(QStringLiteral("Make changes to ") + toDisplay(fields_.txtName) +
+                           QStringLiteral("?\nAre You Sure?"))) {
+            return;
+        }
+        save();
+    });
+}
+
+// Ends after any step that failed: the sim's file then is as it was.
+void frmEditSim::save() {
+    writeWardrobe(fields_, wardrobe_);
+    CheckpointNumber = 3000;
+    if (!gsWriteSTRSegment(userFile_, wardrobe_, gfstrHexToBytes(kWardrobeId), false) ||
+        !writeUserTemp(userFile_)) {
+        return;
+    }
+    if (theWindow<frmMain>().backupWanted() && !msMakeUserBackup(gstrUserFile, fields_.txtName)) {
+        return;
+    }
+    CheckpointNumber = 4000;
+    replaceUserFile(gstrUserFile);
+    showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
+                toDisplay(fields_.txtName) + QStringLiteral(" has been saved."));
+    close();
+}
+
+}  // namespace marlowick

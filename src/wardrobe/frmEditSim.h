@@ -1,0 +1,83 @@
+// The wardrobe of one sim: every outfit and every hand, with a picture of each.
+// Nothing reaches the sim's file before Save.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "iff/iff_file.h"
+#include "iff/string_segment.h"
+#include "platform/form.h"
+#include "platform/path.h"
+#include "wardrobe/wardrobe_fields.h"
+
+namespace Ui {
+class frmEditSim;
+}
+
+namespace marlowick {
+
+class PictureBox;
+
+class frmEditSim : public ModalForm {
+    Q_OBJECT
+  public:
+    frmEditSim();
+    ~frmEditSim() override;
+
+    // The sim's file; set before the window is shown.
+    Path LoadUserFile;
+    // The reply of the skin chooser: body, "," and skin, or a hand's skin; empty if cancelled.
+    std::string SelectedSkin;
+    // The bitmap or archive that the chosen skin lies in, and the entry's number in the archive;
+    // -1 for a bitmap.
+    Path LoadSkinFile;
+    std::int32_t FarFileIndex = -1;
+    bool ConfirmDelete = false;
+
+    void Form_Load() override;
+    void Form_Activate() override;
+
+  protected:
+    void buildControls() override;
+
+  private:
+    struct DefaultCommand;
+    struct HandPair;
+    static const DefaultCommand kDefaultCommands[];
+    static const HandPair kHandPairs[];
+
+    void makeStockPictures();
+    void connectOutfitCommands();
+    void connectHandCommands();
+    void connectBodyTypes();
+
+    void msLoadUserData();
+    void msClearUserData();
+    bool msDisplayUserData();
+    void showPortraits();
+    void showFields();
+    // Fills the pictures of all outfits and hands; a child's adult outfits show the card for
+    // children if childCards is set.
+    void showPictures(bool childCards);
+    void showSkin(const char* picture, const std::string& skin);
+
+    void defaultOutfit(const DefaultCommand& command);
+    void copyLeftHand(const HandPair& pair);
+    void defaultHands(const HandPair& pair);
+    void cmdNormalFormalHands_Click();
+    void cmdSave_Click();
+    void save();
+
+    PictureBox& picture(const char* name) const;
+    void takeFocus();
+
+    std::unique_ptr<Ui::frmEditSim> ui;
+    IffFile userFile_;
+    StrSegment wardrobe_;
+    WardrobeFields fields_;
+    bool loaded_ = false;  // a window whose load failed never saves
+};
+
+}  // namespace marlowick
