@@ -1,7 +1,6 @@
 // The file system of Linux and its kin. It looks names up without regard to
 // letter case, as the game's own platform does, and takes the owner's write
 // permission for the read-only mark.
-#ifndef _WIN32
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -17,7 +16,7 @@
 #include <cstring>
 
 #include "platform/files.h"
-#include "platform/game_text.h"
+#include "platform/folder_order.h"
 #include "platform/runtime_error.h"
 
 namespace marlowick {
@@ -28,27 +27,6 @@ std::string nativeText(const Path& path) {
     std::replace(native.begin(), native.end(), '\\', '/');
     return native;
 }
-
-// Upper-cased UTF-16 code units, the order of NTFS.
-std::u16string foldedName(std::string_view utf8) {
-    std::u16string folded;
-    folded.reserve(utf8.size());
-    for (std::size_t position = 0; position < utf8.size();) {
-        const char32_t c = upperCodePoint(nextCodePoint(utf8, position));
-        if (c >= 0x10000) {
-            folded.push_back(static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10)));
-            folded.push_back(static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
-        } else {
-            folded.push_back(static_cast<char16_t>(c));
-        }
-    }
-    return folded;
-}
-
-struct NativeEntry {
-    std::string name;
-    bool isFolder = false;
-};
 
 bool isFolderAt(const std::string& native) {
     struct stat status {};
@@ -274,25 +252,7 @@ class PosixFileSystem : public FileSystem {
     }
 
     std::vector<FolderEntry> list(const Path& folder) override {
-        struct Keyed {
-            std::u16string key;
-            NativeEntry entry;
-        };
-        std::vector<Keyed> keyed;
-        for (NativeEntry& entry : readFolder(resolve(folder))) {
-            std::u16string key = foldedName(entry.name);
-            keyed.push_back({std::move(key), std::move(entry)});
-        }
-        std::sort(keyed.begin(), keyed.end(), [](const Keyed& left, const Keyed& right) {
-            return left.key != right.key ? left.key < right.key
-                                         : left.entry.name < right.entry.name;
-        });
-        std::vector<FolderEntry> entries;
-        entries.reserve(keyed.size());
-        for (const Keyed& item : keyed) {
-            entries.push_back({utf8ToGameText(item.entry.name), item.entry.isFolder});
-        }
-        return entries;
+        return inFolderOrder(readFolder(resolve(folder)));
     }
 
     bool fileExists(const Path& path) override {
@@ -413,5 +373,3 @@ FileSystem& nativeFileSystem() {
 }
 
 }  // namespace marlowick
-
-#endif

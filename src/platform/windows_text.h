@@ -1,0 +1,19 @@
+// Texts on their way into calls of Windows and back.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marlowick {
+
+// UTF-8 to what the wide calls take. A byte that isn't UTF-8 becomes U+FFFD.
+std::wstring wideText(std::string_view utf8);
+
+// What the wide calls give to UTF-8. Half a surrogate pair becomes U+FFFD.
+std::string utf8Text(std::wstring_view wide);
+
+// UTF-8 to the code page of the calls that end in "A", and back.
+std::string ansiText(std::string_view utf8);
+std::string utf8TextOfAnsi(std::string_view ansi);
+
+}  // namespace marlowick
