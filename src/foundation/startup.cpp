@@ -13,6 +13,15 @@
 #include "platform/files.h"
 #include "platform/messages.h"
 
+namespace {
+
+// Pictures in a static library have to be asked for by name, outside of any namespace.
+void loadResources() {
+    Q_INIT_RESOURCE(marlowick);
+}
+
+}  // namespace
+
 namespace marlowick {
 namespace {
 
@@ -33,6 +42,7 @@ void warnOfReadOnlyFolder() {
 }  // namespace
 
 void prepareApplication() {
+    loadResources();
     QApplication::setApplicationName(QStringLiteral("Marlowick"));
     QApplication::setApplicationDisplayName(QString());
     QApplication::setQuitOnLastWindowClosed(false);
@@ -48,6 +58,10 @@ void prepareApplication() {
         icon.addFile(QStringLiteral(":/icons/marlowick-%1.png").arg(size));
     }
     QApplication::setWindowIcon(icon);
+    installErrorWindow();
+}
+
+void installErrorWindow() {
     setErrorTrap([] { theWindow<frmErrorDialog>().showModal(); });
 }
 

@@ -6,6 +6,9 @@ namespace marlowick {
 // Fonts, style and icon of the application; the error trap's window. Needs a QApplication.
 void prepareApplication();
 
+// Lets the error trap show its report window.
+void installErrorWindow();
+
 // Sets ProgramFolder from the place of the program's own file.
 void findProgramFolder();
 

@@ -1,0 +1,31 @@
+// Stands in for the error window: notes each report, as if it were closed by its
+// frame, so that the failed routine's caller goes on.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace marlowick::test {
+
+struct Report {
+    int number = 0;
+    std::string module;
+    std::string procedure;
+    int checkpoint = 0;
+};
+
+class ErrorRecorder {
+  public:
+    ErrorRecorder();
+    // Puts the error window back.
+    ~ErrorRecorder();
+    ErrorRecorder(const ErrorRecorder&) = delete;
+    ErrorRecorder& operator=(const ErrorRecorder&) = delete;
+
+    const std::vector<Report>& reports() const { return reports_; }
+
+  private:
+    std::vector<Report> reports_;
+};
+
+}  // namespace marlowick::test

@@ -1,0 +1,51 @@
+// A file system that fails at the n-th change it is asked for, or from then on as
+// if the machine had stopped: for proving what survives.
+#pragma once
+
+#include <memory>
+
+#include "platform/files.h"
+
+namespace marlowick::test {
+
+class FaultyFiles : public FileSystem {
+  public:
+    enum class Fault {
+        Fail,  // the n-th change raises 57, later ones work
+        Stop,  // the n-th change and all later ones raise 57 and do nothing
+    };
+
+    // Changes count from 1; 0 never fails.
+    FaultyFiles(int failAt, Fault fault);
+    ~FaultyFiles() override;
+    FaultyFiles(const FaultyFiles&) = delete;
+    FaultyFiles& operator=(const FaultyFiles&) = delete;
+
+    int changes() const { return changes_; }
+
+    // Raises if this change is due to fail.
+    void change();
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override;
+    std::vector<FolderEntry> list(const Path& folder) override { return under_->list(folder); }
+    bool fileExists(const Path& path) override { return under_->fileExists(path); }
+    bool folderExists(const Path& path) override { return under_->folderExists(path); }
+    std::int64_t length(const Path& path) override { return under_->length(path); }
+    void remove(const Path& path) override;
+    void makeFolder(const Path& path) override;
+    bool isReadOnly(const Path& path) override { return under_->isReadOnly(path); }
+    void clearAttributes(const Path& path) override;
+    void copyAttributes(const Path& source, const Path& target) override;
+    Path followLinks(const Path& path) override { return under_->followLinks(path); }
+    void rename(const Path& source, const Path& target) override;
+    bool canWriteInto(const Path& folder) override { return under_->canWriteInto(folder); }
+
+  private:
+    FileSystem* under_;
+    FileSystem* before_;
+    int failAt_;
+    Fault fault_;
+    int changes_ = 0;
+};
+
+}  // namespace marlowick::test

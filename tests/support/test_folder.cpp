@@ -1,0 +1,111 @@
+#include "support/test_folder.h"
+
+#include <QString>
+#include <algorithm>
+#include <atomic>
+#include <fstream>
+#include <sstream>
+
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "platform/settings.h"
+#include "platform/streams.h"
+
+namespace marlowick::test {
+namespace fs = std::filesystem;
+namespace {
+
+Path toProgramPath(const fs::path& path) {
+    std::string text = path.string();
+    std::replace(text.begin(), text.end(), '/', '\\');
+    return Path(text);
+}
+
+fs::path freshFolder() {
+    static std::atomic<unsigned> count = 0;
+    const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
+    fs::path folder = fs::temp_directory_path() /
+                      ("marlowick-test-" + std::to_string(stamp) + "-" + std::to_string(count++));
+    fs::create_directories(folder);
+    return folder;
+}
+
+}  // namespace
+
+TestFolder::TestFolder() : root_(freshFolder()) {
+    fs::create_directories(program() / "temp");
+    fs::create_directories(game());
+    ProgramFolder = toProgramPath(program());
+    SimsPath = toProgramPath(game());
+    useSettingsFile(QString::fromStdString((root_ / "settings.ini").string()));
+    streams().closeAll();
+    CheckpointNumber = 0;
+    glngErrorNumber = 0;
+    gstrErrorDescription.clear();
+    gstrErrorModule.clear();
+    gstrErrorProc.clear();
+}
+
+TestFolder::~TestFolder() {
+    streams().closeAll();
+    std::error_code ignored;
+    for (const auto& entry : fs::recursive_directory_iterator(root_, ignored)) {
+        fs::permissions(entry.path(), fs::perms::owner_all, fs::perm_options::add, ignored);
+    }
+    fs::remove_all(root_, ignored);
+}
+
+Path TestFolder::path(const std::string& name) const {
+    return toProgramPath(root_ / name);
+}
+
+void TestFolder::write(const std::string& name, std::string_view content) const {
+    const fs::path path = root_ / name;
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary | std::ios::trunc)
+        .write(content.data(), static_cast<std::streamsize>(content.size()));
+}
+
+std::string TestFolder::read(const std::string& name) const {
+    std::ifstream file(root_ / name, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+bool TestFolder::exists(const std::string& name) const {
+    return fs::exists(root_ / name);
+}
+
+void TestFolder::makeReadOnly(const std::string& name) const {
+    fs::permissions(root_ / name,
+                    fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                    fs::perm_options::remove);
+}
+
+std::string bitmapFile(int width, int height, unsigned rgb) {
+    const auto little = [](unsigned number, int bytes) {
+        std::string text;
+        for (int i = 0; i < bytes; ++i) {
+            text += static_cast<char>(number >> (8 * i));
+        }
+        return text;
+    };
+    const unsigned row = (static_cast<unsigned>(width) * 3 + 3) / 4 * 4;
+    const unsigned size = row * static_cast<unsigned>(height);
+    std::string file = "BM" + little(54 + size, 4) + little(0, 4) + little(54, 4) + little(40, 4) +
+                       little(static_cast<unsigned>(width), 4) +
+                       little(static_cast<unsigned>(height), 4) + little(1, 2) + little(24, 2) +
+                       little(0, 4) + little(size, 4) + little(0, 16);
+    for (int y = 0; y < height; ++y) {
+        std::string line;
+        for (int x = 0; x < width; ++x) {
+            line += little(rgb, 3);
+        }
+        line.resize(row, '\0');
+        file += line;
+    }
+    return file;
+}
+
+}  // namespace marlowick::test
