@@ -13,14 +13,10 @@
 #include "platform/files.h"
 #include "platform/messages.h"
 
-namespace {
-
-// Pictures in a static library have to be asked for by name, outside of any namespace.
-void loadResources() {
+// Pictures in a static library have to be asked for by name, and outside of any namespace.
+static void loadResources() {
     Q_INIT_RESOURCE(marlowick);
 }
-
-}  // namespace
 
 namespace marlowick {
 namespace {

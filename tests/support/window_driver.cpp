@@ -40,7 +40,7 @@ ModalScript::~ModalScript() = default;
 
 void ModalScript::answer(QMessageBox::StandardButton button) {
     steps_.push_back({QString(), [button](QWidget& box) {
-                          auto* answer = qobject_cast<QMessageBox&>(box).button(button);
+                          auto* answer = qobject_cast<QMessageBox*>(&box)->button(button);
                           if (answer == nullptr) {
                               ADD_FAILURE() << "the message has no such button";
                               box.close();

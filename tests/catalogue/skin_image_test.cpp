@@ -1,0 +1,147 @@
+#include "catalogue/skin_image.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "platform/streams.h"
+#include "support/error_recorder.h"
+#include "support/test_folder.h"
+#include "support/user_file_builder.h"
+
+namespace marlowick {
+namespace {
+
+using test::little32;
+
+// A picture that shows what it was loaded from; a file that begins with "bad" can't be decoded.
+class FakePicture : public PictureTarget {
+  public:
+    void load(const Path& path) override {
+        ++tries;
+        const std::string content = readWholeFile(path);
+        if (content.starts_with("bad")) {
+            throw RuntimeError(error::kInvalidPicture);
+        }
+        shown = content;
+    }
+
+    int tries = 0;
+    std::string shown = "not found";
+};
+
+class SkinImageTest : public ::testing::Test {
+  protected:
+    ~SkinImageTest() override { EXPECT_TRUE(recorder.reports().empty()); }
+
+    void archive(const std::string& name,
+                 const std::vector<std::pair<std::string, std::string>>& entries) {
+        std::string data;
+        std::string records;
+        for (const auto& [entryName, content] : entries) {
+            records += little32(static_cast<unsigned>(content.size())) + little32(0) +
+                       little32(16 + static_cast<unsigned>(data.size())) +
+                       little32(static_cast<unsigned>(entryName.size())) + entryName;
+            data += content;
+        }
+        folder.write("game/" + name, "FAR!byAZ" + little32(1) +
+                                         little32(16 + static_cast<unsigned>(data.size())) + data +
+                                         little32(static_cast<unsigned>(entries.size())) + records);
+    }
+
+    std::string fetched(const std::string& name) {
+        picture = {};
+        gsFetchSkinImage(picture, name);
+        return picture.shown;
+    }
+
+    test::TestFolder folder;
+    test::ErrorRecorder recorder;
+    FakePicture picture;
+};
+
+TEST_F(SkinImageTest, TheFoldersComeFirstInTheirOrder) {
+    archive("GameData/Textures/Textures.far", {{"skin.bmp", "archive"}});
+    folder.write("game/ExpansionShared/SkinsBuy/Skin.BMP", "shared");
+    EXPECT_EQ(fetched("SKIN"), "shared");
+    folder.write("game/ExpansionPack3/SkinsBuy/Skin.bmp", "third");
+    EXPECT_EQ(fetched("skin"), "third");
+    folder.write("game/GameData/Skins/sKIN.bmp", "game");
+    EXPECT_EQ(fetched("skin"), "game");
+}
+
+TEST_F(SkinImageTest, AFileThatCantBeDecodedIsPassedOver) {
+    folder.write("game/GameData/Skins/skin.bmp", "bad");
+    folder.write("game/ExpansionShared/SkinsBuy/skin.bmp", "shared");
+    EXPECT_EQ(fetched("skin"), "shared");
+}
+
+TEST_F(SkinImageTest, TheArchivesComeInTheirOrderWithTheTexturesFirst) {
+    struct Row {
+        const char* archive;
+        const char* content;
+    };
+    // The last of the search first; each further one is found before it.
+    for (const Row& row :
+         {Row{"GameData/Textures/zz.far", "zz"}, Row{"GameData/Textures/aa.FAR", "aa"},
+          Row{"ExpansionPack13/ExpansionPack13.far", "pack 13"},
+          Row{"ExpansionPack2/ExpansionPack2.far", "pack 2"},
+          Row{"ExpansionPack/ExpansionPack.far", "pack"},
+          Row{"ExpansionShared/ExpansionShared.far", "shared"},
+          Row{"GameData/Textures/Textures.far", "textures"}}) {
+        archive(row.archive, {{"other.bmp", "other"}, {"Folder\\Skin.bmp", row.content}});
+        // The scratch file isn't cut: behind a shorter skin the longer one's tail stays.
+        EXPECT_TRUE(fetched("skin").starts_with(row.content)) << row.content;
+    }
+}
+
+TEST_F(SkinImageTest, PackFourteenIsNotAsked) {
+    archive("ExpansionPack14/ExpansionPack14.far", {{"skin.bmp", "pack 14"}});
+    archive("ExpansionPack1/ExpansionPack1.far", {{"skin.bmp", "pack 1"}});
+    EXPECT_EQ(fetched("skin"), "not found");
+}
+
+TEST_F(SkinImageTest, TheBeginningOfANameMatchesWithAnyExtension) {
+    archive("GameData/Textures/Textures.far", {{"skinned.txt", "longer"}, {"skin.bmp", "exact"}});
+    EXPECT_EQ(fetched("SKIN"), "longer");
+}
+
+TEST_F(SkinImageTest, TheFirstHitEndsTheSearchEvenIfItIsNoPicture) {
+    archive("GameData/Textures/Textures.far", {{"skin.bmp", "bad"}});
+    archive("ExpansionPack/ExpansionPack.far", {{"skin.bmp", "good"}});
+    EXPECT_EQ(fetched("skin"), "not found");
+}
+
+TEST_F(SkinImageTest, AnEmptyNameHitsTheFirstEntryOfTheFirstArchive) {
+    archive("ExpansionPack/ExpansionPack.far", {{"anything.bmp", "first entry"}, {"b", "second"}});
+    EXPECT_EQ(fetched(""), "first entry");
+}
+
+TEST_F(SkinImageTest, ANoteTouchesNothing) {
+    archive("ExpansionPack/ExpansionPack.far", {{"anything.bmp", "first entry"}});
+    EXPECT_EQ(fetched("*** ADULT SIMS ONLY ***"), "not found");
+    EXPECT_EQ(picture.tries, 0);
+    EXPECT_FALSE(folder.exists("program/temp/skintemp.bmp"));
+}
+
+TEST_F(SkinImageTest, DamagedArchivesAreSilent) {
+    folder.write("game/GameData/Textures/Textures.far",
+                 "FAR!byAZ" + little32(1) + little32(0xFFFFFFFF));
+    archive("ExpansionPack/ExpansionPack.far", {{"skin.bmp", "good"}});
+    EXPECT_EQ(fetched("skin"), "good");
+    EXPECT_EQ(streams().freeSlot(), 1);
+}
+
+TEST_F(SkinImageTest, ANameNeverReachesAnotherFolder) {
+    folder.write("game/secret.bmp", "secret");
+    folder.write("game/GameData/Skins/x.bmp", "x");
+    EXPECT_EQ(fetched("..\\..\\secret"), "not found");
+    EXPECT_EQ(fetched("../../secret"), "not found");
+}
+
+TEST_F(SkinImageTest, WithoutAGameThePictureStays) {
+    EXPECT_EQ(fetched("skin"), "not found");
+}
+
+}  // namespace
+}  // namespace marlowick

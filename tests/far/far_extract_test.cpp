@@ -1,0 +1,125 @@
+#include <gtest/gtest.h>
+
+#include "far/far_directory.h"
+#include "platform/runtime_error.h"
+#include "platform/streams.h"
+#include "support/error_recorder.h"
+#include "support/test_folder.h"
+#include "support/user_file_builder.h"
+
+namespace marlowick {
+namespace {
+
+using test::little32;
+
+std::string pattern(std::size_t size) {
+    std::string data(size, '\0');
+    for (std::size_t i = 0; i < size; ++i) {
+        data[i] = static_cast<char>(i * 31 + i / 257);
+    }
+    return data;
+}
+
+class FarExtractTest : public ::testing::Test {
+  protected:
+    // An archive with one entry behind some bytes of something else.
+    void makeArchive(const std::string& name, const std::string& data) {
+        folder.write("game/a.far", "FAR!byAZ" + little32(1) + little32(0) + "junk" + data);
+        FarEntry entry;
+        entry.FileSize = little32(static_cast<unsigned>(data.size()));
+        entry.FileSize2 = little32(3);
+        entry.FileOffset = little32(20);
+        entry.FileName = name;
+        directory.Entries.append(entry);
+    }
+
+    bool extract(int number = 1) {
+        return gsExtractFile(folder.path("game\\a.far"), folder.path("program\\temp\\"), directory,
+                             number);
+    }
+
+    test::TestFolder folder;
+    test::ErrorRecorder recorder;
+    FarDirectory directory;
+};
+
+TEST_F(FarExtractTest, CopiesEntriesOfEverySizeAroundTheBlock) {
+    for (const std::size_t size : {0U, 1U, 32767U, 32768U, 32769U, 65536U, 70000U}) {
+        directory = {};
+        const std::string data = pattern(size);
+        makeArchive("entry" + std::to_string(size) + ".bmp", data);
+        EXPECT_TRUE(extract());
+        EXPECT_EQ(folder.read("program/temp/entry" + std::to_string(size) + ".bmp"), data);
+    }
+}
+
+TEST_F(FarExtractTest, TheNameKeepsItsCaseAndLosesItsFolder) {
+    makeArchive("Skins\\Deep\\FaCe.bmp", "picture");
+    EXPECT_TRUE(extract());
+    EXPECT_EQ(folder.read("program/temp/FaCe.bmp"), "picture");
+}
+
+TEST_F(FarExtractTest, AnotherNameMayBeGiven) {
+    makeArchive("Skins\\FaCe.bmp", "picture");
+    EXPECT_TRUE(gsExtractFileEx(folder.path("game\\a.far"), folder.path("program\\temp"),
+                                "skintemp.bmp", directory, 1));
+    EXPECT_EQ(folder.read("program/temp/skintemp.bmp"), "picture");
+}
+
+TEST_F(FarExtractTest, ALongerFileKeepsItsTail) {
+    makeArchive("a.bmp", "0123456789");
+    folder.write("program/temp/a.bmp", std::string(100, 'x'));
+    EXPECT_TRUE(extract());
+    EXPECT_EQ(folder.read("program/temp/a.bmp"), "0123456789" + std::string(90, 'x'));
+}
+
+TEST_F(FarExtractTest, AnEntryThatRunsPastTheEndGivesWhatThereIs) {
+    makeArchive("a.bmp", "0123456789");
+    directory.Entries[1].FileSize = little32(0x7FFFFFFF);
+    EXPECT_TRUE(extract());
+    EXPECT_EQ(folder.read("program/temp/a.bmp"), "0123456789");
+}
+
+TEST_F(FarExtractTest, AfterAFailureBothSlotsStayTaken) {
+    makeArchive("a.bmp", "data");
+    directory.Entries[1].FileOffset = little32(0x80000000);
+    EXPECT_FALSE(extract());
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 63);
+    EXPECT_EQ(recorder.reports()[0].module, "modFARsupport");
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsExtractFile");
+    directory.Entries[1].FileOffset = little32(20);
+    EXPECT_FALSE(gsExtractFileEx(folder.path("game\\a.far"), folder.path("program\\temp"), "b.bmp",
+                                 directory, 1));
+    ASSERT_EQ(recorder.reports().size(), 2U);
+    EXPECT_EQ(recorder.reports()[1].number, 55);
+    EXPECT_EQ(recorder.reports()[1].procedure, "gsExtractFileEx");
+}
+
+TEST_F(FarExtractTest, ANameThatIsNoFileNameNeverLeavesTheFolder) {
+    for (const char* name : {"..", "a/../../evil.bmp", "C:evil.bmp", "CON", "folder\\"}) {
+        directory = {};
+        makeArchive(name, "data");
+        EXPECT_FALSE(extract()) << name;
+        EXPECT_EQ(recorder.reports().back().number, 52) << name;
+    }
+    EXPECT_FALSE(streams().isOpen(slot::kExtractSource));
+}
+
+TEST_F(FarExtractTest, AnEntryThatDoesNotExistIsAnIndexError) {
+    EXPECT_FALSE(extract(1));
+    EXPECT_EQ(recorder.reports().back().number, 9);
+}
+
+TEST_F(FarExtractTest, TheQuietFormRaisesAndTakesNoSlot) {
+    makeArchive("a.bmp", "data");
+    directory.Entries[1].FileOffset = little32(0x80000000);
+    EXPECT_THROW(extractFarEntry(folder.path("game\\a.far"), folder.path("program\\temp"), "b.bmp",
+                                 directory, 1),
+                 RuntimeError);
+    EXPECT_TRUE(recorder.reports().empty());
+    EXPECT_FALSE(streams().isOpen(slot::kExtractSource));
+}
+
+}  // namespace
+}  // namespace marlowick

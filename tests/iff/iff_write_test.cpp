@@ -1,0 +1,181 @@
+#include <gtest/gtest.h>
+
+#include "iff/iff_file.h"
+#include "iff/safe_rewrite.h"
+#include "iff/string_segment.h"
+#include "platform/streams.h"
+#include "support/error_recorder.h"
+#include "support/test_folder.h"
+#include "support/user_file_builder.h"
+
+namespace marlowick {
+namespace {
+
+using std::string_literals::operator""s;
+using test::fileHead;
+using test::mapRow;
+using test::mapType;
+using test::segment;
+
+class IffWriteTest : public ::testing::Test {
+  protected:
+    // Reads content and writes it to a new file.
+    std::string rewritten(const std::string& content) {
+        folder.write("game/in.iff", content);
+        gsResetIFF(iff);
+        EXPECT_TRUE(gsReadIFF(iff, folder.path("game\\in.iff")));
+        return written();
+    }
+
+    std::string written() {
+        std::filesystem::remove(folder.game() / "out.iff");
+        EXPECT_TRUE(gsWriteIFF(iff, folder.path("game\\out.iff")));
+        return folder.read("game/out.iff");
+    }
+
+    test::TestFolder folder;
+    test::ErrorRecorder recorder;
+    IffFile iff;
+};
+
+TEST_F(IffWriteTest, AFileInOrderComesBackByteForByte) {
+    const std::string file = test::simFile(test::simRows({}));
+    EXPECT_EQ(rewritten(file), file);
+}
+
+TEST_F(IffWriteTest, ZeroDigitsInTheMapsPlaceBecomeZeros) {
+    const std::string body = segment("TEST", 1, 1, "", "data") + segment("ZERO", 2, 2, "x", "");
+    EXPECT_EQ(rewritten(fileHead(0x30303030) + body), fileHead(0) + body);
+}
+
+TEST_F(IffWriteTest, AStrayLastByteDisappears) {
+    const std::string body = segment("TEST", 1, 1, "", "data");
+    EXPECT_EQ(rewritten(fileHead(0) + body + "x"), fileHead(0) + body);
+}
+
+TEST_F(IffWriteTest, AMapInTheMiddleMovesToTheEndAndItsOffsetsAreMadeTrue) {
+    const std::string one = segment("AAAA", 1, 1, "", "one");
+    const std::string two = segment("BBBB", 2, 1, "", "twotwo");
+    const auto types = [](unsigned first, unsigned second) {
+        return mapType("AAAA", 2, mapRow(first, 1, 5, "abcde\0"s) + mapRow(999, 77, 0, "zz\xA3"s)) +
+               mapType("BBBB", 1, mapRow(second, 2, 0, "abc\0\xEE"s));
+    };
+    const auto length = static_cast<unsigned>(96 + types(0, 0).size());
+    const unsigned second = 64 + static_cast<unsigned>(one.size());
+    const unsigned end = second + static_cast<unsigned>(two.size());
+    EXPECT_EQ(rewritten(fileHead(143) + one + test::map(7, 2, types(1, 2)) + two),
+              fileHead(end) + one + two + test::map(length - 1, 2, types(64, second)));
+    EXPECT_EQ(iff.RsmpSize, 7);  // the record keeps what was read
+}
+
+TEST_F(IffWriteTest, AMapThatTheHeadDeniesIsLost) {
+    const std::string one = segment("AAAA", 1, 1, "", "one");
+    EXPECT_EQ(rewritten(fileHead(0) + one +
+                        test::map(7, 1, mapType("AAAA", 1, mapRow(0, 1, 5, "abcde\0"s)))),
+              fileHead(0) + one);
+}
+
+TEST_F(IffWriteTest, ADeclaredMapThatIsMissingGoesOutAsItStands) {
+    const std::string one = segment("AAAA", 1, 1, "", "one");
+    // The one blank type row that reading begins with, and an empty head.
+    const std::string map = std::string(88, '\0') + test::little32(88 + 8 + 8 - 1) +
+                            test::little32(0) + std::string(4, '\0') + test::little32(0);
+    const unsigned end = 64 + static_cast<unsigned>(one.size());
+    EXPECT_EQ(rewritten(fileHead(500) + one), fileHead(end) + one + map);
+}
+
+TEST_F(IffWriteTest, TheFirstRowOfATypeAndIdIsRenewed) {
+    const std::string one = segment("AAAA", 0x0102, 1, "", "one");
+    const std::string two = segment("AAAA", 0x0102, 9, "", "two");
+    const std::string rows = mapRow(5, 0x0102, 3, "abcde\0"s) + mapRow(6, 0x0102, 4, "abcde\0"s);
+    rewritten(fileHead(1) + one + two + test::map(0, 1, mapType("AAAA", 2, rows)));
+    // Both segments land on the same row, the later one last; the second row keeps its offset.
+    EXPECT_EQ(iff.RsmpTypes[1].Entries[1].EntryOffset,
+              test::little32(64 + static_cast<unsigned>(one.size())));
+    EXPECT_EQ(iff.RsmpTypes[1].Entries[2].EntryOffset, test::little32(6));
+}
+
+TEST_F(IffWriteTest, ARowOfAnotherTypeOrIdKeepsItsOffset) {
+    const std::string one = segment("AAAA", 1, 1, "", "one");
+    rewritten(fileHead(1) + one +
+              test::map(0, 2,
+                        mapType("AAAB", 1, mapRow(5, 1, 1, "abcde\0"s)) +
+                            mapType("AAAA", 1, mapRow(6, 256, 1, "abcde\0"s))));
+    EXPECT_EQ(iff.RsmpTypes[1].Entries[1].EntryOffset, test::little32(5));
+    EXPECT_EQ(iff.RsmpTypes[2].Entries[1].EntryOffset, test::little32(6));
+}
+
+TEST_F(IffWriteTest, AfterAChangeEveryNamedRowPointsAtItsSegment) {
+    rewritten(test::simFile(test::simRows({})));
+    StrSegment strings;
+    const std::string id("\x00\xC8\x00\x10", 4);
+    gsReadSTRSegment(iff, strings, id, false);
+    strings.Entries[2].Text = "a much longer text than the one that stood there before, by far";
+    gsWriteSTRSegment(iff, strings, id, false);
+    const std::string file = written();
+    std::vector<std::string> rows = test::simRows({});
+    rows[1] = strings.Entries[2].Text;
+    EXPECT_EQ(file, test::simFile(rows));
+}
+
+TEST_F(IffWriteTest, ALongerFileKeepsItsTail) {
+    const std::string body = segment("TEST", 1, 1, "", "data");
+    rewritten(fileHead(0) + body);
+    folder.write("game/long.iff", std::string(500, 'x'));
+    EXPECT_TRUE(gsWriteIFF(iff, folder.path("game\\long.iff")));
+    const std::string expected = fileHead(0) + body;
+    EXPECT_EQ(folder.read("game/long.iff"), expected + std::string(500 - expected.size(), 'x'));
+}
+
+TEST_F(IffWriteTest, WithoutBitmapsPicturesAndMapAreGoneAndTheRecordKeepsThem) {
+    const std::string one = segment("AAAA", 1, 1, "", "one");
+    const std::string picture = segment("BMP_", 2, 1, "web_image", "picture");
+    const std::string two = segment("bmp_", 3, 1, "", "two");
+    folder.write("game/in.iff",
+                 fileHead(64) + one + picture + two +
+                     test::map(0, 1, mapType("AAAA", 1, mapRow(5, 1, 1, "abcde\0"s))));
+    ASSERT_TRUE(gsReadIFF(iff, folder.path("game\\in.iff")));
+    ASSERT_TRUE(gsWriteIFF_NoBMPs(iff, folder.path("game\\out.iff")));
+    EXPECT_EQ(folder.read("game/out.iff"), fileHead(0) + one + two);
+    EXPECT_EQ(iff.Segments.bound(), 3);
+    EXPECT_TRUE(iff.HasRsmp);
+    EXPECT_EQ(iff.RsmpTypes[1].Entries[1].EntryOffset, test::little32(5));
+}
+
+TEST_F(IffWriteTest, FailuresNameModuleAndProcedure) {
+    EXPECT_FALSE(gsWriteIFF(iff, folder.path("none\\out.iff")));
+    EXPECT_FALSE(gsWriteIFF_NoBMPs(iff, folder.path("none\\out.iff")));
+    ASSERT_EQ(recorder.reports().size(), 2U);
+    EXPECT_EQ(recorder.reports()[0].number, 76);
+    EXPECT_EQ(recorder.reports()[0].module, "modIFFsupport");
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsWriteIFF");
+    EXPECT_EQ(recorder.reports()[0].checkpoint, 1000);
+    EXPECT_EQ(recorder.reports()[1].module, "modMarlowickMain");
+    EXPECT_EQ(recorder.reports()[1].procedure, "gsWriteIFF_NoBMPs");
+}
+
+TEST_F(IffWriteTest, TheScratchFileReplacesAnOlderAndLongerOne) {
+    folder.write("program/usertemp.iff", std::string(9999, 'x'));
+    const std::string file = test::simFile(test::simRows({}));
+    rewritten(file);
+    EXPECT_TRUE(writeUserTemp(iff));
+    EXPECT_EQ(folder.read("program/usertemp.iff"), file);
+    folder.write("game/user9.iff", "old");
+    replaceUserFile(folder.path("game\\user9.iff"));
+    EXPECT_EQ(folder.read("game/user9.iff"), file);
+    EXPECT_TRUE(folder.exists("program/usertemp.iff"));
+}
+
+TEST_F(IffWriteTest, ManyRowsAndSegmentsAreNoQuadraticWalk) {
+    std::string content = fileHead(1);
+    std::string rows;
+    for (unsigned i = 0; i < 30000; ++i) {
+        content += segment("AAAA", i, 1, "", "");
+        rows += mapRow(0, i, 1, "abcde\0"s);
+    }
+    rewritten(content + test::map(0, 1, mapType("AAAA", 30000, rows)));
+    EXPECT_EQ(iff.RsmpTypes[1].Entries[30000].EntryOffset, test::little32(64 + 29999 * 76));
+}
+
+}  // namespace
+}  // namespace marlowick

@@ -1,0 +1,170 @@
+#include "iff/string_segment.h"
+
+#include <gtest/gtest.h>
+
+#include "support/error_recorder.h"
+#include "support/test_folder.h"
+#include "support/user_file_builder.h"
+
+namespace marlowick {
+namespace {
+
+using std::string_literals::operator""s;
+
+const std::string kId("\x00\xC8\x00\x10", 4);
+
+class StringSegmentTest : public ::testing::Test {
+  protected:
+    void add(const std::string& type, const std::string& id, const std::string& data) {
+        IffSegment segment;
+        segment.Type = type;
+        segment.ID = id;
+        segment.Data = data;
+        segment.Size = test::big32(76 + static_cast<unsigned>(data.size()));
+        iff.Segments.append(segment);
+    }
+
+    bool read(const std::string& data) {
+        gsResetIFF(iff);
+        add("STR#", kId, data);
+        return gsReadSTRSegment(iff, strings, kId, false);
+    }
+
+    test::TestFolder folder;
+    test::ErrorRecorder recorder;
+    IffFile iff;
+    StrSegment strings;
+};
+
+TEST_F(StringSegmentTest, ReadsRowsLanguagesCommentsAndTail) {
+    ASSERT_TRUE(read("\xFD\xFF\x02\x00\x01one\0first\0\x02two\0\0tail"s));
+    EXPECT_EQ(strings.Format, "\xFD\xFF");
+    EXPECT_EQ(strings.Count, "\x02\x00"s);
+    ASSERT_EQ(strings.Entries.bound(), 2);
+    EXPECT_EQ(strings.Entries[1].Language, '\x01');
+    EXPECT_EQ(strings.Entries[1].Text, "one");
+    EXPECT_EQ(strings.Entries[1].Comment, "first");
+    EXPECT_EQ(strings.Entries[2].Language, '\x02');
+    EXPECT_EQ(strings.Entries[2].Text, "two");
+    EXPECT_EQ(strings.Entries[2].Comment, "");
+    EXPECT_EQ(strings.Tail, "tail");
+}
+
+TEST_F(StringSegmentTest, ReadThenWrittenIsTheSame) {
+    for (const std::string& data :
+         {"\xFD\xFF\x01\x00\x01one\0\0"s, "\xFD\xFF\x01\x00\x01one\0c\0tail\0x"s,
+          "\x00\x00\x02\x00\x01\0\0\x01\0\0"s, "\xFF\xFF\x01\x00\x07\0\0"s}) {
+        ASSERT_TRUE(read(data));
+        ASSERT_TRUE(gsWriteSTRSegment(iff, strings, kId, false));
+        EXPECT_EQ(iff.Segments[1].Data, data);
+        EXPECT_EQ(iff.Segments[1].Size, test::big32(76 + static_cast<unsigned>(data.size())));
+    }
+}
+
+TEST_F(StringSegmentTest, ACountOfTwoLeavesTheThirdRowInTheTail) {
+    const std::string data =
+        "\xFD\xFF\x02\x00\x01"
+        "a\0\0\x01"
+        "b\0\0\x01"
+        "c\0\0"s;
+    ASSERT_TRUE(read(data));
+    EXPECT_EQ(strings.Entries.bound(), 2);
+    EXPECT_EQ(strings.Tail,
+              "\x01"
+              "c\0\0"s);
+    gsWriteSTRSegment(iff, strings, kId, false);
+    EXPECT_EQ(iff.Segments[1].Data, data);
+}
+
+TEST_F(StringSegmentTest, AnEmptyRowIsTwoZeroBytes) {
+    ASSERT_TRUE(read("\xFD\xFF\x01\x00\x01\0\0"s));
+    EXPECT_EQ(strings.Entries[1].Text, "");
+    EXPECT_EQ(strings.Entries[1].Comment, "");
+    EXPECT_EQ(strings.Tail, "");
+}
+
+TEST_F(StringSegmentTest, ALongerTextMakesTheSizeGrow) {
+    ASSERT_TRUE(
+        read("\xFD\xFF\x01\x00\x01"
+             "ab\0\0"s));
+    strings.Entries[1].Text = "abcde";
+    gsWriteSTRSegment(iff, strings, kId, false);
+    EXPECT_EQ(iff.Segments[1].Data,
+              "\xFD\xFF\x01\x00\x01"
+              "abcde\0\0"s);
+    EXPECT_EQ(iff.Segments[1].Size, "\0\0\0\x58"s);  // 76 + 12
+}
+
+TEST_F(StringSegmentTest, ReadsTheFirstAndWritesEveryMatchingSegment) {
+    add("CTSS", kId, "\xFD\xFF\x01\x00\x01no\0\0"s);
+    add("STR#", "\x00\xC8\x00\x11"s, "\xFD\xFF\x01\x00\x01no\0\0"s);
+    add("STR#", kId,
+        "\xFD\xFF\x01\x00\x01"
+        "first\0\0"s);
+    add("STR#", kId,
+        "\xFD\xFF\x01\x00\x01"
+        "second\0\0"s);
+    ASSERT_TRUE(gsReadSTRSegment(iff, strings, kId, false));
+    EXPECT_EQ(strings.Entries[1].Text, "first");
+    gsWriteSTRSegment(iff, strings, kId, false);
+    EXPECT_EQ(iff.Segments[4].Data, iff.Segments[3].Data);
+    EXPECT_EQ(iff.Segments[1].Data, "\xFD\xFF\x01\x00\x01no\0\0"s);
+    EXPECT_EQ(iff.Segments[2].Data, "\xFD\xFF\x01\x00\x01no\0\0"s);
+    ASSERT_TRUE(gsReadSTRSegment(iff, strings, kId, true));
+    EXPECT_EQ(strings.Entries[1].Text, "no");
+}
+
+TEST_F(StringSegmentTest, WithoutASegmentOnlyTheRowsGo) {
+    ASSERT_TRUE(
+        read("\xFD\xFF\x01\x00\x01"
+             "ab\0\0tail"s));
+    gsResetIFF(iff);
+    EXPECT_TRUE(gsReadSTRSegment(iff, strings, kId, false));
+    EXPECT_EQ(strings.Entries.bound(), 0);
+    EXPECT_EQ(strings.Tail, "tail");
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
+TEST_F(StringSegmentTest, ACountOfZeroEndsWithNoRows) {
+    EXPECT_TRUE(read("\xFD\xFF\x00\x00rest"s));
+    EXPECT_EQ(strings.Entries.bound(), 0);
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
+TEST_F(StringSegmentTest, ACountBeyondSixteenBitsOverflows) {
+    EXPECT_FALSE(
+        read("\xFD\xFF\x00\x80\x01"
+             "ab\0\0"s));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 6);
+    EXPECT_EQ(recorder.reports()[0].module, "modIFFsupport");
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsReadSTRSegment");
+    EXPECT_EQ(recorder.reports()[0].checkpoint, 3000);
+}
+
+TEST_F(StringSegmentTest, BlankRowsCount) {
+    ASSERT_TRUE(
+        read("\xFD\xFF\xFF\x7F\x01"
+             "ab\0\0"s));
+    EXPECT_EQ(strings.Entries.bound(), 32767);
+    EXPECT_EQ(strings.Entries[1].Text, "ab");
+    EXPECT_EQ(strings.Entries[32767].Text, "");
+}
+
+TEST_F(StringSegmentTest, ARowWithoutAnEndStaysBlankAndTheNextBeginsAByteOn) {
+    ASSERT_TRUE(read("\xFD\xFF\x02\x00\x01xy"s));
+    EXPECT_EQ(strings.Entries[1].Text, "");
+    EXPECT_EQ(strings.Entries[1].Language, '\x01');
+    EXPECT_EQ(strings.Entries[2].Language, 'x');
+    EXPECT_EQ(strings.Tail, "y");
+}
+
+TEST_F(StringSegmentTest, ARowWithoutItsSecondEndGoesToTheTrap) {
+    EXPECT_FALSE(read("\xFD\xFF\x01\x00\x01xy\0z"s));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 5);
+    EXPECT_EQ(recorder.reports()[0].checkpoint, 7000);
+}
+
+}  // namespace
+}  // namespace marlowick
