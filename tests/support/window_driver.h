@@ -55,6 +55,7 @@ class ModalScript : public QObject {
     const std::vector<SeenMessage>& messages() const { return messages_; }
     // Windows and boxes that came up unprepared for.
     const QStringList& unexpected() const { return unexpected_; }
+    void forgetUnexpected() { unexpected_.clear(); }
     bool isDone() const { return steps_.empty(); }
 
   private:

@@ -1,0 +1,533 @@
+#include "browser/frmMain.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "browser/sim_page.h"
+#include "foundation/game.h"
+#include "foundation/startup.h"
+#include "iff/string_segment.h"
+#include "platform/display_text.h"
+#include "platform/files.h"
+#include "platform/input_guard.h"
+#include "platform/picture_box.h"
+#include "platform/settings.h"
+#include "support/user_file_builder.h"
+#include "support/window_driver.h"
+
+namespace marlowick {
+namespace {
+
+using test::click;
+using test::find;
+using test::simRows;
+using test::textOf;
+
+class MainTest : public test::WindowTest {
+  protected:
+    static std::string fileName(int number) {
+        char name[20];
+        std::snprintf(name, sizeof name, "user%05d.iff", number);
+        return name;
+    }
+
+    void makeSims(const std::string& neighbourhood, int count) {
+        folder.write("game/" + neighbourhood + "/Characters/readme.txt", "");
+        for (int number = 1; number <= count; ++number) {
+            const std::string text = std::to_string(number);
+            folder.write(
+                "game/" + neighbourhood + "/Characters/" + fileName(number),
+                test::simFile(simRows({}), "Sim " + text, "User" + text + " - Sim " + text));
+        }
+    }
+
+    frmMain& show() {
+        auto& window = theWindow<frmMain>();
+        window.showMain();
+        return window;
+    }
+
+    // Shows the window on a neighbourhood of so many sims.
+    frmMain& showSims(int count) {
+        test::installGame(folder);
+        makeSims("UserData", count);
+        frmMain& window = show();
+        chooseLine(window, 0);
+        return window;
+    }
+
+    static void chooseLine(QWidget& window, int row) {
+        auto* list = find<QListWidget>(window, "lstUserDataDir");
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          list->visualItemRect(list->item(row)).center());
+    }
+
+    static QString nameIn(QWidget& window, int cell) {
+        for (const QLabel* label : window.findChildren<QLabel*>("lblSimName")) {
+            if (label->property("Index").toInt() == cell) {
+                return label->text();
+            }
+        }
+        return "no such label";
+    }
+
+    static QPoint centreOf(int cell) {
+        return {page::corner(cell).x + 34, page::corner(cell).y + 34};
+    }
+
+    static void clickCell(QWidget& window, int cell, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(find<QWidget>(window, "picThumbs"), button, Qt::NoModifier,
+                          centreOf(cell));
+    }
+
+    static QRgb pagePixel(QWidget& window, int cell) {
+        const QImage image = find<PictureBox>(window, "picThumbs")->painted();
+        return image.pixel(page::corner(cell).x + 11 + 22, page::corner(cell).y + 2 + 22);
+    }
+
+    static bool framed(QWidget& window, int cell) {
+        return find<PictureBox>(window, "picThumbs")
+            ->outlineAt(QRect(page::corner(cell).x, page::corner(cell).y, 68, 68))
+            .isValid();
+    }
+
+    static void tick(QWidget& window) {
+        auto* timer = window.findChild<QTimer*>("Timer1");
+        timer->start(1000000);
+        QTimerEvent event(timer->timerId());
+        QCoreApplication::sendEvent(timer, &event);
+    }
+};
+
+// Start-up.
+
+TEST_F(MainTest, AFirstStartWithoutTheGameStoresTheDefaultsAndTellsTwice) {
+    script.answer();
+    script.answer();
+    frmMain& window = show();
+    EXPECT_EQ(readSetting(setting::kBackupSavedFile), "1");
+    EXPECT_EQ(readSetting(setting::kSkipPajamaSave), "1");
+    EXPECT_EQ(readSetting(setting::kSimsLocation), "ERROR");
+    EXPECT_EQ(SimsPath.text(), "ERROR");
+    ASSERT_EQ(script.messages().size(), 2U);
+    EXPECT_EQ(script.messages()[0].title, "Path to The Sims not found!");
+    EXPECT_EQ(script.messages()[0].text,
+              "GetRegistryString failed on error.\nThe path to The Sims can not be found.\n"
+              "Please use the Set Path menu option to locate The Sims.");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(script.messages()[1].title, "SIMS.EXE Not Found!");
+    EXPECT_EQ(script.messages()[1].text,
+              "The file SIMS.EXE was not found in the path specified in the registry.\n"
+              "Please use the Set Path menu option to locate The Sims.");
+    // And again at every return to the window.
+    script.answer();
+    script.answer();
+    window.Form_Activate();
+    EXPECT_EQ(script.messages().size(), 4U);
+    EXPECT_EQ(window.windowTitle(), "Marlowick - Version 3.0.5 - by Tolbert Quay");
+}
+
+TEST_F(MainTest, AnEmptyPathHasAMessageOfItsOwn) {
+    test::installGame(folder);
+    frmMain& window = show();
+    SimsPath = Path();
+    script.answer();
+    script.answer();
+    window.Form_Activate();
+    EXPECT_EQ(script.messages()[0].text,
+              "The path to The Sims was not found in the registry.\n"
+              "Please use the Set Path menu option to locate The Sims.");
+}
+
+TEST_F(MainTest, TheStoredPathWinsAndTheFoldersAreMade) {
+    folder.write("game/sImS.ExE", "");
+    writeSetting(setting::kSimsLocation, toDisplay(folder.path("game")));
+    std::filesystem::remove_all(folder.program() / "temp");
+    show();
+    EXPECT_EQ(SimsPath, folder.path("game"));
+    EXPECT_TRUE(folder.exists("program/ENS"));
+    EXPECT_TRUE(folder.exists("program/temp"));
+}
+
+TEST_F(MainTest, NeighbourhoodsAreListedInTheOrderOfTheirLines) {
+    test::installGame(folder);
+    for (const char* name : {"UserData10", "UserData", "UserDataOld", "UserData2"}) {
+        makeSims(name, 0);
+    }
+    frmMain& window = show();
+    auto* list = find<QListWidget>(window, "lstUserDataDir");
+    QStringList lines;
+    for (int i = 0; i < list->count(); ++i) {
+        lines.append(list->item(i)->text());
+    }
+    EXPECT_EQ(lines,
+              (QStringList{"Neighborhood 01   (UserData)", "Neighborhood 02   (UserData2)",
+                           "Neighborhood 10   (UserData10)", "Neighborhood Old   (UserDataOld)"}));
+    EXPECT_EQ(list->currentRow(), -1);
+}
+
+TEST_F(MainTest, TheLastNeighbourhoodIsSelectedAgain) {
+    test::installGame(folder);
+    makeSims("UserData", 1);
+    makeSims("UserData2", 3);
+    writeSetting(setting::kLastNeighborhood, "Neighborhood 02   (UserData2)");
+    frmMain& window = show();
+    EXPECT_EQ(find<QListWidget>(window, "lstUserDataDir")->currentRow(), 1);
+    EXPECT_EQ(nameIn(window, 2), "Sim 3");
+}
+
+TEST_F(MainTest, ALastNeighbourhoodThatHasGoneSelectsNothing) {
+    test::installGame(folder);
+    makeSims("UserData", 1);
+    writeSetting(setting::kLastNeighborhood, "Neighborhood 07   (UserData7)");
+    frmMain& window = show();
+    EXPECT_EQ(find<QListWidget>(window, "lstUserDataDir")->currentRow(), -1);
+    EXPECT_EQ(nameIn(window, 0), "");
+}
+
+TEST_F(MainTest, TheListIsReadAgainOnlyWhenNoSimsAreListed) {
+    frmMain& window = showSims(1);
+    makeSims("UserData2", 1);
+    window.Form_Activate();
+    auto* list = find<QListWidget>(window, "lstUserDataDir");
+    EXPECT_EQ(list->count(), 1);
+    // An empty neighbourhood: the next activation reads anew and goes back to the stored line.
+    std::filesystem::remove(folder.game() / "UserData/Characters" / fileName(1));
+    chooseLine(window, 0);
+    writeSetting(setting::kLastNeighborhood, "Neighborhood 02   (UserData2)");
+    window.Form_Activate();
+    EXPECT_EQ(list->count(), 2);
+    EXPECT_EQ(list->currentRow(), 1);
+    EXPECT_EQ(nameIn(window, 0), "Sim 1");
+}
+
+TEST_F(MainTest, AnOddBackupSettingShowsUncheckedUntilItIsToggled) {
+    writeSetting(setting::kBackupSavedFile, "2");
+    test::installGame(folder);
+    frmMain& window = show();
+    EXPECT_FALSE(window.backupWanted());
+    EXPECT_EQ(readSetting(setting::kBackupSavedFile), "2");
+    auto* entry = window.findChild<QAction*>("smenuBackup");
+    entry->trigger();
+    EXPECT_TRUE(window.backupWanted());
+    EXPECT_EQ(readSetting(setting::kBackupSavedFile), "1");
+    entry->trigger();
+    EXPECT_EQ(readSetting(setting::kBackupSavedFile), "0");
+}
+
+TEST_F(MainTest, ATextThatIsNoNumberCountsAsZero) {
+    writeSetting(setting::kBackupSavedFile, "yes");
+    test::installGame(folder);
+    EXPECT_FALSE(show().backupWanted());
+}
+
+TEST_F(MainTest, AFolderThatCantBeWrittenIsToldAtStart) {
+    test::installGame(folder);
+    ProgramFolder = folder.path("nowhere");
+    script.answer();
+    script.whenShown("frmTitle", [](QWidget& title) { title.close(); });
+    startProgram();
+    ASSERT_GE(script.messages().size(), 1U);
+    EXPECT_TRUE(script.messages()[0].text.contains(toDisplay(folder.path("nowhere"))));
+}
+
+// The page.
+
+TEST_F(MainTest, AChosenNeighbourhoodFillsThePage) {
+    frmMain& window = showSims(3);
+    EXPECT_EQ(nameIn(window, 0), "Sim 1");
+    EXPECT_EQ(nameIn(window, 2), "Sim 3");
+    EXPECT_EQ(nameIn(window, 3), "");
+    EXPECT_EQ(pagePixel(window, 1) & 0xFFFFFF, 0x3366CCU);
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
+    EXPECT_EQ(textOf(window, "txtSimName"), "User1 - Sim 1");
+    EXPECT_FALSE(pointerIsBusy());
+}
+
+TEST_F(MainTest, PagingStopsAtBothEnds) {
+    frmMain& window = showSims(50);
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
+    click(window, "cmdPrevious");
+    click(window, "cmdFirst");
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
+    click(window, "cmdNext");
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
+    EXPECT_EQ(nameIn(window, 0), "Sim 50");
+    EXPECT_EQ(nameIn(window, 1), "");
+    EXPECT_EQ(textOf(window, "txtSimName"), "User50 - Sim 50");
+    click(window, "cmdNext");
+    click(window, "cmdLast");
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
+    click(window, "cmdPrevious");
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
+    click(window, "cmdLast");
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
+    click(window, "cmdFirst");
+    EXPECT_EQ(nameIn(window, 48), "Sim 49");
+    EXPECT_EQ(window.focusWidget(), find<QWidget>(window, "cmdFocus"));
+}
+
+TEST_F(MainTest, FortyNineSimsAreOnePage) {
+    frmMain& window = showSims(49);
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
+    click(window, "cmdNext");
+    EXPECT_EQ(nameIn(window, 48), "Sim 49");
+}
+
+TEST_F(MainTest, TheLastPageOfAnEmptyListDoesNoHarm) {
+    frmMain& window = showSims(0);
+    click(window, "cmdLast");
+    clickCell(window, 0);
+    click(window, "cmdNext");
+    click(window, "cmdFirst");
+    EXPECT_EQ(nameIn(window, 0), "");
+    makeSims("UserData", 2);
+    click(window, "cmdLast");
+    chooseLine(window, 0);
+    EXPECT_EQ(nameIn(window, 1), "Sim 2");
+}
+
+TEST_F(MainTest, ABadFileCostsACellAndNotThePage) {
+    test::installGame(folder);
+    makeSims("UserData", 3);
+    std::string bad = test::segment("OBJD", 1, 1, "user2", "");
+    bad.replace(4, 4, test::big32(75));
+    folder.write("game/UserData/Characters/" + fileName(2), test::fileHead(0) + bad);
+    frmMain& window = show();
+    chooseLine(window, 0);
+    EXPECT_EQ(nameIn(window, 0), "Sim 1");
+    EXPECT_EQ(nameIn(window, 1), "* ERROR *\n Can't Load!!");
+    EXPECT_EQ(nameIn(window, 2), "Sim 3");
+    const QImage stock = find<PictureBox>(window, "picCanNotLoad")->picture();
+    EXPECT_EQ(pagePixel(window, 1) & 0xFFFFFF, stock.pixel(22, 22) & 0xFFFFFF);
+    clickCell(window, 1);
+    EXPECT_EQ(textOf(window, "txtSimName"), "* ERROR * Can not load user00002.iff");
+    click(window, "cmdSelect");  // nothing happens
+}
+
+TEST_F(MainTest, ASimWithoutAWebImageShowsTheStockPictureAndItsName) {
+    test::installGame(folder);
+    makeSims("UserData", 1);
+    folder.write("game/UserData/Characters/" + fileName(1),
+                 test::fileHead(0) + test::segment("OBJD", 1, 1, "uSer1 label", "") +
+                     test::segment("CTSS", 2000, 16, "", test::stringTable({"No Face"})) +
+                     test::segment("STR#", 200, 16, "", test::stringTable(simRows({}))));
+    folder.write("program/web_image.BMP", test::bitmapFile(45, 45, 0xFF0000));
+    frmMain& window = show();
+    chooseLine(window, 0);
+    const QImage stock = find<PictureBox>(window, "picNotFound")->picture();
+    EXPECT_EQ(pagePixel(window, 0) & 0xFFFFFF, stock.pixel(22, 22) & 0xFFFFFF);
+    EXPECT_EQ(nameIn(window, 0), "No Face");
+    EXPECT_EQ(textOf(window, "txtSimName"), "uSer1 label");
+}
+
+TEST_F(MainTest, AFileWithoutNamesShowsItsFileName) {
+    test::installGame(folder);
+    makeSims("UserData", 1);
+    folder.write(
+        "game/UserData/Characters/" + fileName(1),
+        test::fileHead(0) + test::segment("STR#", 200, 16, "", test::stringTable(simRows({}))));
+    frmMain& window = show();
+    chooseLine(window, 0);
+    EXPECT_EQ(nameIn(window, 0), "");
+    EXPECT_EQ(textOf(window, "txtSimName"), "user00001.iff");
+}
+
+TEST_F(MainTest, AFileWithoutAWardrobeGoesToTheReport) {
+    test::installGame(folder);
+    makeSims("UserData", 2);
+    folder.write("game/UserData/Characters/" + fileName(2),
+                 test::fileHead(0) + test::segment("OBJD", 1, 1, "user2", ""));
+    frmMain& window = show();
+    chooseLine(window, 0);
+    script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
+    clickCell(window, 1);
+    EXPECT_TRUE(script.isDone());
+    EXPECT_NE(folder.read("program/errorlog.txt").find("Error: 9\r\n"), std::string::npos);
+    EXPECT_NE(folder.read("program/errorlog.txt").find("Procedure: msDisplaySim\r\n"),
+              std::string::npos);
+}
+
+TEST_F(MainTest, AClickShowsASimWithAnyButton) {
+    frmMain& window = showSims(5);
+    clickCell(window, 3, Qt::RightButton);
+    EXPECT_EQ(textOf(window, "txtSimName"), "User4 - Sim 4");
+    EXPECT_FALSE(find<PictureBox>(window, "picSim")->painted().isNull());
+}
+
+TEST_F(MainTest, AClickOnAnEmptyCellMovesTheFrameAndClearsTheSim) {
+    frmMain& window = showSims(5);
+    clickCell(window, 20);
+    EXPECT_EQ(textOf(window, "txtSimName"), "");
+    EXPECT_TRUE(find<PictureBox>(window, "picSim")->painted().isNull());
+    click(window, "cmdSelect");  // nothing happens
+    tick(window);
+    tick(window);
+    EXPECT_TRUE(framed(window, 20) || (tick(window), framed(window, 20)));
+    EXPECT_FALSE(framed(window, 0));
+}
+
+TEST_F(MainTest, TheFrameBlinksAndIsNeverKeptInTheImage) {
+    frmMain& window = showSims(2);
+    const QImage before = find<PictureBox>(window, "picThumbs")->painted();
+    tick(window);
+    const bool first = framed(window, 0);
+    tick(window);
+    EXPECT_NE(framed(window, 0), first);
+    tick(window);
+    EXPECT_EQ(framed(window, 0), first);
+    EXPECT_EQ(find<PictureBox>(window, "picThumbs")->painted(), before);
+    clickCell(window, 1);
+    EXPECT_FALSE(framed(window, 0));
+}
+
+TEST_F(MainTest, TheTimerRunsAtThreeHertzAndStandsStillDuringPainting) {
+    frmMain& window = showSims(2);
+    EXPECT_EQ(window.findChild<QTimer*>("Timer1")->interval(), 333);
+    EXPECT_TRUE(window.findChild<QTimer*>("Timer1")->isActive());
+    const bool before = framed(window, 0);
+    const InputGuard guard;
+    tick(window);
+    EXPECT_EQ(framed(window, 0), before);
+}
+
+TEST_F(MainTest, ClicksDuringPaintingAreThrownAway) {
+    frmMain& window = showSims(50);
+    const InputGuard guard;
+    click(window, "cmdNext");
+    clickCell(window, 3);
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
+    EXPECT_EQ(textOf(window, "txtSimName"), "User1 - Sim 1");
+}
+
+TEST_F(MainTest, TheToolTipIsTheFilesName) {
+    frmMain& window = showSims(2);
+    auto* page = find<QWidget>(window, "picThumbs");
+    QTest::mouseMove(page, centreOf(1));
+    EXPECT_EQ(page->toolTip(), "user00002.iff");
+    QTest::mouseMove(page, centreOf(9));
+    EXPECT_EQ(page->toolTip(), "");
+}
+
+TEST_F(MainTest, ArrowsActAsClicksAndStayOnThePage) {
+    frmMain& window = showSims(20);
+    auto* page = find<QWidget>(window, "picThumbs");
+    page->setFocus();
+    QTest::keyClick(page, Qt::Key_Right);
+    EXPECT_EQ(textOf(window, "txtSimName"), "User2 - Sim 2");
+    QTest::keyClick(page, Qt::Key_Down);
+    EXPECT_EQ(textOf(window, "txtSimName"), "User9 - Sim 9");
+    QTest::keyClick(page, Qt::Key_Left);
+    QTest::keyClick(page, Qt::Key_Left);
+    EXPECT_EQ(textOf(window, "txtSimName"), "User8 - Sim 8");
+    QTest::keyClick(page, Qt::Key_Up);
+    QTest::keyClick(page, Qt::Key_Up);
+    EXPECT_EQ(textOf(window, "txtSimName"), "User1 - Sim 1");
+}
+
+// Opening an editor.
+
+TEST_F(MainTest, EditThisSimStoresTheLineAndOpensTheWardrobe) {
+    frmMain& window = showSims(2);
+    clickCell(window, 1);
+    script.whenShown("frmEditSim", [](QWidget& editor) {
+        EXPECT_EQ(textOf(editor, "txtName"), "Sim 2  (User2 - Sim 2)");
+        EXPECT_FALSE(pointerIsBusy());
+        click(editor, "cmdCancel");
+    });
+    click(window, "cmdSelect");
+    EXPECT_TRUE(script.isDone());
+    EXPECT_EQ(readSetting(setting::kLastNeighborhood), "Neighborhood 01   (UserData)");
+}
+
+TEST_F(MainTest, ADoubleClickSelectsAndOpens) {
+    frmMain& window = showSims(3);
+    script.whenShown("frmEditSim", [](QWidget& editor) {
+        EXPECT_EQ(textOf(editor, "txtName"), "Sim 3  (User3 - Sim 3)");
+        click(editor, "cmdCancel");
+    });
+    auto* page = find<QWidget>(window, "picThumbs");
+    QTest::mouseClick(page, Qt::LeftButton, Qt::NoModifier, centreOf(2));
+    QTest::mouseDClick(page, Qt::LeftButton, Qt::NoModifier, centreOf(2));
+    EXPECT_TRUE(script.isDone());
+}
+
+TEST_F(MainTest, EnterOnThePageOpensToo) {
+    frmMain& window = showSims(1);
+    script.whenShown("frmEditSim", [](QWidget& editor) { click(editor, "cmdCancel"); });
+    QTest::keyClick(find<QWidget>(window, "picThumbs"), Qt::Key_Return);
+    EXPECT_TRUE(script.isDone());
+}
+
+// Menus and the end.
+
+TEST_F(MainTest, TheMenusHaveTheirEntries) {
+    test::installGame(folder);
+    frmMain& window = show();
+    QStringList texts;
+    for (const QAction* menu : window.menuBar()->actions()) {
+        texts.append(menu->text());
+        for (const QAction* entry : menu->menu()->actions()) {
+            texts.append(entry->text());
+        }
+    }
+    EXPECT_EQ(texts,
+              (QStringList{"&File", "E&xit", "&Options", "&Create Backup File", "&Set Path ...",
+                           "&Tools", "&Export Skin Names", "&Fix Fit to Skinny Sims",
+                           "&Manage Skins In FAR Files", "&Remove Pink Gorilla Formal Hands"}));
+}
+
+TEST_F(MainTest, ANewPathTakesEffectAtTheNextClick) {
+    frmMain& window = showSims(1);
+    folder.write("other/Sims.exe", "");
+    folder.write("other/UserData/Characters/user00007.iff",
+                 test::simFile(simRows({}), "Other Sim", "user7"));
+    script.whenShown("frmSetPath", [&](QWidget& path) {
+        auto* box = find<QLineEdit>(path, "txtLocation");
+        box->selectAll();
+        QTest::keyClicks(box, toDisplay(folder.path("other")));
+        click(path, "cmdOK");
+    });
+    window.findChild<QAction*>("smenuSetPath")->trigger();
+    EXPECT_EQ(nameIn(window, 0), "Sim 1");
+    chooseLine(window, 0);
+    EXPECT_EQ(nameIn(window, 0), "Other Sim");
+}
+
+TEST_F(MainTest, LeavingAsksFirst) {
+    test::installGame(folder);
+    frmMain& window = show();
+    script.answer(QMessageBox::No);
+    window.close();
+    EXPECT_TRUE(window.isVisible());
+    script.answer(QMessageBox::Yes);
+    window.findChild<QAction*>("smenuExit")->trigger();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(script.messages()[0].title, "Confirm Action");
+    EXPECT_EQ(script.messages()[0].text, "Exit this program?");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Question);
+    EXPECT_TRUE(script.messages()[0].yesNo);
+}
+
+TEST_F(MainTest, TheStrictListingWritesAndShowsItsReport) {
+    frmMain& window = showSims(1);
+    folder.write("game/UserData/Characters/user00002.iff", test::fileHead(0) + "xx");
+    script.answer();
+    window.msGetSimFileNames();
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Invalid User IFF Files");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(script.messages()[0].text,
+              QString::fromStdString(folder.read("program/badobjects.txt")));
+    EXPECT_TRUE(script.messages()[0].text.contains("user00002.iff"));
+}
+
+}  // namespace
+}  // namespace marlowick

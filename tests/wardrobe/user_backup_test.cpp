@@ -1,0 +1,78 @@
+#include "wardrobe/user_backup.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/files.h"
+#include "support/error_recorder.h"
+#include "support/test_folder.h"
+
+namespace marlowick {
+namespace {
+
+std::tm at(int hour, int minute) {
+    std::tm time{};
+    time.tm_year = 126;
+    time.tm_mon = 2;
+    time.tm_mday = 9;
+    time.tm_hour = hour;
+    time.tm_min = minute;
+    time.tm_sec = 59;
+    return time;
+}
+
+class UserBackupTest : public ::testing::Test {
+  protected:
+    UserBackupTest() {
+        setBackupClock([this] { return now; });
+    }
+    ~UserBackupTest() override { setBackupClock({}); }
+
+    std::vector<std::string> backups() { return searchFiles(folder.path("program\\Backup"), "*"); }
+
+    test::TestFolder folder;
+    test::ErrorRecorder recorder;
+    std::tm now = at(14, 7);
+};
+
+TEST_F(UserBackupTest, TheNameIsMadeOfFileSimNeighbourhoodAndTime) {
+    folder.write("game/UserData2/Characters/User00012.iff", "old");
+    const Path file = folder.path("game\\UserData2\\characters\\user00012.IFF");
+    EXPECT_EQ(backupName(file, "Mara Quill  (user00012 - Mara Quill)", now),
+              "User00012iff_MaraQuill_UserData2_20260309_140707");
+    EXPECT_EQ(backupName(file, "Xno dash", now), "User00012iff_nodash_UserData2_20260309_140707");
+    EXPECT_EQ(backupName(file, "Anne-Marie (user - x)", now),
+              "User00012iff_arieuser-x_UserData2_20260309_140707");
+    EXPECT_EQ(backupName(file, "", now), "User00012iff__UserData2_20260309_140707");
+}
+
+TEST_F(UserBackupTest, TheFolderIsMadeAndTheFileCopied) {
+    folder.write("game/UserData/Characters/user1.iff", "old content");
+    const Path file = folder.path("game\\UserData\\characters\\user1.iff");
+    EXPECT_TRUE(msMakeUserBackup(file, "A  (user1 - A)"));
+    EXPECT_EQ(backups(), std::vector<std::string>{"user1iff_A_UserData_20260309_140707"});
+    EXPECT_EQ(folder.read("program/Backup/user1iff_A_UserData_20260309_140707"), "old content");
+}
+
+TEST_F(UserBackupTest, TwoBackupsWithinAMinuteShareTheName) {
+    folder.write("game/UserData/Characters/user1.iff", "a longer first content");
+    const Path file = folder.path("game\\UserData\\characters\\user1.iff");
+    EXPECT_TRUE(msMakeUserBackup(file, "A  (user1 - A)"));
+    folder.write("game/UserData/Characters/user1.iff", "second");
+    EXPECT_TRUE(msMakeUserBackup(file, "A  (user1 - A)"));
+    ASSERT_EQ(backups().size(), 1U);
+    EXPECT_EQ(folder.read("program/Backup/" + backups().front()), "second");
+    now = at(14, 8);
+    EXPECT_TRUE(msMakeUserBackup(file, "A  (user1 - A)"));
+    EXPECT_EQ(backups().size(), 2U);
+}
+
+TEST_F(UserBackupTest, AFailureIsReportedAndTold) {
+    EXPECT_FALSE(msMakeUserBackup(folder.path("game\\UserData\\characters\\gone.iff"), "A - B"));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].module, "frmEditSim");
+    EXPECT_EQ(recorder.reports()[0].procedure, "msMakeUserBackup");
+    EXPECT_EQ(recorder.reports()[0].checkpoint, 3000);
+}
+
+}  // namespace
+}  // namespace marlowick
