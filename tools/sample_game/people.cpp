@@ -136,6 +136,9 @@ Sim makeSim(int place, Random& random) {
     sim.age = child ? "child" : "adult";
     sim.body = child ? Body::Child : kBodies[random.below(4)];
     sim.rows = kGenerations[place % 8];
+    if (sim.rows == 31 && !child) {
+        sim.rows = 33;  // an adult of this generation has all three of its rows
+    }
     sim.look = {sim.tone,        sim.female,      child,           random.below(12),
                 random.below(6), random.below(4), random.below(8), random.below(6)};
     return sim;
@@ -171,9 +174,13 @@ std::vector<std::string> wardrobeRows(const Sim& sim) {
     put(29, sim.female && !child ? "HfLO,HAND=gfao_bride" : "");
     put(30, sim.female && !child ? "HfRO,HAND=gfao_bride" : "");
     const bool later = sim.rows > 33;
-    put(31, child ? (later ? "ADDED" : "") : outfit(sim, "f100", "original"));
-    put(32, child && !later ? "" : outfit(sim, "s100", "original"));
-    put(33, child && !later ? "" : outfit(sim, "l100", "original"));
+    // Every other sim has chosen something of its own.
+    const bool own = sim.number % 2 == 1;
+    const std::string model = own ? "201" : "100";
+    const std::string variant = own ? "evening" : "original";
+    put(31, child ? (later ? "ADDED" : "") : outfit(sim, "f" + model, variant));
+    put(32, child && !later ? "" : outfit(sim, "s" + model, variant));
+    put(33, child && !later ? "" : outfit(sim, "l" + model, variant));
     put(34, outfit(sim, "w100", "original"));
     put(35, child ? "ADDED" : outfit(sim, "h100", "original"));
     return rows;
@@ -313,7 +320,7 @@ const Quirk kQuirks[] = {
     {25, "a woman with pink formal hands",
      [](Sim& sim, Rows& rows, Segments& s, MapPlace&) {
          if (s.empty()) {
-             makeAdult(sim, true, Body::Fat, 31, rows);
+             makeAdult(sim, true, Body::Fat, 34, rows);
              rows[28] = "HfLO,HAND=guao_pinkg";
              rows[29] = "HfRO,HAND=guao_pinkg";
          }
