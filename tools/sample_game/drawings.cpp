@@ -150,7 +150,9 @@ void drawMannequinHead(Canvas& canvas, const Figure& figure, const Frame& f, Col
     const double y = f.top - radius - 3;
     const Colour hair = figure.tone == Tone::Dark ? kHair[0] : pick(kHair, figure.variant + 3U);
     if (figure.female) {
-        canvas.ellipse({50, y + 2}, radius + 2.5, radius + 5, hair);
+        canvas.ellipse({50, y}, radius + 1.6, radius + 1.4, hair);
+        canvas.stroke({{50 - radius * 0.9, y}, {50 - radius, f.top + 5}}, 4, hair);
+        canvas.stroke({{50 + radius * 0.9, y}, {50 + radius, f.top + 5}}, 4, hair);
     }
     canvas.rect(47, f.top - 6, 53, f.top + 3, darker(skin, 12));
     canvas.ellipse({50, y}, radius * 0.88, radius, skin);

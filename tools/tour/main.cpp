@@ -51,9 +51,15 @@ void addSteps(Driver& driver) {
     driver.add("wardrobe", whenShown("frmEditSim"), openTab("frmEditSim", "tabSkins", "Swimsuit"));
     driver.add("swimsuit", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdDefaultSwimsuit"));
     driver.add("default-question", whenAsked("Confirm Action"), answer("Yes"));
-    for (const char* tab : {"Formal", "Pajamas", "Nude", "Winter", "H. Fashion", "Hands"}) {
-        driver.add(QString("before-%1").arg(QString(tab).toLower().remove(' ').remove('.')),
-                   whenShown("frmEditSim"), openTab("frmEditSim", "tabSkins", tab));
+    // Each picture shows the tab that the step before it has opened.
+    struct Tab {
+        const char* shown;
+        const char* next;
+    };
+    for (const Tab& tab :
+         {Tab{"default-swimsuit", "Formal"}, Tab{"formal", "Pajamas"}, Tab{"pajamas", "Nude"},
+          Tab{"nude", "Winter"}, Tab{"winter", "H. Fashion"}, Tab{"high-fashion", "Hands"}}) {
+        driver.add(tab.shown, whenShown("frmEditSim"), openTab("frmEditSim", "tabSkins", tab.next));
     }
     driver.add("hands", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdSave"));
     driver.add("save-question", whenAsked("Confirm Action"), answer("Yes"));

@@ -1,0 +1,257 @@
+// Walks through every window and looks at each control as a person does: is a text cut, do two
+// controls overlap, does each have a name for a screen reader, does Tab go in reading order.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "browser/frmMain.h"
+#include "foundation/error_trap.h"
+#include "foundation/frmSetPath.h"
+#include "foundation/frmTitle.h"
+#include "foundation/game.h"
+#include "platform/picture_box.h"
+#include "support/user_file_builder.h"
+#include "support/window_driver.h"
+#include "wardrobe/frmEditSim.h"
+
+namespace marlowick {
+namespace {
+
+using test::click;
+using test::find;
+
+std::string describe(const QWidget* control) {
+    return control->objectName().toStdString() + " of " +
+           control->window()->objectName().toStdString();
+}
+
+bool isInSight(const QWidget* control) {
+    return control->isVisible() && control->geometry().right() >= 0;
+}
+
+void checkLabel(const QLabel* label) {
+    if (label->text().isEmpty()) {
+        return;
+    }
+    if (label->wordWrap()) {
+        EXPECT_LE(label->heightForWidth(label->width()), label->height()) << describe(label);
+        return;
+    }
+    const QFontMetrics metrics(label->font());
+    for (const QString& line : label->text().split('\n')) {
+        EXPECT_LE(metrics.horizontalAdvance(line), label->width()) << describe(label);
+    }
+    EXPECT_LE(metrics.lineSpacing() * label->text().split('\n').size(), label->height() + 1)
+        << describe(label);
+}
+
+// A long text in a box scrolls, and its tool tip shows it whole.
+void checkBox(const QLineEdit* box) {
+    const QFontMetrics metrics(box->font());
+    if (metrics.horizontalAdvance(box->text()) > box->width() - 8) {
+        EXPECT_EQ(box->toolTip(), box->text()) << describe(box);
+    }
+    EXPECT_GE(box->height(), metrics.height()) << describe(box);
+}
+
+void checkTexts(const QWidget& window) {
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        if (isInSight(label)) {
+            checkLabel(label);
+        }
+    }
+    for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+        if (isInSight(button) && !button->text().isEmpty()) {
+            EXPECT_GE(button->width(), button->minimumSizeHint().width()) << describe(button);
+            EXPECT_GE(button->height(), button->fontMetrics().height()) << describe(button);
+        }
+    }
+    for (const QLineEdit* box : window.findChildren<QLineEdit*>()) {
+        if (isInSight(box)) {
+            checkBox(box);
+        }
+    }
+    for (const QGroupBox* box : window.findChildren<QGroupBox*>()) {
+        if (isInSight(box)) {
+            EXPECT_LT(box->fontMetrics().horizontalAdvance(box->title()), box->width())
+                << describe(box);
+        }
+    }
+    for (const QTabBar* bar : window.findChildren<QTabBar*>()) {
+        for (int i = 0; i < bar->count(); ++i) {
+            EXPECT_GE(bar->tabRect(i).width(),
+                      bar->fontMetrics().horizontalAdvance(bar->tabText(i)));
+        }
+        EXPECT_LE(bar->tabRect(bar->count() - 1).right(), bar->parentWidget()->width());
+    }
+}
+
+// No control lies over another, and none reaches out of the window.
+void checkPlaces(const QWidget& parent) {
+    QList<QWidget*> shown;
+    for (QWidget* child : parent.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (isInSight(child) && !child->isWindow() && !child->inherits("QMenuBar")) {
+            shown.append(child);
+        }
+    }
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        EXPECT_TRUE(parent.rect().contains(shown[i]->geometry())) << describe(shown[i]);
+        for (qsizetype j = i + 1; j < shown.size(); ++j) {
+            EXPECT_FALSE(shown[i]->geometry().intersects(shown[j]->geometry()))
+                << describe(shown[i]) << " over " << describe(shown[j]);
+        }
+        const bool container = shown[i]->inherits("QGroupBox") ||
+                               shown[i]->inherits("QTabWidget") ||
+                               shown[i]->inherits("QStackedWidget") ||
+                               std::string(shown[i]->metaObject()->className()) == "QWidget";
+        if (container) {
+            checkPlaces(*shown[i]);
+        }
+    }
+}
+
+void checkNames(const QWidget& window) {
+    QList<const QWidget*> labelled;
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        if (label->buddy() != nullptr) {
+            labelled.append(label->buddy());
+        }
+    }
+    for (const QWidget* control : window.findChildren<QWidget*>()) {
+        const bool takesFocus = (control->focusPolicy() & Qt::TabFocus) != 0 && isInSight(control);
+        const bool ownChild =
+            control->objectName().startsWith("qt_") || control->objectName().isEmpty();
+        if (!takesFocus || ownChild) {
+            continue;
+        }
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        const bool named = !control->accessibleName().isEmpty() || labelled.contains(control) ||
+                           (button != nullptr && !button->text().isEmpty()) ||
+                           control->inherits("QTabWidget");
+        EXPECT_TRUE(named) << describe(control);
+    }
+}
+
+void look(const QWidget& window) {
+    checkTexts(window);
+    checkPlaces(window);
+    checkNames(window);
+}
+
+// The object names that Tab leads through, from the first.
+QStringList tabOrder(QWidget& window, const char* first) {
+    QStringList names;
+    QWidget* start = find<QWidget>(window, first);
+    QWidget* control = start;
+    do {
+        if ((control->focusPolicy() & Qt::TabFocus) != 0 && isInSight(control) &&
+            control->isVisibleTo(&window) && !control->objectName().startsWith("qt_")) {
+            names.append(control->objectName());
+        }
+        control = control->nextInFocusChain();
+    } while (control != start);
+    return names;
+}
+
+class WindowWalkTest : public test::WindowTest {
+  protected:
+    void makeGame() {
+        test::installGame(folder);
+        const std::string label =
+            "user00001 - A Name That Is Longer Than The Box It Stands In, By Far";
+        for (int i = 1; i <= 50; ++i) {
+            const std::string number = std::to_string(10000 + i);
+            folder.write(
+                "game/UserData/Characters/user" + number + ".iff",
+                test::simFile(test::simRows({}), "Bartholomew Featherstonehaugh " + number, label));
+        }
+        folder.write("game/UserData/Characters/user00000.iff", std::string(200, 'x'));
+    }
+};
+
+TEST_F(WindowWalkTest, Title) {
+    test::installGame(folder);
+    script.whenShown("frmTitle", [](QWidget& window) {
+        look(window);
+        EXPECT_EQ(tabOrder(window, "Text1"), (QStringList{"Text1", "cmdOK"}));
+        QTest::keyClick(&window, Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    theWindow<frmTitle>().showModal();
+}
+
+TEST_F(WindowWalkTest, Main) {
+    makeGame();
+    auto& window = theWindow<frmMain>();
+    window.showMain();
+    find<QListWidget>(window, "lstUserDataDir")->setCurrentRow(0);
+    look(window);
+    EXPECT_EQ(tabOrder(window, "lstUserDataDir"),
+              (QStringList{"lstUserDataDir", "txtSimName", "cmdSelect", "picThumbs", "cmdFirst",
+                           "cmdPrevious", "txtPageCount", "cmdNext", "cmdLast"}));
+    EXPECT_EQ(find<QWidget>(window, "picThumbs")->size(), QSize(481, 481));
+    EXPECT_EQ(find<QWidget>(window, "picSim")->size(), QSize(261, 261));
+    EXPECT_EQ(window.height(), 582);
+    for (const char* hidden :
+         {"picRender", "picLoad", "picNotFound", "picCanNotLoad", "cmdFocus"}) {
+        EXPECT_LT(find<QWidget>(window, hidden)->geometry().right(), 0) << hidden;
+    }
+}
+
+TEST_F(WindowWalkTest, SetPath) {
+    script.whenShown("frmSetPath", [](QWidget& window) {
+        look(window);
+        EXPECT_EQ(tabOrder(window, "txtLocation"),
+                  (QStringList{"txtLocation", "cmdFindPath", "txtRegistry", "cmdUseReg", "cmdOK",
+                               "cmdCancel"}));
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    });
+    theWindow<frmSetPath>().showModal();
+}
+
+TEST_F(WindowWalkTest, ErrorReport) {
+    script.whenShown("frmErrorDialog", [](QWidget& window) {
+        look(window);
+        EXPECT_EQ(tabOrder(window, "txtMessage"),
+                  (QStringList{"txtMessage", "cmdEnd", "cmdCopy", "cmdWebPage", "cmdMailTo"}));
+        window.close();
+    });
+    trapped("frmEditSim", "msDisplayUserData", [] { throw RuntimeError(9); });
+}
+
+TEST_F(WindowWalkTest, Wardrobe) {
+    makeGame();
+    auto& editor = theWindow<frmEditSim>();
+    editor.LoadUserFile = folder.path("game\\UserData\\characters\\user10001.iff");
+    script.whenShown("frmEditSim", [](QWidget& window) {
+        auto* tabs = find<QTabWidget>(window, "tabSkins");
+        for (int i = 0; i < tabs->count(); ++i) {
+            tabs->setCurrentIndex(i);
+            QTest::qWait(20);
+            look(window);
+        }
+        tabs->setCurrentIndex(1);
+        const QStringList order = tabOrder(window, "optFit");
+        EXPECT_EQ(order.mid(0, 10).join(' '),
+                  "optFit optFat optSkinny cmdEnsLoad cmdEnsSave txtName txtAge txtGender "
+                  "txtSkinTone tabSkins");
+        EXPECT_EQ(order.mid(order.size() - 6).join(' '),
+                  "txtSwimsuitBody txtSwimsuitSkin cmdChangeSwimsuit cmdDefaultSwimsuit cmdSave "
+                  "cmdCancel");
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    });
+    editor.showModal();
+    EXPECT_TRUE(script.isDone());
+}
+
+}  // namespace
+}  // namespace marlowick
