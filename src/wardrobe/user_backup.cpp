@@ -1,35 +1,16 @@
 #include "wardrobe/user_backup.h"
 
 #include <array>
-#include <utility>
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/game_text.h"
 
 namespace marlowick {
 namespace {
-
-std::function<std::tm()>& backupClock() {
-    static std::function<std::tm()> clock;
-    return clock;
-}
-
-std::tm localTime() {
-    if (backupClock()) {
-        return backupClock()();
-    }
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-#ifdef _WIN32
-    localtime_s(&local, &now);
-#else
-    localtime_r(&now, &local);
-#endif
-    return local;
-}
 
 // From the second character behind the first "-": the object label reads "user00012 - name".
 std::string nameInLabel(const std::string& simName) {
@@ -73,10 +54,6 @@ bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
         CheckpointNumber = 3000;
         copyFile(userFile, folder.child(name));
     });
-}
-
-void setBackupClock(std::function<std::tm()> clock) {
-    backupClock() = std::move(clock);
 }
 
 }  // namespace marlowick

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <ctime>
-#include <functional>
 #include <string>
 
 #include "platform/path.h"
@@ -18,10 +17,7 @@ inline Path gstrUserFile;
 std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time);
 
 // Copies the user file into the program folder's "\Backup", which is made if it is missing.
-// Trapped (frmEditSim, msMakeUserBackup); false after a failure.
+// The stamp is localTime(). Trapped (frmEditSim, msMakeUserBackup); false after a failure.
 bool msMakeUserBackup(const Path& userFile, const std::string& simName);
-
-// The local time as the backup's stamp sees it; a test sets its own, an empty one is the clock.
-void setBackupClock(std::function<std::tm()> clock);
 
 }  // namespace marlowick

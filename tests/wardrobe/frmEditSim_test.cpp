@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -19,83 +20,21 @@
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
-#include "wardrobe/user_backup.h"
+#include "wardrobe/edit_sim_test.h"
 #include "wardrobe/wardrobe_fields.h"
 
 namespace marlowick {
 namespace {
 
 using test::click;
+using test::EditSimTest;
 using test::find;
+using test::kFile;
 using test::simRows;
 using test::SimRows;
 using test::textOf;
 
 const QString kSaved = "Mara Quill  (user00001 - Mara Quill) has been saved.";
-constexpr const char* kFile = "game/UserData/Characters/user00001.iff";
-
-class EditSimTest : public test::WindowTest {
-  protected:
-    EditSimTest() {
-        std::tm noon{};
-        noon.tm_year = 126;
-        noon.tm_mday = 1;
-        noon.tm_hour = 12;
-        setBackupClock([noon] { return noon; });
-    }
-    ~EditSimTest() override { setBackupClock({}); }
-
-    void makeSim(const SimRows& sim = {}) { makeSimOf(simRows(sim)); }
-    void makeSimOf(const std::vector<std::string>& rows) {
-        content = test::simFile(rows);
-        folder.write(kFile, content);
-    }
-
-    // A skin in the game's folder, as a picture of one colour.
-    void makeSkin(const std::string& name, unsigned rgb) {
-        folder.write("game/GameData/Skins/" + name + ".bmp", test::bitmapFile(8, 8, rgb));
-    }
-
-    // Opens the window on the sim and does something in it.
-    void open(std::function<void(QWidget&)> action) {
-        auto& editor = theWindow<frmEditSim>();
-        editor.LoadUserFile = folder.path("game\\UserData\\characters\\user00001.iff");
-        script.whenShown("frmEditSim", std::move(action));
-        editor.showModal();
-        EXPECT_TRUE(script.isDone());
-    }
-
-    static QRgb colourOf(QWidget& window, const char* picture) {
-        const QImage image = find<PictureBox>(window, picture)->picture();
-        return image.isNull() ? 0 : image.pixel(image.width() / 2, image.height() / 2) & 0xFFFFFF;
-    }
-
-    static bool shows(QWidget& window, const char* picture, const char* stock) {
-        return find<PictureBox>(window, picture)->picture() ==
-               find<PictureBox>(window, stock)->picture();
-    }
-
-    // The rows that a save has changed.
-    std::map<int, std::string> changedRows(const std::vector<std::string>& before) {
-        const std::vector<std::string> after = test::rowsOfFile(folder.read(kFile));
-        EXPECT_EQ(after.size(), before.size());
-        std::map<int, std::string> changed;
-        for (std::size_t i = 0; i < after.size(); ++i) {
-            if (after[i] != before[i]) {
-                changed[static_cast<int>(i) + 1] = after[i];
-            }
-        }
-        return changed;
-    }
-
-    void saveAndAgree(QWidget& window) {
-        script.answer(QMessageBox::Yes);
-        script.answer();
-        click(window, "cmdSave");
-    }
-
-    std::string content;
-};
 
 TEST_F(EditSimTest, ShowsTheSimsWholeWardrobe) {
     makeSim();
@@ -152,6 +91,57 @@ TEST_F(EditSimTest, AChildShowsTheCardForChildrenAndItsNotes) {
         EXPECT_TRUE(shows(window, "picFormal", "picChild"));
         EXPECT_TRUE(shows(window, "picFashion", "picChild"));
         EXPECT_TRUE(shows(window, "picWinter", "picNotFound"));
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(EditSimTest, AChildOfTheFirstGenerationShowsEveryNote) {
+    makeSim({.count = 30, .age = "child", .bodyType = "chd"});
+    open([](QWidget& window) {
+        EXPECT_EQ(textOf(window, "txtFormalSkin"), "*** ADULT SIMS ONLY ***");
+        EXPECT_EQ(textOf(window, "txtPajamasSkin"), "*** HOT DATE/VACATION ONLY ***");
+        EXPECT_EQ(textOf(window, "txtWinterSkin"), "*** VACATION ONLY ***");
+        EXPECT_EQ(textOf(window, "txtFashionSkin"), "*** SUPERSTAR ADULTS ONLY ***");
+        EXPECT_EQ(textOf(window, "txtSwimsuitSkin"), "u001fcchdlgt_own");
+        EXPECT_TRUE(shows(window, "picPajamas", "picNotFound"));
+        EXPECT_TRUE(shows(window, "picWinter", "picNotFound"));
+        EXPECT_TRUE(find<QRadioButton>(window, "optFit")->isChecked());
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(EditSimTest, FramesLabelsAndNotesReadAsTheyShould) {
+    makeSim();
+    open([](QWidget& window) {
+        const auto caption = [&](const char* name) {
+            return find<QLabel>(window, name)->text().toStdString();
+        };
+        const auto frame = [&](const char* name) {
+            return find<QGroupBox>(window, name)->title().toStdString();
+        };
+        EXPECT_EQ(frame("fraBodyType"), "Body Type");
+        EXPECT_EQ(frame("fraEnsemble"), "Ensemble File");
+        EXPECT_EQ(frame("fraHandsClosed"), "Normal Hands Closed");
+        EXPECT_EQ(frame("fraHandsPoint"), "Normal Hands Point");
+        EXPECT_EQ(frame("fraHandsOpen"), "Normal Hands Open");
+        EXPECT_EQ(frame("fraHandsFormal"), "Formal Hands");
+        EXPECT_EQ(caption("lblSkinTone"), "Skin Tone");
+        EXPECT_EQ(caption("lblHandOpenLeft"), "Left Hand");
+        EXPECT_EQ(caption("lblHandOpenRight"), "Right Hand");
+        EXPECT_EQ(caption("lblNote"), "Note: Do not use this program while The Sims is running.");
+        EXPECT_EQ(caption("lblFormalNote"),
+                  "Note: If you are changing a female sim's formal attire you may wish to change "
+                  "the formal hands. They are white by default.");
+        EXPECT_EQ(caption("lblNudeNote"),
+                  "Note: Maxis took away custum nude skins with the release of Unleashed. You can "
+                  "still change the default nude skins in your game. This tab now displays the "
+                  "nude skin in use, but you can no longer change it.");
+        EXPECT_EQ(caption("lblWinterNote"),
+                  "Note: Hot Date Townies can not have winter wear assigned to them until the "
+                  "first time they show up downtown after installing Vacation. The string element "
+                  "that the winter clothing selection is stored in does not exists until that "
+                  "time. The program will display the text    *** Vacation Only *** if the townie "
+                  "can not have winter wear assigned.");
         click(window, "cmdCancel");
     });
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
@@ -23,9 +24,9 @@ std::tm at(int hour, int minute) {
 class UserBackupTest : public ::testing::Test {
   protected:
     UserBackupTest() {
-        setBackupClock([this] { return now; });
+        setClock([this] { return now; });
     }
-    ~UserBackupTest() override { setBackupClock({}); }
+    ~UserBackupTest() override { setClock({}); }
 
     std::vector<std::string> backups() { return searchFiles(folder.path("program\\Backup"), "*"); }
 
