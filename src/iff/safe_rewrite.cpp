@@ -31,6 +31,9 @@ bool writeUserTempWithoutBitmaps(IffFile& iff) {
 }
 
 void replaceUserFile(const Path& userFile) {
+    if (!files().fileExists(userFile)) {
+        throw RuntimeError(error::kFileNotFound);
+    }
     replaceFile(userTempFile(), userFile, ReadOnlyTarget::Refuse);
 }
 

@@ -15,7 +15,8 @@ bool writeUserTemp(IffFile& iff);
 bool writeUserTempWithoutBitmaps(IffFile& iff);
 
 // Puts "\usertemp.iff" in the place of the user file in one step. Raises 75 for a read-only user
-// file, which stays as it is.
+// file, which stays as it is, and 53 for one that is gone: a sim that was deleted meanwhile
+// doesn't come back.
 void replaceUserFile(const Path& userFile);
 
 }  // namespace marlowick

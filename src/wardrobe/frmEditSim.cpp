@@ -1,5 +1,6 @@
 #include "wardrobe/frmEditSim.h"
 
+#include <QTabBar>
 #include <array>
 
 #include "browser/frmMain.h"
@@ -112,6 +113,7 @@ void frmEditSim::buildControls() {
     loaded_ = false;
     setEscapeButton(ui->cmdCancel);
     ui->optFit->setChecked(true);
+    ui->tabSkins->tabBar()->setAccessibleName(ui->tabSkins->accessibleName());
     makeStockPictures();
     connectOutfitCommands();
     connectHandCommands();
@@ -240,9 +242,10 @@ void frmEditSim::msClearUserData() {
 
 bool frmEditSim::msDisplayUserData() {
     const InputGuard guard;
+    bool unpacked = false;
     const bool shown = trapped("frmEditSim", "msDisplayUserData", [&] {
         readWardrobe(wardrobe_, fields_);
-        gsDumpBMPs(userFile_);
+        unpacked = gsDumpBMPs(userFile_);
         CheckpointNumber = 3000;
         showPortraits();
         setPointer(Pointer::Hourglass);
@@ -253,7 +256,7 @@ bool frmEditSim::msDisplayUserData() {
         setPointer(Pointer::Default);
     });
     showFields();
-    return shown;
+    return shown && unpacked;
 }
 
 void frmEditSim::showPortraits() {
