@@ -124,6 +124,50 @@ TEST_F(WardrobeRowsTest, SuperstarAddsHighFashionForAdults) {
     EXPECT_EQ(strings.Entries[36].Text, "row 36");
 }
 
+// Every generation, age and gender. A row that isn't told keeps its text.
+TEST_F(WardrobeRowsTest, EveryGenerationAgeAndGenderWritesItsRows) {
+    const std::string formal = "fbody,BODY=fskin";
+    const std::string swimsuit = "sbody,BODY=sskin";
+    const std::string pajamas = "lbody,BODY=lskin";
+    const std::string winter = "wbody,BODY=wskin";
+    const std::string fashion = "hbody,BODY=hskin";
+    struct Case {
+        int count;
+        bool adult;
+        Changes later;
+    };
+    const Case cases[] = {
+        {30, true, {}},
+        {30, false, {}},
+        {31, false, {}},
+        {33, true, {{31, formal}, {32, swimsuit}, {33, pajamas}}},
+        {33, false, {}},
+        {34, true, {{31, formal}, {32, swimsuit}, {33, pajamas}, {34, winter}}},
+        {34, false, {{31, "ADDED"}, {32, swimsuit}, {33, pajamas}, {34, winter}}},
+        {35, true, {{31, formal}, {32, swimsuit}, {33, pajamas}, {34, winter}, {35, fashion}}},
+        {35, false, {{31, "ADDED"}, {32, swimsuit}, {33, pajamas}, {34, winter}, {35, "ADDED"}}},
+        {36, true, {{31, formal}, {32, swimsuit}, {33, pajamas}, {34, winter}, {35, fashion}}},
+        {36, false, {{31, "ADDED"}, {32, swimsuit}, {33, pajamas}, {34, winter}, {35, "ADDED"}}},
+    };
+    for (const Case& c : cases) {
+        for (const char* age : {"adult", "child", "teen"}) {
+            if ((std::string(age) == "adult") != c.adult) {
+                continue;
+            }
+            for (const char* gender : {"female", "male", "cow"}) {
+                load({.count = c.count, .age = age, .gender = gender});
+                for (int row = 31; row <= c.count; ++row) {
+                    strings.Entries[row].Text = "own " + std::to_string(row);
+                    before[static_cast<std::size_t>(row) - 1] = strings.Entries[row].Text;
+                }
+                const char* adults = std::string(gender) == "female" ? "Hf" : "Hm";
+                EXPECT_EQ(changes(), with(common(c.adult ? adults : "Hu"), c.later))
+                    << c.count << " " << age << " " << gender;
+            }
+        }
+    }
+}
+
 TEST_F(WardrobeRowsTest, RowSeventeenIsNeverWritten) {
     for (const int count : {30, 33, 34, 35}) {
         load({.count = count});
