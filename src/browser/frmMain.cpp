@@ -436,7 +436,8 @@ void frmMain::picThumbs_MouseDown(QPoint position) {
 
 void frmMain::picThumbs_MouseMove(QPoint position) {
     if (masSimFiles.bound() > 0) {
-        ui->picThumbs->setToolTip(toDisplay(fileInCell(page::cellAt(position.x(), position.y()))));
+        ui->picThumbs->setToolTip(
+            toToolTip(toDisplay(fileInCell(page::cellAt(position.x(), position.y())))));
     }
 }
 
@@ -475,7 +476,7 @@ void frmMain::showUnreadable(const Path& file, const std::string& reason) {
         ui->picSim->print(line, {2, y});
         y += 12;
     }
-    ui->picSim->setToolTip(toDisplay(reason));
+    ui->picSim->setToolTip(toToolTip(toDisplay(reason)));
 }
 
 void frmMain::showPortraits() {
@@ -518,7 +519,7 @@ void frmMain::msDisplaySim(const Path& file) {
         const std::string& species = strings.Entries[1].Text;
         mblnIsPet = species == "dog" || species == "kat";
     });
-    ui->txtSimName->setToolTip(ui->txtSimName->text());
+    ui->txtSimName->setToolTip(toToolTip(ui->txtSimName->text()));
 }
 
 void frmMain::cmdSelect_Click() {

@@ -9,7 +9,7 @@ namespace marlowick {
 namespace {
 
 Path clearedUserTemp() {
-    const Path path = userTempFile();
+    Path path = userTempFile();
     // A handle that an earlier failure left on it must not stop the next save.
     streams().letGo(path);
     removeIfPresent(path);

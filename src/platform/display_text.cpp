@@ -1,5 +1,7 @@
 #include "platform/display_text.h"
 
+#include <QTextDocument>
+
 #include "platform/game_text.h"
 
 namespace marlowick {
@@ -10,6 +12,10 @@ QString toDisplay(std::string_view gameText) {
 
 std::string toGameText(const QString& text) {
     return utf8ToGameText(text.toStdString());
+}
+
+QString toToolTip(const QString& text) {
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 QString toDisplay(const Path& path) {

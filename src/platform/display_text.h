@@ -15,6 +15,9 @@ namespace marlowick {
 QString toDisplay(std::string_view gameText);
 std::string toGameText(const QString& text);
 
+// A text as the tool tip that shows it: what looks like markup ("<b>") is shown as it stands.
+QString toToolTip(const QString& text);
+
 // A path as a person reads it, and a path from a text box.
 QString toDisplay(const Path& path);
 Path toPath(const QString& text);

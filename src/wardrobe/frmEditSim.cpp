@@ -50,28 +50,29 @@ constexpr SkinFolder kSkinFolders[] = {
 // Default commands. Their pictures come from folders alone, never from archives.
 struct frmEditSim::DefaultCommand {
     Outfit outfit;
+    unsigned folders;
     const char* button;
     const char* event;
     const char* prompt;
-    unsigned folders;
 };
 
 const frmEditSim::DefaultCommand frmEditSim::kDefaultCommands[] = {
-    {Outfit::Swimsuit, "cmdDefaultSwimsuit", "cmdDefaultSwimsuit_Click",
-     "Restore swimsuit to the default?", kGameSkins | kExpansion3 | kExpansionShared},
-    {Outfit::Formal, "cmdDefaultFormal", "cmdDefaultFormal_Click", "Restore formal to the default?",
-     kGameSkins | kExpansion3 | kExpansionShared},
-    {Outfit::Pajamas, "cmdDefaultPajamas", "cmdDefaultPajamas_Click",
-     "Restore pajamas to the default?", kGameSkins | kExpansion3 | kExpansionShared},
-    {Outfit::Winter, "cmdDefaultWinter", "cmdDefaultWinter_Click",
-     "Restore winter clothes to the default?", kGameSkins | kExpansionShared},
+    {Outfit::Swimsuit, kGameSkins | kExpansion3 | kExpansionShared, "cmdDefaultSwimsuit",
+     "cmdDefaultSwimsuit_Click", "Restore swimsuit to the default?"},
+    {Outfit::Formal, kGameSkins | kExpansion3 | kExpansionShared, "cmdDefaultFormal",
+     "cmdDefaultFormal_Click", "Restore formal to the default?"},
+    {Outfit::Pajamas, kGameSkins | kExpansion3 | kExpansionShared, "cmdDefaultPajamas",
+     "cmdDefaultPajamas_Click", "Restore pajamas to the default?"},
+    {Outfit::Winter, kGameSkins | kExpansionShared, "cmdDefaultWinter", "cmdDefaultWinter_Click",
+     "Restore winter clothes to the default?"},
 };
 
-// The four poses. A Default command fetches the pictures of the pose in shownLeft and shownRight,
-// which for closed and pointing hands is the other one: the pose itself shows its old skin until
-// the window is opened again.
+// The four poses. A Default command fetches the pictures of shownPose, which for closed and
+// pointing hands is the other one: the pose itself shows its old skin until the window is opened
+// again.
 struct frmEditSim::HandPair {
     HandPose pose;
+    HandPose shownPose;
     Field left;
     Field right;
     const char* leftPicture;
@@ -81,24 +82,23 @@ struct frmEditSim::HandPair {
     const char* defaultButton;
     const char* defaultEvent;
     const char* prompt;
-    HandPose shownPose;
 };
 
 using F = WardrobeFields;
 
 const frmEditSim::HandPair frmEditSim::kHandPairs[] = {
-    {HandPose::Closed, &F::txtHandClosedLeft, &F::txtHandClosedRight, "picHandClosedLeft",
-     "picHandClosedRight", "cmdCopyLeftClosed", "cmdCopyLeftClosed_Click", "cmdDefClosedHands",
-     "cmdDefClosedHands_Click", "Restore closed hands to the default?", HandPose::Point},
-    {HandPose::Open, &F::txtHandOpenLeft, &F::txtHandOpenRight, "picHandOpenLeft",
+    {HandPose::Closed, HandPose::Point, &F::txtHandClosedLeft, &F::txtHandClosedRight,
+     "picHandClosedLeft", "picHandClosedRight", "cmdCopyLeftClosed", "cmdCopyLeftClosed_Click",
+     "cmdDefClosedHands", "cmdDefClosedHands_Click", "Restore closed hands to the default?"},
+    {HandPose::Open, HandPose::Open, &F::txtHandOpenLeft, &F::txtHandOpenRight, "picHandOpenLeft",
      "picHandOpenRight", "cmdCopyOpenLeft", "cmdCopyOpenLeft_Click", "cmdDefOpenHands",
-     "cmdDefOpenHands_Click", "Restore open hands to the default?", HandPose::Open},
-    {HandPose::Point, &F::txtHandPointLeft, &F::txtHandPointRight, "picHandPointLeft",
-     "picHandPointRight", "cmdCopyPointLeft", "cmdCopyPointLeft_Click", "cmdDefPointHands",
-     "cmdDefPointHands_Click", "Restore point hands to the default?", HandPose::Closed},
-    {HandPose::Formal, &F::txtHandFormalLeft, &F::txtHandFormalRight, "picHandFormalLeft",
-     "picHandFormalRight", "cmdCopyFormalLeft", "cmdCopyFormalLeft_Click", "cmdDefFormalHands",
-     "cmdDefFormalHands_Click", "Restore formal hands to the default?", HandPose::Formal},
+     "cmdDefOpenHands_Click", "Restore open hands to the default?"},
+    {HandPose::Point, HandPose::Closed, &F::txtHandPointLeft, &F::txtHandPointRight,
+     "picHandPointLeft", "picHandPointRight", "cmdCopyPointLeft", "cmdCopyPointLeft_Click",
+     "cmdDefPointHands", "cmdDefPointHands_Click", "Restore point hands to the default?"},
+    {HandPose::Formal, HandPose::Formal, &F::txtHandFormalLeft, &F::txtHandFormalRight,
+     "picHandFormalLeft", "picHandFormalRight", "cmdCopyFormalLeft", "cmdCopyFormalLeft_Click",
+     "cmdDefFormalHands", "cmdDefFormalHands_Click", "Restore formal hands to the default?"},
 };
 
 frmEditSim::frmEditSim() : ModalForm("frmEditSim"), ui(std::make_unique<Ui::frmEditSim>()) {}
@@ -282,7 +282,7 @@ void frmEditSim::showFields() {
         auto* box = findChild<QLineEdit*>(QString::fromLatin1(field.name));
         box->setText(toDisplay(fields_.*field.field));
         box->setCursorPosition(0);
-        box->setToolTip(box->text());
+        box->setToolTip(toToolTip(box->text()));
     }
     const std::array<QRadioButton*, 3> options = {ui->optFit, ui->optFat, ui->optSkinny};
     options.at(static_cast<std::size_t>(fields_.bodyType))->setChecked(true);

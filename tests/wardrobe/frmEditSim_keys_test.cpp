@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextDocument>
 
 #include "wardrobe/edit_sim_test.h"
 
@@ -24,6 +25,9 @@ class EditSimKeysTest : public EditSimTest {
     // The names of the controls that Tab leads through, until it comes back to the first.
     static QStringList tabRoad(QWidget& window, const char* first) {
         QStringList road;
+        // An option that gets the focus takes the others off the road; only then.
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         find<QWidget>(window, first)->setFocus();
         for (int step = 0; step < 100; ++step) {
             const QString name = window.focusWidget()->objectName();
@@ -118,6 +122,20 @@ TEST_F(EditSimKeysTest, ALongNameShowsItsBeginningAndIsToldWhole) {
                   QString::fromStdString(skin));
         window.grab();
         EXPECT_LE(window.width(), 900);
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(EditSimKeysTest, AToolTipShowsMarkupInANameAsItStands) {
+    std::vector<std::string> rows = simRows({});
+    rows[1] = "b001fafit_1,BODY=<b>bold</b>";
+    makeSimOf(rows);
+    open([](QWidget& window) {
+        auto* box = find<QLineEdit>(window, "txtNormalSkin");
+        EXPECT_EQ(box->text(), "<b>bold</b>");
+        QTextDocument shown;
+        shown.setHtml(box->toolTip());
+        EXPECT_EQ(shown.toPlainText(), "<b>bold</b>");
         click(window, "cmdCancel");
     });
 }
