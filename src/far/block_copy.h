@@ -2,13 +2,16 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "platform/files.h"
 
 namespace marlowick {
 
 // Copies size bytes from the position of source to the position of target, at most 32768 at a
-// time; stops early at the end of source. A size below 0 is error 5.
-void copyBlocks(File& source, File& target, std::int64_t size);
+// time, and runs afterBlock behind each block; stops early at the end of source. Gives the number
+// of bytes copied. A size below 0 is error 5.
+std::int64_t copyBlocks(File& source, File& target, std::int64_t size,
+                        const std::function<void()>& afterBlock = {});
 
 }  // namespace marlowick

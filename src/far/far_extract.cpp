@@ -30,20 +30,26 @@ void extractThroughSlots(const Path& archive, const Path& folder, std::string_vi
 
 }  // namespace
 
-void copyBlocks(File& source, File& target, std::int64_t size) {
+std::int64_t copyBlocks(File& source, File& target, std::int64_t size,
+                        const std::function<void()>& afterBlock) {
     if (size < 0) {
         throw RuntimeError(error::kInvalidArgument);
     }
     std::string block;
-    while (size > 0) {
-        block.resize(static_cast<std::size_t>(std::min(size, kBlock)));
+    std::int64_t copied = 0;
+    while (copied < size) {
+        block.resize(static_cast<std::size_t>(std::min(size - copied, kBlock)));
         const std::size_t count = source.read(block.data(), block.size());
         target.write(std::string_view(block).substr(0, count));
-        if (count < block.size()) {
-            return;
+        copied += static_cast<std::int64_t>(count);
+        if (afterBlock) {
+            afterBlock();
         }
-        size -= static_cast<std::int64_t>(count);
+        if (count < block.size()) {
+            break;
+        }
     }
+    return copied;
 }
 
 bool gsExtractFile(const Path& archive, const Path& folder, const FarDirectory& directory,

@@ -15,7 +15,7 @@ constexpr std::size_t kBlock = 32768;
 // The name fits no mask of the game or of this program, so that a leftover is never listed.
 constexpr const char* kSuffix = ".marlowick-new";
 
-void fill(const Path& source, const Path& beside) {
+void fill(const Path& source, const Path& beside, const std::function<void()>& afterBlock) {
     const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
     const std::unique_ptr<File> to = files().open(beside, OpenMode::CreateNew);
     std::string block(kBlock, '\0');
@@ -25,6 +25,9 @@ void fill(const Path& source, const Path& beside) {
             break;
         }
         to->write(std::string_view(block).substr(0, count));
+        if (afterBlock) {
+            afterBlock();
+        }
     }
     to->flush();
 }
@@ -39,7 +42,8 @@ void discard(const Path& beside) {
 
 }  // namespace
 
-void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly) {
+void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                 const std::function<void()>& afterBlock) {
     streams().letGo(target);
     const bool exists = files().fileExists(target);
     if (exists && readOnly == ReadOnlyTarget::Refuse && files().isReadOnly(target)) {
@@ -49,7 +53,7 @@ void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly
     const Path beside = place + kSuffix;
     removeIfPresent(beside);
     try {
-        fill(source, beside);
+        fill(source, beside, afterBlock);
         if (exists) {
             if (readOnly == ReadOnlyTarget::Replace) {
                 files().clearAttributes(place);

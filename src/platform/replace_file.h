@@ -1,6 +1,8 @@
 // The one way in which a player's file gets new content.
 #pragma once
 
+#include <functional>
+
 #include "platform/path.h"
 
 namespace marlowick {
@@ -16,6 +18,8 @@ enum class ReadOnlyTarget {
 // The program's own leftover handles on the target are let go first.
 // Raises 75 for a read-only target (Refuse), and whatever a step of the work raises; the target is
 // then untouched and the new file beside it is removed as far as possible.
-void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly);
+// afterBlock runs behind each block that was copied.
+void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                 const std::function<void()>& afterBlock = {});
 
 }  // namespace marlowick

@@ -1,0 +1,32 @@
+// Writing an archive anew: what isn't deleted in its old order, new files behind it.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "far/far_edit.h"
+
+namespace marlowick {
+
+// What a window shows of a save.
+struct FarSaveProgress {
+    // Before the first entry, and after each entry and each added file, deleted and empty ones too.
+    std::function<void(int processed, int total)> step;
+    // After each block of data, so that the window can paint in the middle of a large entry.
+    std::function<void()> block;
+};
+
+// The archive that a typed name (UTF-8) stands for: in the game's folder of textures, ending in
+// ".FAR" unless the name ends so in any case.
+Path newArchivePath(std::string_view name);
+
+// Writes the edit's archive to "\temp\tempfile.far" under the program folder, gives target its
+// content in one step, and reads target back: the edit is then that of the new archive. Sets
+// CheckpointNumber from 2000 to 9000. False if the reading back has failed; that is reported.
+// Raises what any step raises, among them 6 for an offset past 2^31 - 1 or more than kMostFarRows
+// entries, 62 for an entry whose data isn't whole, and 53 for an added file that is gone. The
+// target is then untouched, the temporary file stays, and the two stream slots stay taken if they
+// were.
+bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progress);
+
+}  // namespace marlowick

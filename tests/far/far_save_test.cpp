@@ -1,0 +1,418 @@
+#include "far/far_save.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "foundation/error_trap.h"
+#include "platform/files.h"
+#include "platform/streams.h"
+#include "support/archive_builder.h"
+#include "support/error_recorder.h"
+#include "support/faulty_files.h"
+#include "support/test_folder.h"
+#include "support/user_file_builder.h"
+
+namespace marlowick {
+namespace {
+
+using std::string_literals::operator""s;
+using test::ArchiveEntry;
+using test::archiveFile;
+using test::entriesOfArchive;
+using test::little32;
+
+constexpr const char* kArchive = "game/gamedata/textures/a.far";
+constexpr const char* kTemporary = "program/temp/tempfile.far";
+
+std::string pattern(std::size_t size, unsigned seed = 0) {
+    std::string data(size, '\0');
+    for (std::size_t i = 0; i < size; ++i) {
+        data[i] = static_cast<char>(i * 31 + i / 257 + seed);
+    }
+    return data;
+}
+
+class FarSaveTest : public ::testing::Test {
+  protected:
+    FarSaveTest() {
+        progress.step = [this](int processed, int total) { steps.push_back({processed, total}); };
+    }
+
+    void open(const std::string& content) {
+        folder.write(kArchive, content);
+        openAgain();
+    }
+
+    void openAgain() {
+        edit = {};
+        edit.mstrFarFile = archive;
+        ASSERT_TRUE(gsReadFARdir(edit.mudtFarDir, archive));
+        listEntries(edit);
+    }
+
+    void add(const std::string& name, const std::string& content) {
+        folder.write("pictures/" + name, content);
+        EXPECT_TRUE(FarAdder(edit, folder.path("pictures")).add(name));
+    }
+
+    // 0 after a save that went well.
+    int save() { return saveAs(archive); }
+
+    int saveAs(const Path& target) {
+        try {
+            return saveArchive(edit, target, progress) ? 0 : -1;
+        } catch (const RuntimeError& failure) {
+            return failure.number();
+        }
+    }
+
+    test::TestFolder folder;
+    test::ErrorRecorder recorder;
+    const Path archive = folder.path("game\\gamedata\\textures\\a.far");
+    FarEdit edit;
+    FarSaveProgress progress;
+    std::vector<std::pair<int, int>> steps;
+};
+
+using Steps = std::vector<std::pair<int, int>>;
+
+TEST_F(FarSaveTest, WritesEveryByteAsTheGameReadsIt) {
+    folder.write("game/gamedata/textures/keep.txt", "");
+    add("One.bmp", "first");
+    add("two.bmp", "");
+    add("3.bmp", "xyz");
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(folder.read(kArchive),
+              "FAR!byAZ"
+              "\x01\0\0\0"
+              "\x18\0\0\0"
+              "first"
+              "xyz"
+              "\x03\0\0\0"
+              "\x05\0\0\0\x05\0\0\0\x10\0\0\0\x07\0\0\0One.bmp"
+              "\0\0\0\0\0\0\0\0\x15\0\0\0\x07\0\0\0two.bmp"
+              "\x03\0\0\0\x03\0\0\0\x15\0\0\0\x05\0\0\0"
+              "3.bmp"s);
+    EXPECT_FALSE(folder.exists(kTemporary));
+}
+
+TEST_F(FarSaveTest, SurvivorsKeepTheirPlaceAndNewFilesComeBehind) {
+    open(archiveFile({{"Skins\\z.bmp", "zzzz", {}},
+                      {"m.bmf", "mesh", {}},
+                      {"gone.bmp", "gone", {}},
+                      {"a\xE9.cmx.bcf", "bones", {}}}));
+    add("b.bmp", "new b");
+    add("a.bmp", "new a");
+    deleteRows(edit, {2});
+    ASSERT_EQ(save(), 0);
+    const std::vector<ArchiveEntry> expected = {{"Skins\\z.bmp", "zzzz", 4},
+                                                {"m.bmf", "mesh", 4},
+                                                {"a\xE9.cmx.bcf", "bones", 5},
+                                                {"b.bmp", "new b", 5},
+                                                {"a.bmp", "new a", 5}};
+    EXPECT_EQ(entriesOfArchive(folder.read(kArchive)), expected);
+    EXPECT_EQ(folder.read(kArchive), archiveFile(expected));
+}
+
+TEST_F(FarSaveTest, TheEditIsThenThatOfTheNewArchive) {
+    open(archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}}));
+    add("c.bmp", "c");
+    deleteRows(edit, {0});
+    ASSERT_EQ(save(), 0);
+    ASSERT_EQ(edit.Rows.size(), 2U);
+    EXPECT_EQ(edit.Rows[0].Text, "b.bmp");
+    EXPECT_EQ(edit.Rows[0].Number, 1);
+    EXPECT_EQ(edit.Rows[1].Text, "c.bmp");
+    EXPECT_EQ(edit.Rows[1].Number, 2);
+    EXPECT_EQ(edit.mudtAddedFiles.bound(), 0);
+    EXPECT_EQ(edit.mudtFarDir.Entries[2].FileOffset, little32(17));
+    EXPECT_EQ(edit.mstrFarFile, archive);
+    EXPECT_EQ(CheckpointNumber, 9000);
+    EXPECT_FALSE(streams().isOpen(slot::kArchiveOutput));
+    EXPECT_FALSE(streams().isOpen(slot::kArchiveSource));
+}
+
+TEST_F(FarSaveTest, AnArchiveOfDeletedEntriesAloneHasTwentyBytes) {
+    open(archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}}));
+    deleteRows(edit, {0, 1});
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(folder.read(kArchive), "FAR!byAZ\x01\0\0\0\x10\0\0\0\0\0\0\0"s);
+    EXPECT_TRUE(edit.Rows.empty());
+    EXPECT_EQ(farEntryCount(edit.mudtFarDir), 0);
+}
+
+TEST_F(FarSaveTest, SavingUnchangedRepacksAndSetsTheVersion) {
+    const std::vector<ArchiveEntry> entries = {{"b.bmp", "bbbbb", {}}, {"a.bmp", "a", {}}};
+    open(archiveFile(entries, 7, "bytes of no entry"));
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(folder.read(kArchive), archiveFile(entries, 1));
+}
+
+TEST_F(FarSaveTest, TwoSizesAreKeptAndTheFirstCopies) {
+    open(archiveFile({{"a.bmp", "12345", 9}, {"b.bmp", "678", 1}}));
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(entriesOfArchive(folder.read(kArchive)),
+              (std::vector<ArchiveEntry>{{"a.bmp", "12345", 9}, {"b.bmp", "678", 1}}));
+}
+
+TEST_F(FarSaveTest, CopiesDataOfEverySizeAroundTheBlock) {
+    std::vector<ArchiveEntry> entries;
+    for (const std::size_t size : {0U, 1U, 32767U, 32768U, 32769U, 65536U, 65537U, 100000U}) {
+        entries.push_back({"e" + std::to_string(size), pattern(size), {}});
+    }
+    open(archiveFile(entries, 1, "filler"));
+    for (const std::size_t size : {32768U, 32769U, 70001U}) {
+        const std::string name = "n" + std::to_string(size) + ".bmp";
+        add(name, pattern(size, 5));
+        entries.push_back({name, pattern(size, 5), {}});
+    }
+    ASSERT_EQ(save(), 0);
+    EXPECT_TRUE(folder.read(kArchive) == archiveFile(entries));
+}
+
+TEST_F(FarSaveTest, OverlappingEntriesAreCarriedThrough) {
+    std::string content = archiveFile({{"a.bmp", "abcdef", {}}, {"b.bmp", "", {}}});
+    // Both entries show the same six bytes.
+    const std::size_t second = 16 + 6 + 4 + 16 + 5;
+    content.replace(second, 12, little32(6) + little32(6) + little32(16));
+    open(content);
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(entriesOfArchive(folder.read(kArchive)),
+              (std::vector<ArchiveEntry>{{"a.bmp", "abcdef", 6}, {"b.bmp", "abcdef", 6}}));
+}
+
+TEST_F(FarSaveTest, ANewFileThatWasTakenBackCountsAndWritesNothing) {
+    open(archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}}));
+    add("n1.bmp", "n1");
+    add("n2.bmp", "n2");
+    deleteRows(edit, {0, 2});
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(entriesOfArchive(folder.read(kArchive)),
+              (std::vector<ArchiveEntry>{{"b.bmp", "b", 1}, {"n2.bmp", "n2", 2}}));
+    EXPECT_EQ(steps, (Steps{{0, 4}, {1, 4}, {2, 4}, {3, 4}, {4, 4}}));
+}
+
+TEST_F(FarSaveTest, ANameEndsInFarInAnyCase) {
+    struct Row {
+        const char* name;
+        const char* file;
+    };
+    constexpr Row kRows[] = {
+        {"mine", "mine.FAR"},          {"mine.far", "mine.far"}, {"mine.Far", "mine.Far"},
+        {"mine.bmp", "mine.bmp.FAR"},  {"far", "far.FAR"},       {".far", ".far"},
+        {"mine.fart", "mine.fart.FAR"}};
+    for (const Row& row : kRows) {
+        EXPECT_EQ(newArchivePath(row.name).text(),
+                  folder.path("game").text() + "\\gamedata\\textures\\" + row.file);
+    }
+}
+
+TEST_F(FarSaveTest, ANewArchiveReplacesAFileOfItsName) {
+    folder.write("game/gamedata/textures/MINE.FAR", "something else, and longer than the archive");
+    add("a.bmp", "a");
+    ASSERT_EQ(saveAs(newArchivePath("mine.far")), 0);
+    EXPECT_EQ(entriesOfArchive(folder.read("game/gamedata/textures/MINE.FAR")),
+              (std::vector<ArchiveEntry>{{"a.bmp", "a", 1}}));
+    EXPECT_EQ(edit.mstrFarFile, newArchivePath("mine.far"));
+}
+
+TEST_F(FarSaveTest, ReadOnlyMarksDoNotStandInTheWay) {
+    open(archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}}));
+    folder.makeReadOnly(kArchive);
+    folder.write(kTemporary, std::string(1000, 'x'));
+    folder.makeReadOnly(kTemporary);
+    deleteRows(edit, {0});
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(folder.read(kArchive), archiveFile({{"b.bmp", "b", {}}}));
+    EXPECT_FALSE(files().isReadOnly(archive));
+    EXPECT_FALSE(folder.exists(kTemporary));
+}
+
+TEST_F(FarSaveTest, AnAddedFileThatIsGoneFailsTheSaveAndEveryLaterOne) {
+    const std::string before = archiveFile({{"a.bmp", "a", {}}});
+    open(before);
+    add("new.bmp", "new");
+    std::filesystem::remove(folder.root() / "pictures/new.bmp");
+    EXPECT_EQ(save(), 53);
+    EXPECT_EQ(CheckpointNumber, 5000);
+    EXPECT_EQ(folder.read(kArchive), before);
+    EXPECT_TRUE(folder.exists(kTemporary));
+    EXPECT_TRUE(streams().isOpen(slot::kArchiveOutput));
+    folder.write("pictures/new.bmp", "new");
+    EXPECT_EQ(save(), 55);
+    EXPECT_EQ(CheckpointNumber, 3000);
+    EXPECT_EQ(folder.read(kArchive), before);
+}
+
+TEST_F(FarSaveTest, DamagedEntriesFailTheSaveUnlessTheyAreDeleted) {
+    struct Row {
+        const char* what;
+        unsigned size;
+        unsigned offset;
+        int number;
+    };
+    constexpr Row kRows[] = {{"runs past the end", 1000, 16, 62},
+                             {"lies behind the end", 1, 5000, 62},
+                             {"has a negative size", 0xFFFFFFFF, 16, 5},
+                             {"has a negative offset", 1, 0x80000000, 63}};
+    for (const Row& row : kRows) {
+        const std::string content = "FAR!byAZ" + little32(1) + little32(17) + "a" + little32(2) +
+                                    little32(row.size) + little32(1) + little32(row.offset) +
+                                    little32(3) + "bad" + little32(1) + little32(1) + little32(16) +
+                                    little32(4) + "good";
+        open(content);
+        EXPECT_EQ(save(), row.number) << row.what;
+        EXPECT_EQ(CheckpointNumber, 4000) << row.what;
+        EXPECT_EQ(folder.read(kArchive), content) << row.what;
+        streams().closeAll();
+        openAgain();
+        deleteRows(edit, {0});
+        EXPECT_EQ(save(), 0) << row.what;
+        EXPECT_EQ(entriesOfArchive(folder.read(kArchive)),
+                  (std::vector<ArchiveEntry>{{"good", "a", 1}}));
+    }
+}
+
+TEST_F(FarSaveTest, MoreEntriesThanSixteenBitsCanNotBeSaved) {
+    std::string records;
+    for (int i = 0; i < 32767; ++i) {
+        records += little32(0) + little32(0) + little32(16) + little32(1) + "x";
+    }
+    const std::string content = "FAR!byAZ" + little32(1) + little32(16) + little32(32767) + records;
+    folder.write(kArchive, content);
+    edit.mstrFarFile = archive;
+    ASSERT_TRUE(gsReadFARdir(edit.mudtFarDir, archive));
+    add("new.bmp", "new");
+    EXPECT_EQ(save(), 6);
+    EXPECT_EQ(CheckpointNumber, 4000);
+    EXPECT_TRUE(folder.read(kArchive) == content);
+}
+
+TEST_F(FarSaveTest, AFailureAtAnyChangeLeavesTheOldArchiveOrTheNewOne) {
+    const std::string before = archiveFile({{"a.bmp", pattern(40000), {}}, {"b.bmp", "b", {}}});
+    const std::string after =
+        archiveFile({{"a.bmp", pattern(40000), {}}, {"new.bmp", pattern(50000, 3), {}}});
+    for (const auto fault : {test::FaultyFiles::Fault::Fail, test::FaultyFiles::Fault::Stop}) {
+        bool failed = true;
+        for (int failAt = 1; failed; ++failAt) {
+            streams().closeAll();
+            open(before);
+            add("new.bmp", pattern(50000, 3));
+            deleteRows(edit, {1});
+            {
+                const test::FaultyFiles faulty(failAt, fault);
+                const int number = save();
+                EXPECT_TRUE(number == 57 || number == 0) << failAt;
+                failed = faulty.changes() >= failAt;
+            }
+            const std::string content = folder.read(kArchive);
+            EXPECT_TRUE(content == before || content == after) << failAt;
+            if (!failed) {
+                EXPECT_TRUE(content == after);
+                EXPECT_GT(failAt, 12);
+            }
+        }
+    }
+}
+
+// Keeps files of zeros small on the disk: what is all zeros is skipped and not written.
+class SparseFiles : public test::FaultyFiles {
+  public:
+    SparseFiles() : FaultyFiles(0, Fault::Fail) {}
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        return std::make_unique<SparseFile>(FaultyFiles::open(path, mode));
+    }
+
+  private:
+    class SparseFile : public File {
+      public:
+        explicit SparseFile(std::unique_ptr<File> under) : under_(std::move(under)) {}
+        std::size_t read(char* data, std::size_t size) override {
+            largest = std::max(largest, size);
+            return under_->read(data, size);
+        }
+        void write(std::string_view data) override {
+            static const std::string zeros(1U << 20U, '\0');
+            if (data.size() > 1000 && zeros.starts_with(data)) {
+                under_->seek(under_->position() + static_cast<std::int64_t>(data.size()));
+                return;
+            }
+            under_->write(data);
+        }
+        void seek(std::int64_t position) override { under_->seek(position); }
+        std::int64_t position() override { return under_->position(); }
+        std::int64_t size() override { return under_->size(); }
+        void flush() override { under_->flush(); }
+
+      private:
+        std::unique_ptr<File> under_;
+    };
+
+  public:
+    static inline std::size_t largest = 0;
+};
+
+// An archive whose directory lies as far back as a number reaches.
+class LargeFarTest : public FarSaveTest {
+  protected:
+    static constexpr unsigned kDataSize = 0x7FFFFFFFU - 16;
+    const std::string manifest = little32(1) + little32(kDataSize) + little32(kDataSize) +
+                                 little32(16) + little32(5) + "a.bmp";
+
+    void makeArchive() {
+        folder.write(kArchive, "FAR!byAZ" + little32(1) + little32(0x7FFFFFFF));
+        std::filesystem::resize_file(folder.root() / kArchive, 0x7FFFFFFF);
+        std::ofstream file(folder.root() / kArchive, std::ios::binary | std::ios::app);
+        file << manifest;
+        file.close();
+        openAgain();
+    }
+
+    void expectArchive() {
+        std::ifstream file(folder.root() / kArchive, std::ios::binary);
+        std::string head(20, 'x');
+        file.read(head.data(), 20);
+        EXPECT_EQ(head, "FAR!byAZ" + little32(1) + little32(0x7FFFFFFF) + std::string(4, '\0'));
+        file.seekg(0x7FFFFFFF - 4);
+        std::string tail(100, 'x');
+        file.read(tail.data(), 100);
+        tail.resize(static_cast<std::size_t>(file.gcount()));
+        EXPECT_EQ(tail, std::string(4, '\0') + manifest);
+    }
+
+    SparseFiles sparse;
+};
+
+TEST_F(LargeFarTest, TheLastOffsetThatFitsWorksInSmallBlocks) {
+    makeArchive();
+    add("empty.bmp", "");
+    SparseFiles::largest = 0;
+    deleteRows(edit, {1});
+    ASSERT_EQ(save(), 0);
+    expectArchive();
+    EXPECT_LE(SparseFiles::largest, 32768U);
+    EXPECT_EQ(edit.mudtFarDir.Entries[1].FileSize, little32(kDataSize));
+}
+
+TEST_F(LargeFarTest, AnOffsetPastTheLastOneIsAnOverflow) {
+    makeArchive();
+    add("one.bmp", "1");
+    EXPECT_EQ(save(), 6);
+    EXPECT_EQ(CheckpointNumber, 5000);
+    expectArchive();
+}
+
+TEST_F(FarSaveTest, AnEntryThatCanNotFitFailsBeforeItIsCopied) {
+    const std::string content = "FAR!byAZ" + little32(1) + little32(16) + little32(1) +
+                                little32(0x7FFFFFF0) + little32(0) + little32(16) + little32(1) +
+                                "x";
+    open(content);
+    EXPECT_EQ(save(), 6);
+    EXPECT_EQ(folder.read(kArchive), content);
+    EXPECT_EQ(folder.read(kTemporary).size(), 16U);
+}
+
+}  // namespace
+}  // namespace marlowick
