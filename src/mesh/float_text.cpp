@@ -1,0 +1,162 @@
+#include "mesh/float_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+#include "platform/game_text.h"
+
+namespace marlowick {
+namespace {
+
+constexpr int kSignificant = 7;
+constexpr int kPlainDigits = 7;    // on either side of the point
+constexpr int kFixedDecimals = 9;  // at most
+constexpr int kLastFixedExponent = 4;
+
+// No float has more than 112 significant digits, so that this many behind the point hold every
+// float whole and nothing is rounded but here.
+constexpr int kExactDecimals = 111;
+
+// A number as d.ddd times ten to the exponent. The digits don't end in zeros; zero has none.
+struct Decimal {
+    bool negative = false;
+    std::string digits;
+    int exponent = 0;
+};
+
+int decimalsOf(const Decimal& number) {
+    return static_cast<int>(number.digits.size()) - 1 - number.exponent;
+}
+
+void cutZeros(Decimal& number) {
+    number.digits.erase(number.digits.find_last_not_of('0') + 1);
+}
+
+// Rounds to so many digits, half away from zero. What lies behind the first dropped digit
+// can't change the outcome.
+void roundTo(Decimal& number, std::size_t count) {
+    if (number.digits.size() > count) {
+        const bool up = number.digits[count] >= '5';
+        number.digits.resize(count);
+        while (up && !number.digits.empty() && number.digits.back() == '9') {
+            number.digits.pop_back();
+        }
+        if (up && number.digits.empty()) {
+            number.digits = "1";
+            ++number.exponent;
+        } else if (up) {
+            ++number.digits.back();
+        }
+    }
+    cutZeros(number);
+}
+
+int numberOf(std::string_view text) {
+    int number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+// Digits and exponent of a text such as "-0.05" or "1.5E-04".
+Decimal parsed(std::string_view text) {
+    Decimal number;
+    number.negative = text.starts_with('-');
+    const std::size_t mark = std::min(text.find_first_of("eE"), text.size());
+    if (mark < text.size()) {
+        number.exponent = numberOf(text.substr(mark + (text.substr(mark + 1, 1) == "+" ? 2 : 1)));
+    }
+    const std::string_view mantissa = text.substr(0, mark).substr(number.negative ? 1 : 0);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    number.digits = mantissa.substr(0, point);
+    number.digits += mantissa.substr(std::min(point + 1, mantissa.size()));
+    const std::size_t zeros = std::min(number.digits.find_first_not_of('0'), number.digits.size());
+    number.exponent += static_cast<int>(point) - 1 - static_cast<int>(zeros);
+    number.digits.erase(0, zeros);
+    cutZeros(number);
+    return number;
+}
+
+Decimal exactly(float value) {
+    std::array<char, kExactDecimals + 16> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::scientific, kExactDecimals);
+    return parsed({text.data(), static_cast<std::size_t>(end.ptr - text.data())});
+}
+
+// The digits with the point where it belongs, without a point if nothing stands behind it.
+std::string plainText(const Decimal& number) {
+    std::string text = number.digits.empty() ? "0" : number.digits;
+    if (number.digits.empty()) {
+        return text;
+    }
+    if (number.exponent < 0) {
+        text.insert(0, static_cast<std::size_t>(-number.exponent), '0');
+    }
+    const auto whole = static_cast<std::size_t>(std::max(number.exponent, 0)) + 1;
+    if (text.size() < whole) {
+        text.append(whole - text.size(), '0');
+    } else if (text.size() > whole) {
+        text.insert(whole, 1, '.');
+    }
+    return (number.negative ? "-" : "") + text;
+}
+
+std::string scientificText(const Decimal& number) {
+    std::string text = (number.negative ? "-" : "") + number.digits.substr(0, 1);
+    if (number.digits.size() > 1) {
+        text += "." + number.digits.substr(1);
+    }
+    const std::string exponent = std::to_string(std::abs(number.exponent));
+    text += number.exponent < 0 ? "E-" : "E+";
+    return text + (exponent.size() < 2 ? "0" : "") + exponent;
+}
+
+// At least one decimal, at most nine.
+std::string fixedText(Decimal number) {
+    const int tooMany = decimalsOf(number) - kFixedDecimals;
+    if (tooMany > 0 && tooMany < static_cast<int>(number.digits.size())) {
+        roundTo(number, number.digits.size() - static_cast<std::size_t>(tooMany));
+    }
+    const std::string text = plainText(number);
+    return text + (text.find('.') == std::string::npos ? ".0" : "");
+}
+
+}  // namespace
+
+std::string sevenDigitText(float value) {
+    Decimal number = exactly(value);
+    roundTo(number, kSignificant);
+    const bool plain = number.digits.empty() ||
+                       (number.exponent < kPlainDigits && decimalsOf(number) <= kPlainDigits);
+    return plain ? plainText(number) : scientificText(number);
+}
+
+std::string textFromSevenDigits(std::string_view text) {
+    std::string fixed = fixedText(parsed(text));
+    if (text.find("E-") == std::string_view::npos) {
+        if (fixed == "1.0" || fixed == "-1.0") {
+            fixed.resize(fixed.size() - 2);
+        }
+        return fixed;
+    }
+    const std::size_t lastTwo = text.size() - 2;
+    if (numberOf(text.substr(lastTwo)) <= kLastFixedExponent) {
+        return fixed;
+    }
+    return lowerCase(text).insert(lastTwo, 1, '0');
+}
+
+std::string floatText(float value) {
+    if (std::isnan(value)) {
+        return "nan";
+    }
+    if (std::isinf(value)) {
+        return value < 0 ? "-inf" : "inf";
+    }
+    return textFromSevenDigits(sevenDigitText(value));
+}
+
+}  // namespace marlowick
