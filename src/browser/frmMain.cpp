@@ -12,6 +12,7 @@
 #include "foundation/game.h"
 #include "foundation/version.h"
 #include "iff/string_segment.h"
+#include "mesh/head_files.h"
 #include "platform/display_text.h"
 #include "platform/files.h"
 #include "platform/input_guard.h"
@@ -542,6 +543,24 @@ void frmMain::cmdSelect_Click() {
     auto& editor = theWindow<frmEditSim>();
     editor.LoadUserFile = simPath(file);
     editor.showModal();
+}
+
+void frmMain::msPrepareSimPreview() {
+    trapped("frmMain", "msPrepareSimPreview", [&] {
+        StrSegment strings;
+        const std::string id = gfstrHexToBytes(kWardrobeId);
+        gsReadSTRSegment(mudtIff, strings, id, false);
+        ui->cmdFocus->setFocus();
+        const std::string file = fileInCell(mlngSelected);
+        if (ui->lstUserDataDir->line().empty() || ui->txtSimName->text().isEmpty() ||
+            file.empty()) {
+            return;
+        }
+        gsResetIFF(mudtIff);
+        gsReadIFF(mudtIff, simPath(file));
+        gsReadSTRSegment(mudtIff, strings, id, false);
+        findHeadFiles(strings);
+    });
 }
 
 // The menus.

@@ -40,6 +40,10 @@ class frmMain : public QMainWindow, public FormEvents {
     // others. No control leads to it.
     void msGetSimFileNames();
 
+    // Puts the mesh and the skin of the chosen sim's head on the disk: what a drawn preview in
+    // picRender would begin with. No control leads to it either, and nothing is drawn.
+    void msPrepareSimPreview();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 

@@ -1,6 +1,7 @@
 #include "mesh/head_files.h"
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "catalogue/archives.h"
@@ -13,6 +14,7 @@
 #include "platform/files.h"
 #include "platform/game_text.h"
 #include "platform/runtime_error.h"
+#include "wardrobe/wardrobe_fields.h"
 
 namespace marlowick {
 namespace {
@@ -23,6 +25,9 @@ constexpr std::string_view kSknTempName = "skntemp.skn";
 // One letter less than the file that a skin goes to: an old "skintemp.bmp" is never deleted here,
 // only written over.
 constexpr std::string_view kOldSkinName = "skntemp.bmp";
+
+constexpr int kBodyRow = 2;
+constexpr int kHeadRow = 3;
 
 constexpr std::string_view kSuitSuffix = ".CMX.BCF";
 constexpr std::string_view kBmfSuffix = ".BMF";
@@ -155,6 +160,15 @@ Path gfstrFindSkinFile(std::string& skinName) {
         }
     }
     return {};
+}
+
+HeadFiles findHeadFiles(const StrSegment& wardrobe) {
+    const bool hasHead = wardrobe.Entries[kHeadRow].Text != "NONE";
+    const std::string& row = wardrobe.Entries[hasHead ? kHeadRow : kBodyRow].Text;
+    std::string meshName = bodyOfRow(row);
+    std::string skinName = skinOfRow(row);
+    Path mesh = gfstrFindMeshFile(meshName);
+    return {std::move(mesh), gfstrFindSkinFile(skinName)};
 }
 
 }  // namespace marlowick

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "iff/string_segment.h"
 #include "platform/path.h"
 
 namespace marlowick {
@@ -16,5 +17,15 @@ Path gfstrFindMeshFile(std::string& headName);
 
 // The BMP file of a head's skin, likewise.
 Path gfstrFindSkinFile(std::string& skinName);
+
+struct HeadFiles {
+    Path mesh;
+    Path skin;
+};
+
+// Both files of the sim with this wardrobe table. Its head stands in row 3, "mesh,HEAD=skin"; where
+// that is "NONE", the body in row 2 is taken instead. Raises 9 for a table without the row, 5 for a
+// row without a comma, else as the finders.
+HeadFiles findHeadFiles(const StrSegment& wardrobe);
 
 }  // namespace marlowick

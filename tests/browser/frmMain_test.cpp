@@ -11,6 +11,7 @@
 #include <QMenuBar>
 
 #include "browser/sim_page.h"
+#include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "foundation/startup.h"
 #include "iff/string_segment.h"
@@ -527,6 +528,103 @@ TEST_F(MainTest, TheStrictListingWritesAndShowsItsReport) {
     EXPECT_EQ(script.messages()[0].text,
               QString::fromStdString(folder.read("program/badobjects.txt")));
     EXPECT_TRUE(script.messages()[0].text.contains("user00002.iff"));
+}
+
+// The preparation of a preview, which no control leads to.
+class PreviewTest : public MainTest {
+  protected:
+    // A window on one sim with a head, whose files lie loose and in an archive.
+    frmMain& showSimWithHead() {
+        const std::string skin = "a skin";
+        folder.write("game/GameData/Textures/Textures.far",
+                     "FAR!byAZ" + test::little32(1) + test::little32(22) + skin +
+                         test::little32(1) + test::little32(6) + test::little32(6) +
+                         test::little32(16) + test::little32(8) + "face.bmp");
+        folder.write("game/GameData/Skins/head.cmx", "HEAD\r\nmesh\r\n");
+        for (const char* name : {"bcftemp.bcf", "skntemp.bmf", "skntemp.skn"}) {
+            folder.write(std::string("program/temp/") + name, "old");
+        }
+        frmMain& window = showSims(1);
+        std::vector<std::string> rows = simRows({});
+        rows[2] = "head,HEAD=face";
+        folder.write("game/UserData/Characters/" + fileName(1), test::simFile(rows));
+        return window;
+    }
+
+    bool isPrepared() const { return !folder.exists("program/temp/bcftemp.bcf"); }
+};
+
+TEST_F(PreviewTest, PutsTheFilesOnTheDiskAndShowsNothing) {
+    frmMain& window = showSimWithHead();
+    auto* render = find<PictureBox>(window, "picRender");
+    const auto paintedIn = [&](const char* box) {
+        return find<PictureBox>(window, box)->painted();
+    };
+    const QImage page = paintedIn("picThumbs");
+    const QImage sim = paintedIn("picSim");
+    const QImage hidden = paintedIn("picRender");
+    const QString name = textOf(window, "txtSimName");
+    window.msPrepareSimPreview();
+    EXPECT_TRUE(isPrepared());
+    EXPECT_EQ(folder.read("program/temp/skintemp.bmp"), "a skin");
+    EXPECT_TRUE(find<QWidget>(window, "cmdFocus")->hasFocus());
+    EXPECT_EQ(textOf(window, "txtSimName"), name);
+    EXPECT_TRUE(render->picture().isNull());
+    EXPECT_LT(render->geometry().right(), 0);
+    EXPECT_TRUE(paintedIn("picThumbs") == page);
+    EXPECT_TRUE(paintedIn("picSim") == sim);
+    EXPECT_TRUE(paintedIn("picRender") == hidden);
+    EXPECT_TRUE(script.unexpected().isEmpty());
+}
+
+TEST_F(PreviewTest, ARowThatIsMissingIsTrapped) {
+    frmMain& window = showSimWithHead();
+    folder.write("game/UserData/Characters/" + fileName(1), test::simFile({"adult", "b,BODY=s"}));
+    script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
+    window.msPrepareSimPreview();
+    EXPECT_TRUE(script.isDone());
+    EXPECT_EQ(glngErrorNumber, 9);
+    EXPECT_EQ(gstrErrorModule, "frmMain");
+    EXPECT_EQ(gstrErrorProc, "msPrepareSimPreview");
+    EXPECT_FALSE(isPrepared());
+}
+
+TEST_F(PreviewTest, WithoutASimNothingHappens) {
+    frmMain& window = showSimWithHead();
+    clickCell(window, 5);
+    ASSERT_EQ(textOf(window, "txtSimName"), "");
+    window.msPrepareSimPreview();
+    EXPECT_FALSE(isPrepared());
+    find<QLineEdit>(window, "txtSimName")->setText("a name");
+    window.msPrepareSimPreview();
+    EXPECT_FALSE(isPrepared());
+    clickCell(window, 0);
+    find<QListWidget>(window, "lstUserDataDir")->setCurrentRow(-1);
+    find<QListWidget>(window, "lstUserDataDir")->clearSelection();
+    window.msPrepareSimPreview();
+    EXPECT_FALSE(isPrepared());
+}
+
+// A walk over every button and command of the window leaves the old files where they are.
+TEST_F(PreviewTest, NoControlLeadsToIt) {
+    frmMain& window = showSimWithHead();
+    for (const char* button : {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"}) {
+        click(window, button);
+    }
+    clickCell(window, 0);
+    chooseLine(window, 0);
+    QTest::keyClick(find<QWidget>(window, "picThumbs"), Qt::Key_Right);
+    script.whenShown("frmEditSim", [](QWidget& editor) { editor.close(); });
+    click(window, "cmdSelect");
+    EXPECT_FALSE(isPrepared());
+    auto* render = find<PictureBox>(window, "picRender");
+    EXPECT_TRUE(render->picture().isNull());
+    const QImage painted = render->painted();
+    for (int y = 0; y < painted.height(); ++y) {
+        for (int x = 0; x < painted.width(); ++x) {
+            ASSERT_EQ(painted.pixel(x, y), painted.pixel(0, 0));
+        }
+    }
 }
 
 }  // namespace

@@ -381,6 +381,48 @@ TEST_F(SkinFileTest, ANameThatIsNoFileNameIsAFailure) {
     EXPECT_THROW(findSkin("a/face"), RuntimeError);
 }
 
+StrSegment wardrobe(const std::vector<std::string>& rows) {
+    StrSegment strings;
+    for (const std::string& row : rows) {
+        strings.Entries.append({'\1', row, ""});
+    }
+    return strings;
+}
+
+TEST_F(HeadFilesTest, ASimsHeadStandsInTheThirdRow) {
+    packWithHead(packName(""), "m");
+    archive("GameData/Textures/Textures.far", {{"face.bmp", "skin"}});
+    const HeadFiles found =
+        findHeadFiles(wardrobe({"adult", "body,BODY=bodyskin", "head,HEAD=face", "rest"}));
+    EXPECT_EQ(found.mesh.text(), sknTemp());
+    EXPECT_EQ(found.skin.text(), skinTemp());
+}
+
+TEST_F(HeadFilesTest, WithoutAHeadTheBodyIsTaken) {
+    folder.write("game/GameData/Skins/body.cmx", "HEAD\r\nmesh\r\n");
+    folder.write("game/GameData/Skins/bodyskin;x.bmp", "skin");
+    const HeadFiles found = findHeadFiles(wardrobe({"adult", "body,BODY=bodyskin;x", "NONE"}));
+    EXPECT_EQ(found.mesh.text(), SimsPath.text() + "\\gamedata\\skins\\mesh.skn");
+    EXPECT_EQ(found.skin.text(), SimsPath.text() + "\\gamedata\\skins\\bodyskin;x.BMP");
+    folder.write("game/GameData/Skins/none.cmx", "HEAD\r\nmesh\r\n");
+    EXPECT_EQ(findHeadFiles(wardrobe({"adult", "x,BODY=y", "none,a,b=c=d"})).mesh.fileName(),
+              "mesh.skn");
+}
+
+TEST_F(HeadFilesTest, ATableWithoutTheRowsIsAFailure) {
+    const auto failureOf = [](const StrSegment& strings) {
+        try {
+            findHeadFiles(strings);
+        } catch (const RuntimeError& failure) {
+            return failure.number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(failureOf(wardrobe({})), 9);
+    EXPECT_EQ(failureOf(wardrobe({"adult", "body,BODY=skin"})), 9);
+    EXPECT_EQ(failureOf(wardrobe({"adult", "body,BODY=skin", "no comma"})), 5);
+}
+
 TEST_F(HeadFilesTest, WithoutAGameBothAreEmptyAndSilent) {
     for (const Path& game : {Path(), Path("ERROR"), folder.path("nowhere"), SimsPath}) {
         SimsPath = game;
