@@ -532,7 +532,7 @@ void frmMain::cmdSelect_Click() {
     if (!gfstrQuickReadIFF(mudtIff, simPath(file)).empty()) {
         return;
     }
-    writeSetting(setting::kLastNeighborhood, ui->lstUserDataDir->currentItem()->text());
+    writeSetting(setting::kLastNeighborhood, toDisplay(ui->lstUserDataDir->line()));
     setPointer(Pointer::Hourglass);
     repaint();
     if (mblnIsPet) {

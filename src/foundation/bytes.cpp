@@ -68,7 +68,9 @@ std::string gfstrReverseFour(std::string_view bytes) {
     if (bytes.size() != 4) {
         return "    ";
     }
-    return {bytes.rbegin(), bytes.rend()};
+    std::string reversed(bytes);
+    std::reverse(reversed.begin(), reversed.end());
+    return reversed;
 }
 
 int gfintHexToByte(std::string& digits) {

@@ -20,7 +20,8 @@ void ClickList::setLines(const std::vector<std::string>& gameTexts) {
 }
 
 std::string ClickList::line() const {
-    return currentItem() == nullptr ? std::string() : toGameText(currentItem()->text());
+    const QList<QListWidgetItem*> chosen = selectedItems();
+    return chosen.isEmpty() ? std::string() : toGameText(chosen.first()->text());
 }
 
 void ClickList::mousePressEvent(QMouseEvent* event) {
@@ -30,14 +31,15 @@ void ClickList::mousePressEvent(QMouseEvent* event) {
 
 void ClickList::mouseReleaseEvent(QMouseEvent* event) {
     QListWidget::mouseReleaseEvent(event);
-    if (std::exchange(pressed_, false) && currentItem() != nullptr) {
+    if (std::exchange(pressed_, false) && !selectedItems().isEmpty()) {
         Q_EMIT lineClicked();
     }
 }
 
-void ClickList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QListWidget::currentChanged(current, previous);
-    if (!pressed_ && current.isValid()) {
+// A list that takes the focus makes a line current without selecting it: nothing is chosen then.
+void ClickList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListWidget::selectionChanged(selected, deselected);
+    if (!pressed_ && !selected.isEmpty()) {
         Q_EMIT lineClicked();
     }
 }

@@ -71,7 +71,7 @@ std::string findIgnoringCase(const std::string& folder, const std::string& wante
 
 // The path as the machine wants it. Pieces that don't exist stay as they are written.
 std::string resolve(const Path& path) {
-    const std::string native = nativeText(path);
+    std::string native = nativeText(path);
     if (isPresent(native)) {
         return native;
     }
@@ -86,7 +86,7 @@ std::string resolve(const Path& path) {
             continue;
         }
         std::string name = piece;
-        if (!missing && !isPresent(found + piece)) {
+        if (!missing && !isPresent(std::string(found).append(piece))) {
             name = findIgnoringCase(found, piece);
             if (name.empty()) {
                 missing = true;
