@@ -5,7 +5,8 @@
 #include <QLabel>
 #include <QScreen>
 
-#include "browser/sim_page.h"
+#include "catalogue/model_catalogue.h"
+#include "catalogue/thumbnail_page.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/frmSetPath.h"
@@ -21,6 +22,7 @@
 #include "platform/settings.h"
 #include "platform/stock_pictures.h"
 #include "ui_frmMain.h"
+#include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
 
 namespace marlowick {
@@ -44,11 +46,6 @@ constexpr Portrait kPortraits[] = {
 QPoint imagePosition(int cell) {
     const page::Position corner = page::corner(cell);
     return {corner.x + 2 + 9, corner.y + 2};
-}
-
-QRect outerBox(int cell) {
-    const page::Position corner = page::corner(cell);
-    return {corner.x, corner.y, page::kPitch, page::kPitch};
 }
 
 // Two lines of it fit under a thumbnail.
@@ -160,6 +157,8 @@ void frmMain::Form_Load() {
     for (int cell = 0; cell < page::kCells; ++cell) {
         setName(cell, QString());
     }
+    resetModelCatalogue();
+    gsBuildModelCatalogue();
     ignoringErrors([] { files().makeFolder(ProgramFolder + "\\ENS"); });
 }
 
@@ -415,10 +414,8 @@ std::string frmMain::fileInCell(int cell) const {
 }
 
 void frmMain::outlineCell(int cell, bool visible) {
-    const QColor colour = visible ? QColor(Qt::white) : ui->picThumbs->buttonFace();
-    const QRect outer = outerBox(cell);
-    ui->picThumbs->outline(outer, colour);
-    ui->picThumbs->outline(outer.adjusted(1, 1, -1, -1), colour);
+    const page::Position corner = page::corner(cell);
+    ui->picThumbs->frame({corner.x, corner.y, page::kPitch, page::kPitch}, visible);
 }
 
 void frmMain::picThumbs_MouseDown(QPoint position) {
@@ -443,13 +440,11 @@ void frmMain::picThumbs_MouseMove(QPoint position) {
 }
 
 void frmMain::moveSelection(int columns, int rows) {
-    const int column = mlngSelected % page::kColumns + columns;
-    const int row = mlngSelected / page::kColumns + rows;
-    if (column < 0 || column >= page::kColumns || row < 0 || row >= page::kColumns) {
-        return;
+    const int cell = page::cellBeside(mlngSelected, columns, rows);
+    if (cell >= 0) {
+        const page::Position corner = page::corner(cell);
+        picThumbs_MouseDown({corner.x + page::kPitch / 2, corner.y + page::kPitch / 2});
     }
-    const page::Position corner = page::corner(row * page::kColumns + column);
-    picThumbs_MouseDown({corner.x + page::kPitch / 2, corner.y + page::kPitch / 2});
 }
 
 void frmMain::Timer1_Timer() {
@@ -536,8 +531,9 @@ void frmMain::cmdSelect_Click() {
     setPointer(Pointer::Hourglass);
     repaint();
     if (mblnIsPet) {
-        // Pets have no window yet.
-        setPointer(Pointer::Default);
+        auto& editor = theWindow<frmEditPet>();
+        editor.LoadUserFile = simPath(file);
+        editor.showModal();
         return;
     }
     auto& editor = theWindow<frmEditSim>();

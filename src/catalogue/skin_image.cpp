@@ -73,4 +73,19 @@ void gsFetchSkinImage(PictureTarget& picture, std::string_view name) {
     loadFromArchives(picture, upperCase(name));
 }
 
+void showArchiveSkin(PictureTarget& picture, const Path& archive, int number) {
+    FarDirectory directory;
+    gsReadFARdir(directory, archive);
+    gsExtractFileEx(archive, tempFolder(), kSkinTempName, directory, number);
+    picture.load(tempFolder().child(kSkinTempName));
+}
+
+void showChosenSkin(PictureTarget& picture, const ChosenSkin& chosen) {
+    if (chosen.FarFileIndex == -1) {
+        picture.load(chosen.LoadSkinFile);
+    } else {
+        showArchiveSkin(picture, chosen.LoadSkinFile, chosen.FarFileIndex);
+    }
+}
+
 }  // namespace marlowick

@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "catalogue/chosen_skin.h"
 #include "platform/picture_target.h"
 
 namespace marlowick {
@@ -11,6 +12,14 @@ namespace marlowick {
 // the picture alone: folders first, then archives. A name that begins with "***" is a note and
 // touches nothing. Quiet: no failure is reported to anyone.
 void gsFetchSkinImage(PictureTarget& picture, std::string_view name);
+
+// Copies an archive's entry (its number from 1) out as "skintemp.bmp" and shows that. Failures of
+// the archive are reported by gsReadFARdir and gsExtractFileEx; what stands in the file then is
+// shown. Raises what the picture raises.
+void showArchiveSkin(PictureTarget& picture, const Path& archive, int number);
+
+// Shows what the skin chooser has handed back: an entry of an archive or a bitmap of its own.
+void showChosenSkin(PictureTarget& picture, const ChosenSkin& chosen);
 
 // The folder of the files that a picture passes through, with its trailing backslash:
 // program folder + "\temp\".

@@ -107,6 +107,12 @@ void PictureBox::outline(const QRect& box, const QColor& colour) {
     update(box.adjusted(-1, -1, 1, 1));
 }
 
+void PictureBox::frame(const QRect& cell, bool visible) {
+    const QColor colour = visible ? QColor(Qt::white) : buttonFace();
+    outline(cell, colour);
+    outline(cell.adjusted(1, 1, -1, -1), colour);
+}
+
 QColor PictureBox::outlineAt(const QRect& box) const {
     for (const Outline& outline : outlines_) {
         if (outline.box == box) {

@@ -41,6 +41,9 @@ class PictureBox : public QFrame, public PictureTarget {
     // Draws an unfilled box on top, in place of one that lies at the same place. A box in the
     // button-face colour just goes.
     void outline(const QRect& box, const QColor& colour);
+    // Draws two boxes, one just inside the other, in white, or takes them away: the frame of a
+    // chosen cell.
+    void frame(const QRect& cell, bool visible);
     QColor outlineAt(const QRect& box) const;  // invalid if there is none
     void clearOutlines();
     QColor buttonFace() const;

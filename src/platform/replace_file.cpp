@@ -1,5 +1,6 @@
 #include "platform/replace_file.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,20 +16,24 @@ constexpr std::size_t kBlock = 32768;
 // The name fits no mask of the game or of this program, so that a leftover is never listed.
 constexpr const char* kSuffix = ".marlowick-new";
 
-void fill(const Path& source, const Path& beside, const std::function<void()>& afterBlock) {
+void copyAll(const Path& source, File& to, const std::function<void()>& afterBlock) {
     const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
-    const std::unique_ptr<File> to = files().open(beside, OpenMode::CreateNew);
     std::string block(kBlock, '\0');
     for (;;) {
         const std::size_t count = from->read(block.data(), block.size());
         if (count == 0) {
-            break;
+            return;
         }
-        to->write(std::string_view(block).substr(0, count));
+        to.write(std::string_view(block).substr(0, count));
         if (afterBlock) {
             afterBlock();
         }
     }
+}
+
+void makeBeside(const Path& beside, const std::function<void(File&)>& fill) {
+    const std::unique_ptr<File> to = files().open(beside, OpenMode::CreateNew);
+    fill(*to);
     to->flush();
 }
 
@@ -40,10 +45,8 @@ void discard(const Path& beside) {
     }
 }
 
-}  // namespace
-
-void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
-                 const std::function<void()>& afterBlock) {
+void replaceWith(const std::function<void(File&)>& fill, const Path& target,
+                 ReadOnlyTarget readOnly) {
     streams().letGo(target);
     const bool exists = files().fileExists(target);
     if (exists && readOnly == ReadOnlyTarget::Refuse && files().isReadOnly(target)) {
@@ -53,7 +56,7 @@ void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly
     const Path beside = place + kSuffix;
     removeIfPresent(beside);
     try {
-        fill(source, beside, afterBlock);
+        makeBeside(beside, fill);
         if (exists) {
             if (readOnly == ReadOnlyTarget::Replace) {
                 files().clearAttributes(place);
@@ -66,6 +69,17 @@ void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly
         discard(beside);
         throw RuntimeError(failure);
     }
+}
+
+}  // namespace
+
+void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                 const std::function<void()>& afterBlock) {
+    replaceWith([&](File& to) { copyAll(source, to, afterBlock); }, target, readOnly);
+}
+
+void replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly) {
+    replaceWith([&](File& to) { to.write(content); }, target, readOnly);
 }
 
 }  // namespace marlowick

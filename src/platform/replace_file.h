@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 
 #include "platform/path.h"
 
@@ -21,5 +22,8 @@ enum class ReadOnlyTarget {
 // afterBlock runs behind each block that was copied.
 void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
                  const std::function<void()>& afterBlock = {});
+
+// The same with content from memory.
+void replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly);
 
 }  // namespace marlowick

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "browser/frmMain.h"
+#include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -14,9 +15,10 @@
 #include "platform/input_guard.h"
 #include "platform/messages.h"
 #include "platform/picture_box.h"
-#include "platform/stock_pictures.h"
 #include "ui_frmEditSim.h"
 #include "wardrobe/default_names.h"
+#include "wardrobe/frmENS.h"
+#include "wardrobe/stock_cards.h"
 #include "wardrobe/user_backup.h"
 #include "wardrobe/wardrobe_rows.h"
 
@@ -46,6 +48,44 @@ constexpr SkinFolder kSkinFolders[] = {
 };
 
 }  // namespace
+
+// Change commands: the chooser's reply goes into the fields and the picture of a slot.
+struct frmEditSim::ChangeCommand {
+    Outfit outfit;
+    const char* button;
+    const char* event;
+};
+
+const frmEditSim::ChangeCommand frmEditSim::kChangeCommands[] = {
+    {Outfit::Normal, "cmdChangeNormal", "cmdChangeNormal_Click"},
+    {Outfit::Swimsuit, "cmdChangeSwimsuit", "cmdChangeSwimsuit_Click"},
+    {Outfit::Formal, "cmdChangeFormal", "cmdChangeFormal_Click"},
+    {Outfit::Pajamas, "cmdChangePajamas", "cmdChangePajamas_Click"},
+    {Outfit::Winter, "cmdChangeWinter", "cmdChangeWinter_Click"},
+    {Outfit::Fashion, "cmdChangeFashion", "cmdChangeFashion_Click"},
+};
+
+struct frmEditSim::HandChange {
+    Field field;
+    const char* picture;
+    const char* button;
+    const char* event;
+};
+
+using F = WardrobeFields;
+
+const frmEditSim::HandChange frmEditSim::kHandChanges[] = {
+    {&F::txtHandClosedLeft, "picHandClosedLeft", "cmdleftClosedHand", "cmdleftClosedHand_Click"},
+    {&F::txtHandClosedRight, "picHandClosedRight", "cmdRightClosedHand",
+     "cmdRightClosedHand_Click"},
+    {&F::txtHandOpenLeft, "picHandOpenLeft", "cmdLeftOpenHand", "cmdLeftOpenHand_Click"},
+    {&F::txtHandOpenRight, "picHandOpenRight", "cmdRightOpenHand", "cmdRightOpenHand_Click"},
+    {&F::txtHandPointLeft, "picHandPointLeft", "cmdLeftPointHand", "cmdLeftPointHand_Click"},
+    {&F::txtHandPointRight, "picHandPointRight", "cmdRightPointHand", "cmdRightPointHand_Click"},
+    {&F::txtHandFormalLeft, "picHandFormalLeft", "cmdLeftFormalHand", "cmdLeftFormalHand_Click"},
+    {&F::txtHandFormalRight, "picHandFormalRight", "cmdRightFormalHand",
+     "cmdRightFormalHand_Click"},
+};
 
 // Default commands. Their pictures come from folders alone, never from archives.
 struct frmEditSim::DefaultCommand {
@@ -84,8 +124,6 @@ struct frmEditSim::HandPair {
     const char* prompt;
 };
 
-using F = WardrobeFields;
-
 const frmEditSim::HandPair frmEditSim::kHandPairs[] = {
     {HandPose::Closed, HandPose::Point, &F::txtHandClosedLeft, &F::txtHandClosedRight,
      "picHandClosedLeft", "picHandClosedRight", "cmdCopyLeftClosed", "cmdCopyLeftClosed_Click",
@@ -118,8 +156,8 @@ void frmEditSim::buildControls() {
     connectOutfitCommands();
     connectHandCommands();
     connectBodyTypes();
-    onClick(ui->cmdEnsLoad, "cmdEnsLoad_Click", [this] { takeFocus(); });
-    onClick(ui->cmdEnsSave, "cmdEnsSave_Click", [this] { takeFocus(); });
+    onClick(ui->cmdEnsLoad, "cmdEnsLoad_Click", [this] { cmdEnsLoad_Click(); });
+    onClick(ui->cmdEnsSave, "cmdEnsSave_Click", [this] { cmdEnsSave_Click(); });
     onClick(ui->cmdSave, "cmdSave_Click", [this] { cmdSave_Click(); });
     onClick(ui->cmdCancel, "cmdCancel_Click", [this] {
         takeFocus();
@@ -128,43 +166,18 @@ void frmEditSim::buildControls() {
 }
 
 void frmEditSim::makeStockPictures() {
-    ui->picNotFound->setPicture(wordCard(
-        {256, 256},
-        QStringLiteral("The bitmap can not be displayed.\n\nIt was not found, is compressed or is "
-                       "invalid."),
-        16));
+    ui->picNotFound->setPicture(notFoundCard());
     ui->picChild->setPicture(wordCard(
         {256, 256}, QStringLiteral("Child sims do not have formal or high fashion skins."), 16));
-    ui->picWebNotFound->setPicture(questionCard({44, 44}));
-    ui->picNoBitmaps->setPicture(
-        wordCard({200, 40}, QStringLiteral("Bitmap not present in sim IFF file"), 11));
+    ui->picWebNotFound->setPicture(webNotFoundCard());
+    ui->picNoBitmaps->setPicture(noBitmapsCard());
     ui->picHandNotFound->setPicture(wordCard({64, 64}, QStringLiteral("Skin not found"), 11));
 }
 
 void frmEditSim::connectOutfitCommands() {
-    struct ChangeButton {
-        const char* button;
-        const char* event;
-    };
-    static constexpr ChangeButton kChangeButtons[] = {
-        {"cmdChangeNormal", "cmdChangeNormal_Click"},
-        {"cmdChangeSwimsuit", "cmdChangeSwimsuit_Click"},
-        {"cmdChangeFormal", "cmdChangeFormal_Click"},
-        {"cmdChangePajamas", "cmdChangePajamas_Click"},
-        {"cmdChangeWinter", "cmdChangeWinter_Click"},
-        {"cmdChangeFashion", "cmdChangeFashion_Click"},
-        {"cmdleftClosedHand", "cmdleftClosedHand_Click"},
-        {"cmdRightClosedHand", "cmdRightClosedHand_Click"},
-        {"cmdLeftOpenHand", "cmdLeftOpenHand_Click"},
-        {"cmdRightOpenHand", "cmdRightOpenHand_Click"},
-        {"cmdLeftPointHand", "cmdLeftPointHand_Click"},
-        {"cmdRightPointHand", "cmdRightPointHand_Click"},
-        {"cmdLeftFormalHand", "cmdLeftFormalHand_Click"},
-        {"cmdRightFormalHand", "cmdRightFormalHand_Click"},
-    };
-    for (const ChangeButton& change : kChangeButtons) {
-        onClick(findChild<QAbstractButton*>(QString::fromLatin1(change.button)), change.event,
-                [this] { takeFocus(); });
+    for (const ChangeCommand& command : kChangeCommands) {
+        onClick(findChild<QAbstractButton*>(QString::fromLatin1(command.button)), command.event,
+                [this, &command] { changeOutfit(command); });
     }
     for (const DefaultCommand& command : kDefaultCommands) {
         onClick(findChild<QAbstractButton*>(QString::fromLatin1(command.button)), command.event,
@@ -173,6 +186,10 @@ void frmEditSim::connectOutfitCommands() {
 }
 
 void frmEditSim::connectHandCommands() {
+    for (const HandChange& command : kHandChanges) {
+        onClick(findChild<QAbstractButton*>(QString::fromLatin1(command.button)), command.event,
+                [this, &command] { changeHand(command); });
+    }
     for (const HandPair& pair : kHandPairs) {
         onClick(findChild<QAbstractButton*>(QString::fromLatin1(pair.copyButton)), pair.copyEvent,
                 [this, &pair] { copyLeftHand(pair); });
@@ -308,7 +325,40 @@ void frmEditSim::showPictures(bool childCards) {
     }
 }
 
+void frmEditSim::showChoice(const char* name) {
+    PictureBox& box = picture(name);
+    box.setPicture(ui->picNotFound->picture());
+    showChosenSkin(box, *this);
+}
+
 // Commands on outfits.
+
+// The body type comes from the options, so that a person may pick a body of another type.
+void frmEditSim::changeOutfit(const ChangeCommand& command) {
+    trapped("frmEditSim", command.event, [&] {
+        CheckpointNumber = 1000;
+        takeFocus();
+        const OutfitSlot& slot = outfitSlot(command.outfit);
+        if (slot.adultsOnly && !fields_.isAdult()) {
+            return;
+        }
+        auto& chooser = theWindow<frmSelectSkin>();
+        chooser.SkinData = skinRequest(fields_, wardrobe_, slot.letter);
+        chooser.HandMode = false;
+        chooser.SelectMode = kSelectSimSkin;
+        chooser.choose(*this);
+        if (SelectedSkin.empty()) {
+            return;
+        }
+        CheckpointNumber = 3000;
+        const std::size_t comma = SelectedSkin.find(',');
+        fields_.*slot.body = SelectedSkin.substr(0, comma);
+        fields_.*slot.skin = SelectedSkin.substr(comma + 1);
+        showFields();
+        CheckpointNumber = 4000;
+        showChoice(slot.picture);
+    });
+}
 
 void frmEditSim::defaultOutfit(const DefaultCommand& command) {
     takeFocus();
@@ -331,6 +381,22 @@ void frmEditSim::defaultOutfit(const DefaultCommand& command) {
 }
 
 // Commands on hands.
+
+void frmEditSim::changeHand(const HandChange& command) {
+    trapped("frmEditSim", command.event, [&] {
+        takeFocus();
+        auto& chooser = theWindow<frmSelectSkin>();
+        chooser.HandMode = true;
+        chooser.SelectMode = kSelectHand;
+        chooser.choose(*this);
+        if (SelectedSkin.empty()) {
+            return;
+        }
+        fields_.*command.field = SelectedSkin;
+        showFields();
+        showChoice(command.picture);
+    });
+}
 
 void frmEditSim::copyLeftHand(const HandPair& pair) {
     takeFocus();
@@ -374,6 +440,28 @@ void frmEditSim::cmdNormalFormalHands_Click() {
         ui->picHandFormalLeft->setPicture(ui->picHandNotFound->picture());
         ui->picHandFormalRight->setPicture(ui->picHandFormalLeft->picture());
     });
+}
+
+// Ensembles.
+
+void frmEditSim::cmdEnsSave_Click() {
+    takeFocus();
+    auto& ensembles = theWindow<frmENS>();
+    ensembles.mode = kEnsembleSave;
+    ensembles.showFor(fields_);
+}
+
+// All pictures are shown anew, also after Cancel; a child's adult outfits then show the fields.
+void frmEditSim::cmdEnsLoad_Click() {
+    takeFocus();
+    auto& ensembles = theWindow<frmENS>();
+    ensembles.mode = kEnsembleLoad;
+    ensembles.showFor(fields_);
+    showFields();
+    const InputGuard guard;
+    setPointer(Pointer::Hourglass);
+    showPictures(false);
+    setPointer(Pointer::Default);
 }
 
 // Saving.

@@ -2,10 +2,10 @@
 // Nothing reaches the sim's file before Save.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 
+#include "catalogue/chosen_skin.h"
 #include "iff/iff_file.h"
 #include "iff/string_segment.h"
 #include "platform/form.h"
@@ -20,7 +20,7 @@ namespace marlowick {
 
 class PictureBox;
 
-class frmEditSim : public ModalForm {
+class frmEditSim : public ModalForm, public ChosenSkin {
     Q_OBJECT
   public:
     frmEditSim();
@@ -28,12 +28,6 @@ class frmEditSim : public ModalForm {
 
     // The sim's file; set before the window is shown.
     Path LoadUserFile;
-    // The reply of the skin chooser: body, "," and skin, or a hand's skin; empty if cancelled.
-    std::string SelectedSkin;
-    // The bitmap or archive that the chosen skin lies in, and the entry's number in the archive;
-    // -1 for a bitmap.
-    Path LoadSkinFile;
-    std::int32_t FarFileIndex = -1;
     bool ConfirmDelete = false;
 
     void Form_Load() override;
@@ -43,8 +37,12 @@ class frmEditSim : public ModalForm {
     void buildControls() override;
 
   private:
+    struct ChangeCommand;
+    struct HandChange;
     struct DefaultCommand;
     struct HandPair;
+    static const ChangeCommand kChangeCommands[];
+    static const HandChange kHandChanges[];
     static const DefaultCommand kDefaultCommands[];
     static const HandPair kHandPairs[];
 
@@ -63,6 +61,12 @@ class frmEditSim : public ModalForm {
     void showPictures(bool childCards);
     void showSkin(const char* picture, const std::string& skin);
 
+    void changeOutfit(const ChangeCommand& command);
+    void changeHand(const HandChange& command);
+    // Puts what the chooser has handed back into a picture.
+    void showChoice(const char* picture);
+    void cmdEnsLoad_Click();
+    void cmdEnsSave_Click();
     void defaultOutfit(const DefaultCommand& command);
     void copyLeftHand(const HandPair& pair);
     void defaultHands(const HandPair& pair);

@@ -173,11 +173,6 @@ void readHands(const Rows& rows) {
     }
 }
 
-std::string withoutTrailingBlanks(std::string text) {
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
-}
-
 }  // namespace
 
 const OutfitSlot& outfitSlot(Outfit outfit) {
@@ -195,6 +190,16 @@ std::string bodyOfRow(std::string_view rowText) {
 std::string skinOfRow(std::string_view rowText) {
     const std::size_t equals = rowText.find('=');
     return std::string(equals == std::string_view::npos ? rowText : rowText.substr(equals + 1));
+}
+
+std::string objectLabel(const IffSegment& segment) {
+    std::string label = gfstrTrimAtNull(segment.Label);
+    label.erase(label.find_last_not_of(' ') + 1);
+    return label;
+}
+
+std::string shownName(std::string_view name, std::string_view label) {
+    return std::string(name) + "  (" + std::string(label) + ")";
 }
 
 void readWardrobe(const StrSegment& strings, WardrobeFields& fields) {
@@ -221,13 +226,13 @@ void readSimName(IffFile& iff, WardrobeFields& fields) {
         segment.Label = gfstrTrimAtNull(segment.Label);
         segment.Label.resize(kLabelWidth, ' ');
         if (isUserObject(segment)) {
-            fields.txtName = withoutTrailingBlanks(segment.Label);
+            fields.txtName = objectLabel(segment);
         }
         if (segment.Type == "CTSS") {
             name = catalogueName(segment);
         }
     }
-    fields.txtName = name + "  (" + fields.txtName + ")";
+    fields.txtName = shownName(name, fields.txtName);
 }
 
 void readPerson(const StrSegment& strings, WardrobeFields& fields) {

@@ -98,6 +98,12 @@ inline constexpr std::string_view kSuperstarOnly = "*** SUPERSTAR ADULTS ONLY **
 std::string bodyOfRow(std::string_view rowText);
 std::string skinOfRow(std::string_view rowText);
 
+// The label of an object, cut at its first zero byte and without trailing blanks.
+std::string objectLabel(const IffSegment& segment);
+
+// What txtName reads: the catalogue name and, in brackets, the label of the object.
+std::string shownName(std::string_view name, std::string_view label);
+
 // Fills outfits, hands and body type from the rows; sets CheckpointNumber from 1000 to 2000.
 // Raises 9 for a missing row and 5 for a row that can't be split; what was read until then stays.
 void readWardrobe(const StrSegment& strings, WardrobeFields& fields);

@@ -10,7 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "browser/sim_page.h"
+#include "catalogue/thumbnail_page.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "foundation/startup.h"

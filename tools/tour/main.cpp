@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "browser/sim_page.h"
+#include "catalogue/thumbnail_page.h"
 #include "driver.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"

@@ -21,6 +21,9 @@ Position corner(int cell);
 // the first cell of the next row.
 int cellAt(int x, int y);
 
+// The cell beside another, so many columns and rows away; -1 outside the page's 49.
+int cellBeside(int cell, int columns, int rows);
+
 // The number of the entry in a cell.
 int entryOf(int pageNumber, int cell);
 

@@ -1,4 +1,4 @@
-#include "browser/sim_page.h"
+#include "catalogue/thumbnail_page.h"
 
 #include <gtest/gtest.h>
 

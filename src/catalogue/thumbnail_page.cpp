@@ -1,4 +1,4 @@
-#include "browser/sim_page.h"
+#include "catalogue/thumbnail_page.h"
 
 namespace marlowick::page {
 
@@ -8,6 +8,13 @@ Position corner(int cell) {
 
 int cellAt(int x, int y) {
     return (y / kPitch) * kColumns + x / kPitch;
+}
+
+int cellBeside(int cell, int columns, int rows) {
+    const int column = cell % kColumns + columns;
+    const int row = cell / kColumns + rows;
+    const bool inside = column >= 0 && column < kColumns && row >= 0 && row < kCells / kColumns;
+    return inside ? row * kColumns + column : -1;
 }
 
 int entryOf(int pageNumber, int cell) {

@@ -1,0 +1,106 @@
+// The chooser: models on the left, a page of 49 thumbnails of the skins that fit on
+// the right. The windows that open it set its three properties and take its reply.
+#pragma once
+
+#include <QRect>
+#include <QTimer>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "catalogue/chosen_skin.h"
+#include "catalogue/skin_lists.h"
+#include "foundation/list.h"
+#include "platform/form.h"
+
+namespace Ui {
+class frmSelectSkin;
+}
+
+namespace marlowick {
+
+class PictureBox;
+
+// Values of SelectMode.
+inline constexpr std::int32_t kSelectHand = 1;
+inline constexpr std::int32_t kSelectSimSkin = 2;
+inline constexpr std::int32_t kSelectPetSkin = 3;
+
+class frmSelectSkin : public ModalForm {
+    Q_OBJECT
+  public:
+    frmSelectSkin();
+    ~frmSelectSkin() override;
+
+    // The request: "falgtfitB", or "Dog" or "Cat" for a pet; not read for a hand.
+    std::string SkinData;
+    // A hand is chosen: Select needs no line of the model list then.
+    bool HandMode = false;
+    std::int32_t SelectMode = kSelectSimSkin;
+
+    // Shows the window; reply takes what was chosen, and its SelectedSkin is empty if nothing was.
+    void choose(ChosenSkin& reply);
+
+    void Form_Load() override;
+    void Form_Activate() override;
+
+  protected:
+    void buildControls() override;
+
+  private:
+    void connectControls();
+    void showCaption();
+
+    void msGetFilteredModelList();
+    void msGetPetModelList();
+    void msFillModelList();
+
+    void msGetSkinFileNames();
+    void msGetHandFileNames();
+    void msGetSkinFARNames();
+    void msGetHandFARNames();
+    // Runs a builder of a list of bitmaps and tells of the bad ones.
+    void listFiles(const std::function<void(const PictureTest&, std::vector<std::string>&)>& list);
+    SkinQuery query(const std::string& model) const;
+
+    void msFillThumbs();
+    void msFillHandBMPs();
+    void msFillThumbsFAR();
+    void paintPage();
+    struct Source;
+    void paint(const Source& source);
+    void paintCells(const Source& source, int first, int last, Path& file);
+    void chooseEntry(int entry);
+    void showSkinName(const std::string& fileName);
+
+    void lstModels_Click();
+    void optMode_Click(int index);
+    void cmdNext_Click();
+    void cmdPrevious_Click();
+    void cmdSelect_Click();
+    void picThumbs_MouseDown(QPoint position);
+    void picThumbs_MouseMove(QPoint position);
+    void moveSelection(int columns, int rows);
+    void Timer1_Timer();
+    void frameCell(bool visible);
+    int entryCount() const;
+
+    std::unique_ptr<Ui::frmSelectSkin> ui;
+    QTimer* Timer1 = nullptr;
+    ChosenSkin* caller_ = nullptr;
+
+    List<Path> SkinFiles;
+    List<FarSkinEntry> FarSkins;
+    List<std::string> ModelList;
+    bool FarMode = false;
+    std::int32_t PageNumber = 0;
+    std::int32_t SelectedCell = 0;
+    Path ChosenFile;
+    std::int32_t ChosenIndex = 0;
+    bool BlinkPhase = false;
+    bool activating_ = false;
+};
+
+}  // namespace marlowick

@@ -1,0 +1,134 @@
+#include "catalogue/skin_lists.h"
+
+#include "catalogue/archives.h"
+#include "catalogue/names.h"
+#include "far/far_directory.h"
+#include "foundation/game.h"
+#include "platform/files.h"
+#include "platform/game_text.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::string_view kGameSkins = "\\gamedata\\skins\\";
+constexpr std::string_view kSkinFolders[] = {kGameSkins, "\\ExpansionPack3\\SkinsBuy\\",
+                                             "\\ExpansionShared\\SkinsBuy\\"};
+
+// An archive's skins belong to a model by so many leading characters.
+constexpr std::size_t kPersonTest = 12;
+constexpr std::size_t kPetTest = 7;
+
+// Hands, by the letters that they begin with. The mask of the "g" family is narrower in the
+// folder than the two letters in an archive.
+struct HandFamily {
+    const char* mask;
+    std::string_view prefix;
+};
+
+constexpr HandFamily kHandFamilies[] = {
+    {"hm*.bmp", "HM"},    {"hf*.bmp", "HF"},    {"hu*.bmp", "HU"},
+    {"gm??_*.bmp", "GM"}, {"gf??_*.bmp", "GF"}, {"gu??_*.bmp", "GU"},
+};
+
+void tryFiles(std::string_view folderPath, std::string_view mask, const PictureTest& loads,
+              List<Path>& skins, std::vector<std::string>& badFiles) {
+    const Path folder = SimsPath + folderPath;
+    for (const std::string& name : searchFiles(folder, mask)) {
+        if (isFileName(name) && loads(folder.child(name))) {
+            skins.appendCounted(folder.child(name));
+        } else {
+            badFiles.push_back(name);
+        }
+    }
+}
+
+std::string toneOf(const SkinQuery& query) {
+    return query.pet ? std::string() : charactersAt(query.skinData, 3, 3);
+}
+
+// An archive's directory and the bare upper-case names of its entries, entry number 1 first.
+std::vector<std::string> baseNames(const Path& archive) {
+    FarDirectory directory;
+    gsReadFARdir(directory, archive);
+    std::vector<std::string> names;
+    const int count = farEntryCount(directory);
+    names.reserve(static_cast<std::size_t>(count));
+    for (int number = 1; number <= count; ++number) {
+        names.push_back(gfstrFarBaseName(directory.Entries[number].FileName));
+    }
+    return names;
+}
+
+// Takes the bitmaps whose first characters, length of them, are the wanted text.
+void takeEntries(const Path& archive, const std::vector<std::string>& names,
+                 std::string_view wanted, std::size_t length, List<FarSkinEntry>& skins) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string& name = names[i];
+        if (std::string_view(name).substr(0, length) == wanted && name.ends_with(".BMP")) {
+            skins.appendCounted({archive, static_cast<std::int32_t>(i) + 1, name});
+        }
+    }
+}
+
+}  // namespace
+
+void listSkinFiles(const SkinQuery& query, const PictureTest& loads, List<Path>& skins,
+                   std::vector<std::string>& badFiles) {
+    skins.reset();
+    const std::string mask = skinMask(query.model, toneOf(query));
+    if (mask.empty()) {
+        return;
+    }
+    for (const std::string_view folder : kSkinFolders) {
+        tryFiles(folder, mask + ".bmp", loads, skins, badFiles);
+    }
+}
+
+void listHandFiles(const PictureTest& loads, List<Path>& skins,
+                   std::vector<std::string>& badFiles) {
+    skins.reset();
+    for (const HandFamily& family : kHandFamilies) {
+        tryFiles(kGameSkins, family.mask, loads, skins, badFiles);
+    }
+}
+
+void listSkinEntries(const SkinQuery& query, List<FarSkinEntry>& skins) {
+    skins.reset();
+    // A pet's model isn't upper-cased: one that a folder gave in another case has no skins here.
+    const std::string prefix = modelPrefix(query.model);
+    const std::string wanted = query.pet ? prefix : upperCase(prefix + toneOf(query));
+    if (prefix.empty()) {
+        return;
+    }
+    for (const Path& archive :
+         existingArchives({ArchiveStage::Shared, ArchiveStage::FirstExpansion,
+                           ArchiveStage::Expansions, ArchiveStage::AllTextures},
+                          kLastSkinExpansion)) {
+        takeEntries(archive, baseNames(archive), wanted, query.pet ? kPetTest : kPersonTest, skins);
+    }
+}
+
+void listHandEntries(List<FarSkinEntry>& skins) {
+    skins.reset();
+    for (const Path& archive :
+         existingArchives({ArchiveStage::FirstExpansion, ArchiveStage::Expansions,
+                           ArchiveStage::AllTextures},
+                          kLastSkinExpansion)) {
+        const std::vector<std::string> names = baseNames(archive);
+        for (const HandFamily& family : kHandFamilies) {
+            takeEntries(archive, names, family.prefix, family.prefix.size(), skins);
+        }
+    }
+}
+
+std::string badSkinReport(const std::vector<std::string>& badFiles) {
+    std::string report = "The following files could not be loaded:\r\n\r\n";
+    for (const std::string& name : badFiles) {
+        report += name + "\r\n";
+    }
+    return report +
+           "\r\nThese files may be \"fixed\" by loading them into\r\n"
+           "a program like Paint Shop Pro and re-saving them.\r\n";
+}
+
+}  // namespace marlowick

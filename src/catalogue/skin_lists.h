@@ -1,0 +1,48 @@
+// The skins that fit a model, and the skins of hands, from the skins folders and
+// from the archives. Names and requests are game texts.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/list.h"
+#include "platform/path.h"
+
+namespace marlowick {
+
+// A skin that lies in an archive.
+struct FarSkinEntry {
+    Path FarFile;
+    std::int32_t FileIndex = 0;  // the entry's number in that archive, from 1
+    std::string FileName;        // its last component, upper case, with extension
+};
+
+// What a skin is looked for by: the model's name, the request to the skin chooser, and whether
+// it is a pet's, whose skins have no tone.
+struct SkinQuery {
+    std::string_view model;
+    std::string_view skinData;
+    bool pet = false;
+};
+
+// Tries a bitmap: false if it can't be loaded.
+using PictureTest = std::function<bool(const Path&)>;
+
+// Rebuild a list of bitmaps in folders. Each candidate is tried once; the bare names of those that
+// can't be loaded go to badFiles. Nothing is tested for duplicates. Raise 6 past 32767 entries.
+void listSkinFiles(const SkinQuery& query, const PictureTest& loads, List<Path>& skins,
+                   std::vector<std::string>& badFiles);
+void listHandFiles(const PictureTest& loads, List<Path>& skins, std::vector<std::string>& badFiles);
+
+// Rebuild a list of skins in archives; nothing is tried. An archive that can't be read is reported
+// by gsReadFARdir. Raise 6 past 32767 entries.
+void listSkinEntries(const SkinQuery& query, List<FarSkinEntry>& skins);
+void listHandEntries(List<FarSkinEntry>& skins);
+
+// The message about bad files; a game text, lines ended by CR LF.
+std::string badSkinReport(const std::vector<std::string>& badFiles);
+
+}  // namespace marlowick

@@ -1,0 +1,23 @@
+// Ensemble files: a wardrobe as plain lines of text, to be put on another sim. A
+// line's meaning is its number alone; docs/file-formats.md has the table.
+#pragma once
+
+#include "platform/path.h"
+#include "wardrobe/wardrobe_fields.h"
+
+namespace marlowick {
+
+// The folder of the ensembles: program folder + "\ENS".
+Path ensembleFolder();
+
+// Puts the lines into the fields as they come. Files of earlier generations have 18 or 20 lines:
+// the fields of the missing ones stay as they are. A line ends at CR LF, CR or LF, the last one
+// also at the end of the file. Raises 62 for a file that ends before, with the fields filled as
+// far as it went, and what opening raises; the stream then stays open.
+void loadEnsemble(const Path& path, WardrobeFields& fields);
+
+// Writes all 22 lines, each ended by CR LF, in the place of what stands at path. Raises 75 for a
+// read-only file, and what writing raises; an old file is then as it was.
+void saveEnsemble(const Path& path, const WardrobeFields& fields);
+
+}  // namespace marlowick

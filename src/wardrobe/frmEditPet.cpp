@@ -1,0 +1,173 @@
+#include "wardrobe/frmEditPet.h"
+
+#include "browser/frmMain.h"
+#include "catalogue/frmSelectSkin.h"
+#include "catalogue/skin_image.h"
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "iff/safe_rewrite.h"
+#include "platform/display_text.h"
+#include "platform/input_guard.h"
+#include "platform/messages.h"
+#include "platform/picture_box.h"
+#include "ui_frmEditPet.h"
+#include "wardrobe/stock_cards.h"
+#include "wardrobe/user_backup.h"
+
+namespace marlowick {
+namespace {
+
+constexpr QSize kWindowSize(470, 584);
+constexpr int kFontPixels = 10;  // every caption fits its place in it
+
+}  // namespace
+
+frmEditPet::frmEditPet() : ModalForm("frmEditPet"), ui(std::make_unique<Ui::frmEditPet>()) {}
+
+frmEditPet::~frmEditPet() = default;
+
+void frmEditPet::buildControls() {
+    QFont small = font();
+    small.setPixelSize(kFontPixels);
+    setFont(small);
+    ui->setupUi(this);
+    PetFile = {};
+    PetStrings = {};
+    fields_ = {};
+    loaded_ = false;
+    setEscapeButton(ui->cmdCancel);
+    ui->picNotFound->setPicture(notFoundCard());
+    ui->picWebNotFound->setPicture(webNotFoundCard());
+    ui->picNoBitmaps->setPicture(noBitmapsCard());
+    onClick(ui->cmdChangeNormal, "cmdChangeNormal_Click", [this] { cmdChangeNormal_Click(); });
+    onClick(ui->cmdSave, "cmdSave_Click", [this] { cmdSave_Click(); });
+    onClick(ui->cmdCancel, "cmdCancel_Click", [this] {
+        ui->cmdFocus->setFocus();
+        close();
+    });
+}
+
+void frmEditPet::Form_Load() {
+    setFixedSize(kWindowSize);
+    UserFilePath = LoadUserFile;
+    const bool read = gsReadIFF(PetFile, UserFilePath);
+    const bool parsed = gsReadSTRSegment(PetFile, PetStrings, gfstrHexToBytes(kWardrobeId), false);
+    const bool shown = msDisplayPet();
+    loaded_ = read && parsed && shown;
+}
+
+void frmEditPet::Form_Activate() {
+    setPointer(Pointer::Default);
+    ui->cmdFocus->setFocus();
+}
+
+bool frmEditPet::msDisplayPet() {
+    const InputGuard guard;
+    bool unpacked = false;
+    const bool shown = trapped("frmEditSim", "msDisplayUserData", [&] {
+        readPet(PetStrings, fields_);
+        unpacked = gsDumpBMPs(PetFile);
+        CheckpointNumber = 3000;
+        showPortraits();
+        CheckpointNumber = 4000;
+        readPetName(PetFile, fields_);
+        ui->picNormal->setPicture(ui->picNotFound->picture());
+        gsFetchSkinImage(*ui->picNormal, fields_.txtNormalSkin);
+    });
+    showFields();
+    return shown && unpacked;
+}
+
+void frmEditPet::showPortraits() {
+    struct Portrait {
+        PictureBox* picture;
+        const char* file;
+        PictureBox* stock;
+    };
+    const Portrait portraits[] = {
+        {ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound},
+        {ui->picFaces, "\\faces.BMP", ui->picWebNotFound},
+        {ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps},
+    };
+    for (const Portrait& portrait : portraits) {
+        portrait.picture->setPicture(portrait.stock->picture());
+        ignoringErrors([&] { portrait.picture->load(ProgramFolder + portrait.file); });
+    }
+}
+
+void frmEditPet::showFields() {
+    struct Box {
+        QLineEdit* box;
+        const std::string& text;
+    };
+    const Box boxes[] = {
+        {ui->txtName, fields_.txtName},
+        {ui->txtType, fields_.txtType},
+        {ui->txtGender, fields_.txtGender},
+        {ui->txtNormalBody, fields_.txtNormalBody},
+        {ui->txtNormalSkin, fields_.txtNormalSkin},
+    };
+    for (const Box& row : boxes) {
+        row.box->setText(toDisplay(row.text));
+        row.box->setCursorPosition(0);
+        row.box->setToolTip(toToolTip(row.box->text()));
+    }
+}
+
+// Unlike the sim's window, a choice that can't be shown leaves the old picture.
+void frmEditPet::cmdChangeNormal_Click() {
+    trapped("frmEditSim", "cmdChangeNormal_Click", [&] {
+        CheckpointNumber = 1000;
+        ui->cmdFocus->setFocus();
+        auto& chooser = theWindow<frmSelectSkin>();
+        chooser.SkinData = fields_.txtType;
+        chooser.HandMode = false;
+        chooser.SelectMode = kSelectPetSkin;
+        chooser.choose(*this);
+        if (SelectedSkin.empty()) {
+            return;
+        }
+        CheckpointNumber = 3000;
+        const std::size_t comma = SelectedSkin.find(',');
+        fields_.txtNormalBody = SelectedSkin.substr(0, comma);
+        fields_.txtNormalSkin = SelectedSkin.substr(comma + 1);
+        showFields();
+        CheckpointNumber = 4000;
+        showChosenSkin(*ui->picNormal, *this);
+    });
+}
+
+void frmEditPet::cmdSave_Click() {
+    trapped("frmEditSim", "cmdSave_Click", [&] {
+        CheckpointNumber = 1000;
+        ui->cmdFocus->setFocus();
+        if (fields_.txtName.empty() || !loaded_) {
+            return;
+        }
+        if (confirmAction(QStringLiteral("Make changes to ") + toDisplay(fields_.txtName) +
+                          QStringLiteral("?\nAre You Sure?"))) {
+            save();
+        }
+    });
+}
+
+// Ends after any step that failed: the pet's file then is as it was.
+void frmEditPet::save() {
+    writePet(fields_, PetStrings);
+    CheckpointNumber = 3000;
+    if (!gsWriteSTRSegment(PetFile, PetStrings, gfstrHexToBytes(kWardrobeId), false) ||
+        !writeUserTempWithoutBitmaps(PetFile)) {
+        return;
+    }
+    if (theWindow<frmMain>().backupWanted() && !msMakeUserBackup(UserFilePath, fields_.txtName)) {
+        return;
+    }
+    CheckpointNumber = 4000;
+    replaceUserFile(UserFilePath);
+    showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
+                toDisplay(fields_.txtName) + QStringLiteral(" has been saved."));
+    close();
+}
+
+}  // namespace marlowick

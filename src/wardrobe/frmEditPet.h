@@ -1,0 +1,51 @@
+// The wardrobe of one pet: its only outfit, with a picture. Nothing reaches the pet's
+// file before Save. Error reports from here read like those of the sim's window.
+#pragma once
+
+#include <memory>
+
+#include "catalogue/chosen_skin.h"
+#include "iff/iff_file.h"
+#include "iff/string_segment.h"
+#include "platform/form.h"
+#include "platform/path.h"
+#include "wardrobe/pet_fields.h"
+
+namespace Ui {
+class frmEditPet;
+}
+
+namespace marlowick {
+
+class frmEditPet : public ModalForm, public ChosenSkin {
+    Q_OBJECT
+  public:
+    frmEditPet();
+    ~frmEditPet() override;
+
+    // The pet's file; set before the window is shown.
+    Path LoadUserFile;
+
+    void Form_Load() override;
+    void Form_Activate() override;
+
+  protected:
+    void buildControls() override;
+
+  private:
+    bool msDisplayPet();
+    void showPortraits();
+    void showFields();
+    void cmdChangeNormal_Click();
+    void cmdSave_Click();
+    void save();
+
+    std::unique_ptr<Ui::frmEditPet> ui;
+    Path UserFilePath;
+    IffFile PetFile;
+    StrSegment PetStrings;
+    PetFields fields_;
+    bool loaded_ = false;  // a window whose load failed never saves
+};
+
+}  // namespace marlowick
