@@ -1,5 +1,6 @@
 #include "catalogue/frmSelectSkin.h"
 
+#include <QProxyStyle>
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -20,6 +21,7 @@ namespace {
 
 constexpr QSize kWindowSize(770, 549);
 constexpr int kFontPixels = 10;  // every caption fits its place in it
+constexpr int kMarkSize = 11;
 constexpr int kBlinkMilliseconds = 250;
 constexpr int kThumbSize = 64;
 constexpr std::size_t kExtension = 4;  // ".bmp"
@@ -34,6 +36,17 @@ constexpr Caption kCaptions[] = {
     {kSelectHand, "Select A Hand Skin"},
     {kSelectSimSkin, "Select A Body And A Skin"},
     {kSelectPetSkin, "Select A Pet Body And A Pet Skin"},
+};
+
+// Round marks that fit into the low option buttons.
+class SmallMarks : public QProxyStyle {
+  public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        const bool size =
+            metric == PM_ExclusiveIndicatorWidth || metric == PM_ExclusiveIndicatorHeight;
+        return size ? kMarkSize : QProxyStyle::pixelMetric(metric, option, widget);
+    }
 };
 
 QRect cellBox(int cell) {
@@ -84,10 +97,13 @@ void frmSelectSkin::buildControls() {
 
 void frmSelectSkin::connectControls() {
     const std::array<QRadioButton*, 2> sources = {ui->optMode0, ui->optMode1};
+    auto* style = new SmallMarks;
+    style->setParent(ui->lblBody);
     for (int index = 0; index < 2; ++index) {
         QRadioButton* source = sources.at(static_cast<std::size_t>(index));
         source->setObjectName(QStringLiteral("optMode"));
         source->setProperty("Index", index);
+        source->setStyle(style);
         connect(source, &QRadioButton::toggled, this, [this, index](bool checked) {
             if (checked) {
                 runEvent("frmSelectSkin", "optMode_Click", [&] { optMode_Click(index); });

@@ -108,6 +108,19 @@ std::function<void()> clickOn(const QString& window, const QString& name) {
     return [=] { QTest::mouseClick(control(window, name), Qt::LeftButton); };
 }
 
+std::function<void()> press(const QString& window, const QString& caption) {
+    return [=] {
+        const QWidget* shown = shownWindow(window);
+        for (QAbstractButton* button : shown->findChildren<QAbstractButton*>()) {
+            if (button->text().remove('&') == caption) {
+                QTest::mouseClick(button, Qt::LeftButton);
+                return;
+            }
+        }
+        giveUp("there is no button " + caption + " on " + window);
+    };
+}
+
 std::function<void()> clickAt(const QString& window, const QString& name, QPoint position) {
     return
         [=] { QTest::mouseClick(control(window, name), Qt::LeftButton, Qt::NoModifier, position); };

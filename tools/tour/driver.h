@@ -48,6 +48,8 @@ std::function<bool()> whenShown(const QString& window);
 std::function<bool()> whenAsked(const QString& title);
 
 std::function<void()> clickOn(const QString& window, const QString& name);
+// The button with that caption.
+std::function<void()> press(const QString& window, const QString& caption);
 std::function<void()> clickAt(const QString& window, const QString& name, QPoint position);
 std::function<void()> doubleClickAt(const QString& window, const QString& name, QPoint position);
 // The first row of a list whose text begins with the given one.

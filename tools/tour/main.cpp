@@ -23,15 +23,20 @@ namespace {
 using namespace marlowick;
 using namespace marlowick::tour;
 
-// The sim that the tour dresses: a woman in clothes of her own, and her cell on the first page.
-constexpr const char* kUserFile = "/UserData/Characters/user00003.iff";
-constexpr int kCell = 2;
+// The sim that the tour dresses: a woman in clothes of her own, and her cell on the first page. The
+// dog that it dresses is on the first page of the second neighbourhood.
+constexpr const char* kUserFile = "/UserData/Characters/USER00035.IFF";
+constexpr int kCell = 34;
+constexpr int kDogCell = 12;
 
-// The rows that the tour changes: the swimsuit goes back to the game's own, and every save writes
-// the formal outfit into the row of the first generation too.
+// The rows that the tour changes: clothes from the second page of the busiest model, the game's own
+// swimsuit, a hand out of an archive; and every save writes the formal outfit into the row of the
+// first generation too.
 const Rows kExpectedChanges = {
-    {28, "f201faskn_evening,BODY=f201fasknmed_evening"},
-    {32, "s100faskn_original,BODY=s100fasknmed_original"},
+    {2, "b302fafit_busy,BODY=b302fafitlgt_busy0055"},
+    {20, "HfLP,HAND=HMAC_PACK5"},
+    {28, "f201fafit_evening,BODY=f201fafitlgt_evening"},
+    {32, "s100fafit_original,BODY=s100fafitlgt_original"},
 };
 
 QPoint cellCentre(int cell) {
@@ -39,7 +44,7 @@ QPoint cellCentre(int cell) {
     return {corner.x + page::kPitch / 2, corner.y + page::kPitch / 2};
 }
 
-void addSteps(Driver& driver) {
+void addSimSteps(Driver& driver) {
     driver.add("title", whenShown("frmTitle"), clickOn("frmTitle", "cmdOK"));
     driver.add("neighborhoods", whenShown("frmMain"),
                clickRow("frmMain", "lstUserDataDir", "Neighborhood 01"));
@@ -48,7 +53,15 @@ void addSteps(Driver& driver) {
     driver.add("first-page-again", whenShown("frmMain"),
                clickAt("frmMain", "picThumbs", cellCentre(kCell)));
     driver.add("a-sim", whenShown("frmMain"), clickOn("frmMain", "cmdSelect"));
-    driver.add("wardrobe", whenShown("frmEditSim"), openTab("frmEditSim", "tabSkins", "Swimsuit"));
+    driver.add("wardrobe", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdChangeNormal"));
+    driver.add("chooser", whenShown("frmSelectSkin"),
+               clickRow("frmSelectSkin", "lstModels", "B302FAFIT"));
+    driver.add("chooser-page", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdNext"));
+    driver.add("chooser-last-page", whenShown("frmSelectSkin"),
+               clickAt("frmSelectSkin", "picThumbs", cellCentre(5)));
+    driver.add("a-skin", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
+    driver.add("new-clothes", whenShown("frmEditSim"),
+               openTab("frmEditSim", "tabSkins", "Swimsuit"));
     driver.add("swimsuit", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdDefaultSwimsuit"));
     driver.add("default-question", whenAsked("Confirm Action"), answer("Yes"));
     // Each picture shows the tab that the step before it has opened.
@@ -61,10 +74,42 @@ void addSteps(Driver& driver) {
           Tab{"nude", "Winter"}, Tab{"winter", "H. Fashion"}, Tab{"high-fashion", "Hands"}}) {
         driver.add(tab.shown, whenShown("frmEditSim"), openTab("frmEditSim", "tabSkins", tab.next));
     }
-    driver.add("hands", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdSave"));
+    driver.add("hands", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdLeftPointHand"));
+    // One hand of the sample game is no picture; the list is built twice, and tells of it twice.
+    driver.add("bad-hand", whenAsked("Bad Skin Files Detected"), answer("OK"));
+    driver.add("bad-hand-again", whenAsked("Bad Skin Files Detected"), answer("OK"));
+    driver.add("hand-chooser", whenShown("frmSelectSkin"), press("frmSelectSkin", "FAR Files"));
+    driver.add("hand-chooser-archives", whenShown("frmSelectSkin"),
+               clickAt("frmSelectSkin", "picThumbs", cellCentre(8)));
+    driver.add("a-hand", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
+    driver.add("new-hand", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdEnsSave"));
+    driver.add("ensembles", whenShown("frmENS"), typeText("frmENS", "txtFileName", "Evening out"));
+    driver.add("ensemble-name", whenShown("frmENS"), clickOn("frmENS", "cmdSaveLoad"));
+    driver.add("ensemble-saved", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdEnsLoad"));
+    driver.add("ensemble-to-load", whenShown("frmENS"), clickRow("frmENS", "flbENS", "Evening"));
+    driver.add("ensemble-chosen", whenShown("frmENS"), clickOn("frmENS", "cmdSaveLoad"));
+    driver.add("ensemble-loaded", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdSave"));
     driver.add("save-question", whenAsked("Confirm Action"), answer("Yes"));
     driver.add("saved", whenAsked("Success"), answer("OK"));
+}
+
+void addPetSteps(Driver& driver) {
     driver.add("back", whenShown("frmMain"),
+               clickRow("frmMain", "lstUserDataDir", "Neighborhood 02"));
+    driver.add("pets", whenShown("frmMain"),
+               clickAt("frmMain", "picThumbs", cellCentre(kDogCell)));
+    driver.add("a-dog", whenShown("frmMain"), clickOn("frmMain", "cmdSelect"));
+    driver.add("pet-wardrobe", whenShown("frmEditPet"), clickOn("frmEditPet", "cmdChangeNormal"));
+    driver.add("pet-chooser", whenShown("frmSelectSkin"),
+               clickRow("frmSelectSkin", "lstModels", "B002DOG"));
+    driver.add("pet-skins", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
+    driver.add("new-coat", whenShown("frmEditPet"), clickOn("frmEditPet", "cmdSave"));
+    driver.add("pet-question", whenAsked("Confirm Action"), answer("Yes"));
+    driver.add("pet-saved", whenAsked("Success"), answer("OK"));
+}
+
+void addEnd(Driver& driver) {
+    driver.add("end", whenShown("frmMain"),
                [] { QMetaObject::invokeMethod(shownWindow("frmMain"), "close"); });
     driver.add("exit-question", whenAsked("Confirm Action"), answer("Yes"));
 }
@@ -111,7 +156,9 @@ int main(int argc, char** argv) {
 
     const UserFileContent before = takeApart(contentOf(game + kUserFile));
     Driver driver(folder);
-    addSteps(driver);
+    addSimSteps(driver);
+    addPetSteps(driver);
+    addEnd(driver);
     std::puts("The pictures of the tour:");
     driver.start();
     startProgram();
