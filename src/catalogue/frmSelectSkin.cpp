@@ -288,16 +288,16 @@ void frmSelectSkin::chooseEntry(int entry) {
 void frmSelectSkin::msFillThumbs() {
     // A file that went bad since it was listed shows the thumbnail before it.
     paint({"msFillThumbs", SkinFiles.bound(), ui->picLoad,
-           [this](int entry) {
-               ignoringErrors([&] { ui->picLoad->load(SkinFiles[entry]); });
-           },
+           [this](int entry) { ignoringErrors([&] { ui->picLoad->load(SkinFiles[entry]); }); },
            [this](int entry) { chooseEntry(entry); },
            [this](int entry) { return SkinFiles[entry]; }});
 }
 
 void frmSelectSkin::msFillHandBMPs() {
     // The first hand of a page is shown but not chosen: the file of the last choice stays.
-    paint({"msFillHandBMPs", SkinFiles.bound(), ui->picSkin,
+    paint({"msFillHandBMPs",
+           SkinFiles.bound(),
+           ui->picSkin,
            [this](int entry) { ui->picSkin->load(SkinFiles[entry]); },
            [this](int entry) {
                ui->picSkin->load(SkinFiles[entry]);
@@ -342,9 +342,8 @@ void frmSelectSkin::paint(const Source& source) {
             }
             throw RuntimeError(failure);
         }
-        ui->txtPageCount->setText(QStringLiteral("Page %1 of %2")
-                                      .arg(PageNumber + 1)
-                                      .arg(page::pageCount(source.size)));
+        ui->txtPageCount->setText(
+            QStringLiteral("Page %1 of %2").arg(PageNumber + 1).arg(page::pageCount(source.size)));
         unsetCursor();
     });
 }
@@ -471,9 +470,8 @@ void frmSelectSkin::cmdSelect_Click() {
     if (caller_ != nullptr) {
         caller_->FarFileIndex = FarMode ? ChosenIndex : -1;
         caller_->LoadSkinFile = ChosenFile;
-        caller_->SelectedSkin = SelectMode == kSelectHand
-                                    ? toGameText(skin)
-                                    : model + "," + toGameText(skin);
+        caller_->SelectedSkin =
+            SelectMode == kSelectHand ? toGameText(skin) : model + "," + toGameText(skin);
     }
     close();
 }

@@ -110,10 +110,9 @@ void listSkinEntries(const SkinQuery& query, List<FarSkinEntry>& skins) {
 
 void listHandEntries(List<FarSkinEntry>& skins) {
     skins.reset();
-    for (const Path& archive :
-         existingArchives({ArchiveStage::FirstExpansion, ArchiveStage::Expansions,
-                           ArchiveStage::AllTextures},
-                          kLastSkinExpansion)) {
+    for (const Path& archive : existingArchives(
+             {ArchiveStage::FirstExpansion, ArchiveStage::Expansions, ArchiveStage::AllTextures},
+             kLastSkinExpansion)) {
         const std::vector<std::string> names = baseNames(archive);
         for (const HandFamily& family : kHandFamilies) {
             takeEntries(archive, names, family.prefix, family.prefix.size(), skins);

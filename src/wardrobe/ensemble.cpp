@@ -68,8 +68,8 @@ Path ensembleFolder() {
 void loadEnsemble(const Path& path, WardrobeFields& fields) {
     const int number = streams().freeSlot();
     File& file = streams().open(number, path, OpenMode::Input);
-    std::string content(
-        std::min<std::size_t>(kLargestFile, static_cast<std::size_t>(file.size())), '\0');
+    std::string content(std::min<std::size_t>(kLargestFile, static_cast<std::size_t>(file.size())),
+                        '\0');
     content.resize(file.read(content.data(), content.size()));
     takeLines(content, fields);
     streams().close(number);

@@ -37,9 +37,8 @@ void frmENS::buildControls() {
     onClick(ui->cmdDelete, "cmdDelete_Click", [this] { cmdDelete_Click(); });
     onClick(ui->cmdCancel, "cmdCancel_Click", [this] { close(); });
     connect(ui->flbENS, &ClickList::lineClicked, this, [this] { flbENS_Click(); });
-    connect(ui->flbENS, &ClickList::itemDoubleClicked, this, [this] {
-        runEvent("frmENS", "flbENS_DblClick", [this] { cmdSaveLoad_Click(); });
-    });
+    connect(ui->flbENS, &ClickList::itemDoubleClicked, this,
+            [this] { runEvent("frmENS", "flbENS_DblClick", [this] { cmdSaveLoad_Click(); }); });
     connect(ui->txtFileName, &QLineEdit::textChanged, this,
             [this](const QString& name) { ui->txtFileName->setToolTip(toToolTip(name)); });
 }
@@ -89,8 +88,8 @@ void frmENS::cmdSaveLoad_Click() {
 // False if an old file is to stay.
 bool frmENS::save() {
     const Path path = ensembleFolder().child(fileName());
-    if (files().fileExists(path) && !confirmAction(QStringLiteral("Overwrite file ") +
-                                                   shownPath(fileName()))) {
+    if (files().fileExists(path) &&
+        !confirmAction(QStringLiteral("Overwrite file ") + shownPath(fileName()))) {
         return false;
     }
     saveEnsemble(path, *fields_);

@@ -96,8 +96,7 @@ void addSimSteps(Driver& driver) {
 void addPetSteps(Driver& driver) {
     driver.add("back", whenShown("frmMain"),
                clickRow("frmMain", "lstUserDataDir", "Neighborhood 02"));
-    driver.add("pets", whenShown("frmMain"),
-               clickAt("frmMain", "picThumbs", cellCentre(kDogCell)));
+    driver.add("pets", whenShown("frmMain"), clickAt("frmMain", "picThumbs", cellCentre(kDogCell)));
     driver.add("a-dog", whenShown("frmMain"), clickOn("frmMain", "cmdSelect"));
     driver.add("pet-wardrobe", whenShown("frmEditPet"), clickOn("frmEditPet", "cmdChangeNormal"));
     driver.add("pet-chooser", whenShown("frmSelectSkin"),
