@@ -91,7 +91,7 @@ TEST_F(EditSimKeysTest, EnterSavesUnlessAnotherButtonHasTheFocus) {
         script.answer(QMessageBox::No);
         QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         // A command leaves the focus where Enter saves again.
-        click(window, "cmdChangeNormal");
+        click(window, "cmdCopyOpenLeft");
         script.answer(QMessageBox::No);
         QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         EXPECT_TRUE(window.isVisible());

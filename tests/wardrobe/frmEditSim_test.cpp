@@ -626,8 +626,15 @@ TEST_F(EditSimTest, AWinterDefaultReachesItsRowInLowerCase) {
 
 TEST_F(EditSimTest, EveryCommandMovesTheFocusToItsHolder) {
     makeSim();
-    open([](QWidget& window) {
-        for (const char* button : {"cmdChangeNormal", "cmdEnsLoad", "cmdCopyOpenLeft"}) {
+    open([this](QWidget& window) {
+        const auto cancel = [](QWidget& opened) { click(opened, "cmdCancel"); };
+        for (const char* button : {"cmdChangeNormal", "cmdleftClosedHand", "cmdEnsLoad",
+                                   "cmdEnsSave", "cmdCopyOpenLeft"}) {
+            if (std::string(button).starts_with("cmdEns")) {
+                script.whenShown("frmENS", cancel);
+            } else if (button != std::string("cmdCopyOpenLeft")) {
+                script.whenShown("frmSelectSkin", cancel);
+            }
             find<QWidget>(window, "txtName")->setFocus();
             click(window, button);
             EXPECT_EQ(window.focusWidget(), find<QWidget>(window, "cmdFocus")) << button;
