@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/error_trap.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
@@ -26,9 +27,9 @@ class ModelCatalogueTest : public ::testing::Test {
     ~ModelCatalogueTest() override { resetModelCatalogue(); }
 
     void archive(const std::string& path, const Names& names) {
-        test::ArchiveEntries entries;
+        std::vector<test::ArchiveEntry> entries;
         for (const std::string& name : names) {
-            entries.emplace_back(name, "x");
+            entries.push_back({name, "x", {}});
         }
         folder.write("game/" + path, test::archiveFile(entries));
     }

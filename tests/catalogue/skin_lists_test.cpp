@@ -25,9 +25,9 @@ class SkinListsTest : public ::testing::Test {
     }
 
     void archive(const std::string& path, const Names& names) {
-        test::ArchiveEntries entries;
+        std::vector<test::ArchiveEntry> entries;
         for (const std::string& name : names) {
-            entries.emplace_back(name, "x");
+            entries.push_back({name, "x", {}});
         }
         folder.write("game/" + path, test::archiveFile(entries));
     }
