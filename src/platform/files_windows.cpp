@@ -347,17 +347,23 @@ class WindowsFileSystem : public FileSystem {
         if (status.isFolder()) {
             throw RuntimeError(error::kPathFileAccess);
         }
+        // Not left to the system: for an administrator Wine opens a marked file all the same.
+        const bool readOnly = status.isReadOnly();
         switch (mode) {
             case OpenMode::Input:
                 return openFile(native, GENERIC_READ, OPEN_EXISTING);
             case OpenMode::Output:
+                if (readOnly) {
+                    throw RuntimeError(error::kPathFileAccess);
+                }
                 return openEmptied(native);
             case OpenMode::CreateNew:
                 return openFile(native, GENERIC_WRITE, CREATE_NEW);
             case OpenMode::Binary:
                 break;
         }
-        return openBinary(native, status.exists());
+        return readOnly ? openFile(native, GENERIC_READ, OPEN_EXISTING)
+                        : openBinary(native, status.exists());
     }
 
     std::vector<FolderEntry> list(const Path& folder) override {
