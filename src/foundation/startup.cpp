@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
-#include <QStyleFactory>
 
 #include "foundation/error_trap.h"
 #include "foundation/frmErrorDialog.h"
@@ -11,6 +10,7 @@
 #include "foundation/game.h"
 #include "platform/display_text.h"
 #include "platform/files.h"
+#include "platform/look.h"
 #include "platform/messages.h"
 
 // Pictures in a static library have to be asked for by name, and outside of any namespace.
@@ -20,8 +20,6 @@ static void loadResources() {
 
 namespace marlowick {
 namespace {
-
-constexpr int kFontPixels = 12;
 
 void warnOfReadOnlyFolder() {
     if (files().canWriteInto(ProgramFolder)) {
@@ -42,13 +40,7 @@ void prepareApplication() {
     QApplication::setApplicationName(QStringLiteral("Marlowick"));
     QApplication::setApplicationDisplayName(QString());
     QApplication::setQuitOnLastWindowClosed(false);
-#ifndef _WIN32
-    // One look on every desktop: the windows' sizes are made for it.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPixelSize(kFontPixels);
-    QApplication::setFont(font);
-#endif
+    applyLook();
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
         icon.addFile(QStringLiteral(":/icons/marlowick-%1.png").arg(size));
