@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 
 #include "catalogue/thumbnail_page.h"
 #include "foundation/error_trap.h"
@@ -77,6 +78,13 @@ class MainTest : public test::WindowTest {
             }
         }
         return "no such label";
+    }
+
+    // Without the screen's one pointer, which other programs move too.
+    static void moveOver(QWidget* control, QPoint position) {
+        QMouseEvent event(QEvent::MouseMove, position, control->mapToGlobal(position), Qt::NoButton,
+                          Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(control, &event);
     }
 
     static QPoint centreOf(int cell) {
@@ -411,9 +419,9 @@ TEST_F(MainTest, ClicksDuringPaintingAreThrownAway) {
 TEST_F(MainTest, TheToolTipIsTheFilesName) {
     frmMain& window = showSims(2);
     auto* page = find<QWidget>(window, "picThumbs");
-    QTest::mouseMove(page, centreOf(1));
+    moveOver(page, centreOf(1));
     EXPECT_EQ(page->toolTip(), "user00002.iff");
-    QTest::mouseMove(page, centreOf(9));
+    moveOver(page, centreOf(9));
     EXPECT_EQ(page->toolTip(), "");
 }
 

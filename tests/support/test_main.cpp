@@ -6,9 +6,8 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    // Windows are shown, but not on anybody's screen.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QPA_PLATFORM", MARLOWICK_TEST_PLATFORM);
     }
     const QApplication application(argc, argv);
     marlowick::prepareApplication();

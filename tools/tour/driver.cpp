@@ -13,6 +13,8 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/input_guard.h"
+
 namespace marlowick::tour {
 namespace {
 
@@ -46,7 +48,8 @@ void Driver::wait(int elapsed) {
         return;
     }
     const Step& step = steps_[next_];
-    if (!step.ready()) {
+    // While a window paints, clicks are thrown away.
+    if (InputGuard::isActive() || !step.ready()) {
         if (elapsed > kPatienceMilliseconds) {
             giveUp("the step \"" + step.name + "\" never came");
         }
@@ -54,7 +57,11 @@ void Driver::wait(int elapsed) {
                            [this, elapsed] { wait(elapsed + kPollMilliseconds); });
         return;
     }
-    QTimer::singleShot(kSettleMilliseconds, qApp, [this] {
+    QTimer::singleShot(kSettleMilliseconds, qApp, [this, elapsed] {
+        if (InputGuard::isActive()) {
+            wait(elapsed + kSettleMilliseconds);
+            return;
+        }
         const Step& due = steps_[next_];
         takePicture(due.name);
         ++next_;
