@@ -5,6 +5,9 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache qt6-base-dev qt6-base-d
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev)
 CHECK_PACKAGES=(clang-format clang-tidy cppcheck)
 VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth openbox)
+# For the Windows program, and for running it under Wine.
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix xz-utils zip)
+WINE_PACKAGES=(wine64 fonts-wine imagemagick)
 
 # need PACKAGE...: installs those of the packages that are missing.
 need() {
