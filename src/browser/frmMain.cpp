@@ -7,6 +7,7 @@
 
 #include "catalogue/model_catalogue.h"
 #include "catalogue/thumbnail_page.h"
+#include "far/frmManageFARs.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/frmSetPath.h"
@@ -118,7 +119,7 @@ void frmMain::connectControls() {
     connectMenu(ui->smenuSetPath, "smenuSetPath_Click", &frmMain::smenuSetPath_Click);
     connectMenu(ui->smenuExport, "smenuExport_Click", &frmMain::laterCommand_Click);
     connectMenu(ui->smenuFix, "smenuFix_Click", &frmMain::laterCommand_Click);
-    connectMenu(ui->menuFARs, "menuFARs_Click", &frmMain::laterCommand_Click);
+    connectMenu(ui->menuFARs, "menuFARs_Click", &frmMain::menuFARs_Click);
     connectMenu(ui->smenuPinkHands, "smenuPinkHands_Click", &frmMain::laterCommand_Click);
 }
 
@@ -572,6 +573,10 @@ void frmMain::smenuBackup_Click() {
 
 void frmMain::smenuSetPath_Click() {
     theWindow<frmSetPath>().showModal();
+}
+
+void frmMain::menuFARs_Click() {
+    theWindow<frmManageFARs>().showModal();
 }
 
 void frmMain::laterCommand_Click() {

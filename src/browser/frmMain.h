@@ -84,6 +84,7 @@ class frmMain : public QMainWindow, public FormEvents {
     void smenuExit_Click();
     void smenuBackup_Click();
     void smenuSetPath_Click();
+    void menuFARs_Click();
     void laterCommand_Click();
 
     std::unique_ptr<Ui::frmMain> ui;

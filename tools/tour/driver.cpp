@@ -1,6 +1,7 @@
 #include "driver.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPixmap>
@@ -29,6 +30,18 @@ constexpr int kPatienceMilliseconds = 30000;
 
 QMessageBox* shownBox() {
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
+// The middle of the first row whose text begins with the given one, scrolled into sight.
+QPoint rowOf(QAbstractItemView* list, const QString& text) {
+    const QModelIndexList found =
+        list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, text, 1,
+                             Qt::MatchStartsWith | Qt::MatchRecursive);
+    if (found.isEmpty()) {
+        giveUp("no row of " + list->objectName() + " begins with " + text);
+    }
+    list->scrollTo(found.first());
+    return list->visualRect(found.first()).center();
 }
 
 }  // namespace
@@ -142,15 +155,29 @@ std::function<void()> doubleClickAt(const QString& window, const QString& name, 
 std::function<void()> clickRow(const QString& window, const QString& name, const QString& text) {
     return [=] {
         auto* list = qobject_cast<QAbstractItemView*>(control(window, name));
-        const QModelIndexList found = list->model()->match(
-            list->model()->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchStartsWith);
-        if (found.isEmpty()) {
-            giveUp("no row of " + name + " begins with " + text);
-        }
-        list->scrollTo(found.first());
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          list->visualRect(found.first()).center());
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, rowOf(list, text));
     };
+}
+
+std::function<void()> openRow(const QString& window, const QString& name, const QString& text) {
+    return [=] {
+        auto* list = qobject_cast<QAbstractItemView*>(control(window, name));
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, rowOf(list, text));
+    };
+}
+
+std::function<void()> chooseCommand(const QString& window, const QString& name) {
+    return [=] {
+        auto* action = shownWindow(window)->findChild<QAction*>(name);
+        if (action == nullptr) {
+            giveUp("there is no " + name + " in the menus of " + window);
+        }
+        action->trigger();
+    };
+}
+
+std::function<void()> closeWindow(const QString& window) {
+    return [=] { QMetaObject::invokeMethod(shownWindow(window), "close"); };
 }
 
 std::function<void()> openTab(const QString& window, const QString& name, const QString& caption) {

@@ -54,6 +54,11 @@ std::function<void()> clickAt(const QString& window, const QString& name, QPoint
 std::function<void()> doubleClickAt(const QString& window, const QString& name, QPoint position);
 // The first row of a list whose text begins with the given one.
 std::function<void()> clickRow(const QString& window, const QString& name, const QString& text);
+// The same row is opened by a double click; the row may lie within others.
+std::function<void()> openRow(const QString& window, const QString& name, const QString& text);
+// A command of a menu.
+std::function<void()> chooseCommand(const QString& window, const QString& name);
+std::function<void()> closeWindow(const QString& window);
 std::function<void()> openTab(const QString& window, const QString& name, const QString& caption);
 std::function<void()> typeText(const QString& window, const QString& name, const QString& text);
 // The button of the message box that is up, by its role's word: "Yes", "No" or "OK".

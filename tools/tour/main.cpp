@@ -44,6 +44,26 @@ QPoint cellCentre(int cell) {
     return {corner.x + page::kPitch / 2, corner.y + page::kPitch / 2};
 }
 
+// An archive loses an entry and gets a bitmap of the folder of skins.
+void addArchiveSteps(Driver& driver) {
+    const QString window = "frmManageFARs";
+    driver.add("archives", whenShown("frmMain"), chooseCommand("frmMain", "menuFARs"));
+    driver.add("archive-window", whenShown(window), clickOn(window, "cmdOpen"));
+    driver.add("pick-archive", whenShown("frmOpenFAR"),
+               clickRow("frmOpenFAR", "lstFiles", "Textures.far"));
+    driver.add("picked-archive", whenShown("frmOpenFAR"), clickOn("frmOpenFAR", "cmdSelect"));
+    driver.add("archive", whenShown(window), typeText(window, "txtFind", "b"));
+    driver.add("search-text", whenShown(window), clickOn(window, "cmdFind"));
+    driver.add("found-entry", whenShown(window), clickOn(window, "cmdDelete"));
+    driver.add("deleted-entry", whenShown(window), openRow(window, "dirFiles", "GameData"));
+    driver.add("folder", whenShown(window), openRow(window, "dirFiles", "Skins"));
+    driver.add("folder-of-skins", whenShown(window), clickRow(window, "lstBMPs", "b"));
+    driver.add("bitmap", whenShown(window), clickOn(window, "cmdAddFile"));
+    driver.add("added-bitmap", whenShown(window), clickOn(window, "cmdSave"));
+    driver.add("saved-archive", whenAsked("Success"), answer("OK"));
+    driver.add("archive-again", whenShown(window), closeWindow(window));
+}
+
 void addSimSteps(Driver& driver) {
     driver.add("title", whenShown("frmTitle"), clickOn("frmTitle", "cmdOK"));
     driver.add("neighborhoods", whenShown("frmMain"),
@@ -108,8 +128,7 @@ void addPetSteps(Driver& driver) {
 }
 
 void addEnd(Driver& driver) {
-    driver.add("end", whenShown("frmMain"),
-               [] { QMetaObject::invokeMethod(shownWindow("frmMain"), "close"); });
+    driver.add("end", whenShown("frmMain"), closeWindow("frmMain"));
     driver.add("exit-question", whenAsked("Confirm Action"), answer("Yes"));
 }
 
@@ -157,6 +176,7 @@ int main(int argc, char** argv) {
     Driver driver(folder);
     addSimSteps(driver);
     addPetSteps(driver);
+    addArchiveSteps(driver);
     addEnd(driver);
     std::puts("The pictures of the tour:");
     driver.start();

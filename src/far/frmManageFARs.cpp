@@ -1,0 +1,478 @@
+#include "far/frmManageFARs.h"
+
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <algorithm>
+#include <set>
+
+#include "far/frmOpenFAR.h"
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "platform/disk.h"
+#include "platform/display_text.h"
+#include "platform/files.h"
+#include "platform/game_text.h"
+#include "platform/input_guard.h"
+#include "platform/messages.h"
+#include "platform/picture_box.h"
+#include "platform/stock_pictures.h"
+#include "ui_frmManageFARs.h"
+
+namespace marlowick {
+namespace {
+
+constexpr int kPaintPause = 30;  // milliseconds
+
+Path scratchFolder() {
+    return ProgramFolder + "\\temp";
+}
+
+void showText(QLineEdit* box, const QString& text) {
+    box->setText(text);
+    box->setToolTip(toToolTip(text));
+    box->setCursorPosition(0);
+}
+
+// The selected rows of a list, ascending.
+std::vector<int> selectedRows(const QListWidget* list) {
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : list->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            rows.push_back(row);
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void selectRows(QListWidget* list, const std::vector<int>& rows) {
+    QItemSelection selection;
+    for (std::size_t first = 0; first < rows.size();) {
+        std::size_t last = first;
+        while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) {
+            ++last;
+        }
+        selection.append(QItemSelectionRange(list->model()->index(rows[first], 0),
+                                             list->model()->index(rows[last], 0)));
+        first = last + 1;
+    }
+    list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+// All rows are laid out like the first, so that a long list shows at once; it is made as wide as
+// the widest.
+void widenRows(QListWidget* list) {
+    if (list->count() == 0) {
+        return;
+    }
+    const QFontMetrics metrics(list->font());
+    int width = 0;
+    for (int row = 0; row < list->count(); ++row) {
+        width = std::max(width, metrics.horizontalAdvance(list->item(row)->text()));
+    }
+    list->item(0)->setSizeHint({width + 12, metrics.height() + 2});
+}
+
+void showTipOf(QListWidgetItem* item) {
+    item->setToolTip(toToolTip(item->text()));
+}
+
+}  // namespace
+
+frmManageFARs::frmManageFARs()
+    : ModalForm("frmManageFARs"), ui(std::make_unique<Ui::frmManageFARs>()) {}
+
+frmManageFARs::~frmManageFARs() = default;
+
+void frmManageFARs::buildControls() {
+    ui->setupUi(this);
+    mudtEdit = {};
+    ui->picError->setPicture(brokenFileCard({96, 96}));
+    QSizePolicy policy = ui->picStatus->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    ui->picStatus->setSizePolicy(policy);
+    connectControls();
+}
+
+void frmManageFARs::connectButton(QAbstractButton* button, const char* event,
+                                  void (frmManageFARs::*handler)()) {
+    onClick(button, event, [this, handler] {
+        ui->cmdFocus->setFocus();
+        (this->*handler)();
+    });
+}
+
+void frmManageFARs::connectControls() {
+    connectButton(ui->cmdNew, "cmdNew_Click", &frmManageFARs::msNewFile);
+    connectButton(ui->cmdOpen, "cmdOpen_Click", &frmManageFARs::msOpenFile);
+    connectButton(ui->cmdSave, "cmdSave_Click", &frmManageFARs::msSaveFile);
+    connectButton(ui->cmdAddFile, "cmdAddFile_Click", &frmManageFARs::msAddFile);
+    connectButton(ui->cmdImportFolder, "cmdImportFolder_Click", &frmManageFARs::msAddFolder);
+    connectButton(ui->cmdDelete, "cmdDelete_Click", &frmManageFARs::msDelete);
+    connectButton(ui->cmdUndelete, "cmdUndelete_Click", &frmManageFARs::msUndelete);
+    onClick(ui->cmdExtractFile, "cmdExtractFile_Click", [this] {
+        ui->cmdFocus->setFocus();
+        msExtract();
+        fillDiskSide();
+    });
+    onClick(ui->cmdFind, "cmdFind_Click", [this] { cmdFind_Click(); });
+    onClick(ui->cmdNext, "cmdNext_Click", [this] { cmdNext_Click(); });
+    connect(ui->txtFind, &QLineEdit::returnPressed, ui->cmdFind, &QAbstractButton::click);
+    connect(ui->lstFiles, &ClickList::lineClicked, this, &frmManageFARs::lstFiles_Click);
+    connect(ui->lstBMPs, &ClickList::lineClicked, this, &frmManageFARs::lstBMPs_Click);
+    connect(ui->lstFiles, &QListWidget::itemEntered, this, showTipOf);
+    connect(ui->lstBMPs, &QListWidget::itemEntered, this, showTipOf);
+    connect(ui->drvFiles, &QComboBox::activated, this, [this](int index) {
+        runEvent("frmManageFARs", "drvFiles_Change", [&] { drvFiles_Change(index); });
+    });
+    connect(ui->dirFiles, &FolderList::pathChanged, this, [this] {
+        runEvent("frmManageFARs", "dirFiles_Change", [this] { dirFiles_Change(); });
+    });
+}
+
+void frmManageFARs::Form_Load() {
+    mudtEdit.mudtAddedFiles.reset();
+    const std::string home = driveRoot(SimsPath).text();
+    for (const Path& root : driveRoots()) {
+        ui->drvFiles->addItem(toDisplay(root));
+        if (equalsIgnoringCase(root.text(), home)) {
+            ui->drvFiles->setCurrentIndex(ui->drvFiles->count() - 1);
+        }
+    }
+    ui->dirFiles->setPath(SimsPath);
+}
+
+// The archive.
+
+void frmManageFARs::showRows(const std::vector<int>& selected, int current) {
+    const QSignalBlocker blocker(ui->lstFiles);
+    const int scrolled = ui->lstFiles->verticalScrollBar()->value();
+    std::vector<std::string> texts;
+    texts.reserve(mudtEdit.Rows.size());
+    for (const FarRow& row : mudtEdit.Rows) {
+        texts.push_back(row.Text);
+    }
+    ui->lstFiles->setLines(texts);
+    widenRows(ui->lstFiles);
+    ui->lstFiles->setCurrentRow(std::min(current, ui->lstFiles->count() - 1),
+                                QItemSelectionModel::NoUpdate);
+    selectRows(ui->lstFiles, selected);
+    ui->lstFiles->doItemsLayout();
+    ui->lstFiles->verticalScrollBar()->setValue(scrolled);
+}
+
+void frmManageFARs::change(const std::function<void()>& work) {
+    std::set<int> numbers;
+    for (const int row : selectedRows(ui->lstFiles)) {
+        numbers.insert(mudtEdit.Rows[static_cast<std::size_t>(row)].Number);
+    }
+    const int current = ui->lstFiles->currentRow();
+    const auto show = [&] {
+        std::vector<int> selected;
+        for (std::size_t row = 0; row < mudtEdit.Rows.size(); ++row) {
+            if (numbers.contains(mudtEdit.Rows[row].Number)) {
+                selected.push_back(static_cast<int>(row));
+            }
+        }
+        showRows(selected, current);
+    };
+    try {
+        work();
+    } catch (...) {
+        show();
+        throw;
+    }
+    show();
+}
+
+void frmManageFARs::showArchive(const QString& name) {
+    ui->txtCount->setText(QString::number(farEntryCount(mudtEdit.mudtFarDir)));
+    showText(ui->txtFarFile, name);
+}
+
+void frmManageFARs::msNewFile() {
+    mudtEdit = {};
+    showRows({}, -1);
+    showText(ui->txtFarFile, QString());
+    ui->txtCount->clear();
+    ui->picFARBMP->setPicture({});
+}
+
+void frmManageFARs::msOpenFile() {
+    trapped("frmManageFARs", "msOpenFile", [&] {
+        CheckpointNumber = 0;
+        theWindow<frmOpenFAR>().showModal();
+        if (OpenFile.empty()) {
+            return;
+        }
+        msNewFile();
+        gsReadFARdir(mudtEdit.mudtFarDir, OpenFile);
+        if (farEntryCount(mudtEdit.mudtFarDir) == 0) {
+            showMessage(QStringLiteral("File Load Error"), MessageIcon::Critical,
+                        MessageButtons::Ok,
+                        QStringLiteral("The file ") + toDisplay(OpenFile) +
+                            QStringLiteral("\n can not be loaded. It is not a valid FAR file."));
+            msNewFile();
+            return;
+        }
+        showArchive(toDisplay(OpenFile.fileName()));
+        mudtEdit.mstrFarFile = OpenFile;
+        listEntries(mudtEdit);
+        showRows({}, -1);
+        warnIfTooLarge();
+    });
+}
+
+void frmManageFARs::warnIfTooLarge() const {
+    const auto size = static_cast<double>(files().length(mudtEdit.mstrFarFile));
+    const double room = gfdblFreeDiskSpace(driveRoot(mudtEdit.mstrFarFile));
+    if (room >= size) {
+        return;
+    }
+    const QString lines[] = {
+        QStringLiteral("The file:"),
+        toDisplay(mudtEdit.mstrFarFile),
+        QStringLiteral("is too large to be saved. You do not have enough free disk space."),
+        QString(),
+        QStringLiteral("FAR File Size: ") + QString::fromStdString(groupedDigits(size)),
+        QStringLiteral("Free Space(") + QString::fromStdString(driveName(mudtEdit.mstrFarFile)) +
+            QStringLiteral("): ") + QString::fromStdString(groupedDigits(room)),
+    };
+    showMessage(QStringLiteral("WARNING!!!"), MessageIcon::Exclamation, MessageButtons::Ok,
+                QStringList(std::begin(lines), std::end(lines)).join(QLatin1Char('\n')));
+}
+
+FarSaveProgress frmManageFARs::saveProgress() {
+    const auto paint = [this] {
+        if (painted_.hasExpired(kPaintPause)) {
+            repaintWindows();
+            painted_.restart();
+        }
+    };
+    const auto step = [this, paint](int processed, int total) {
+        if (processed == 0) {
+            setPointer(Pointer::Hourglass);
+            ui->picStatus->show();
+            repaintWindows();
+            painted_.start();
+        }
+        const QSize size = ui->picStatus->size();
+        const auto width = static_cast<int>(std::int64_t{size.width()} * processed / total);
+        ui->picStatus->clear();
+        ui->picStatus->fill({0, 0, width, size.height()}, QColor(255, 0, 0));
+        paint();
+    };
+    return {step, paint};
+}
+
+void frmManageFARs::msSaveFile() {
+    trapped("frmManageFARs", "msSaveFile", [&] {
+        CheckpointNumber = 1000;
+        if (mudtEdit.Rows.empty()) {
+            return;
+        }
+        Path target = mudtEdit.mstrFarFile;
+        if (target.empty()) {
+            const QString name = askForText(QStringLiteral("Save FAR File As"),
+                                            QStringLiteral("Enter the name to save the file as."));
+            if (name.isEmpty()) {
+                return;
+            }
+            target = newArchivePath(name.toStdString());
+        }
+        const std::vector<int> selected = rowsAfterSave(mudtEdit, selectedRows(ui->lstFiles));
+        {
+            const InputGuard guard;
+            if (!saveArchive(mudtEdit, target, saveProgress())) {
+                return;
+            }
+        }
+        showArchive(toDisplay(target));
+        showRows(selected, selected.empty() ? -1 : selected.front());
+        setPointer(Pointer::Default);
+        ui->picStatus->hide();
+        showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
+                    QStringLiteral("File Saved."));
+    });
+}
+
+void frmManageFARs::msDelete() {
+    trapped("frmManageFARs", "msDelete",
+            [&] { change([this] { deleteRows(mudtEdit, selectedRows(ui->lstFiles)); }); });
+}
+
+void frmManageFARs::msUndelete() {
+    change([this] { undeleteRows(mudtEdit, selectedRows(ui->lstFiles)); });
+}
+
+void frmManageFARs::lstFiles_Click() {
+    trapped("frmManageFARs", "lstFiles_Click", [&] {
+        const int current = ui->lstFiles->currentRow();
+        if (current < 0) {
+            return;
+        }
+        const FarRow row = mudtEdit.Rows[static_cast<std::size_t>(current)];
+        ui->picFARBMP->setPicture({});
+        if (row.Text.starts_with("[NEW]")) {
+            ui->picFARBMP->load(mudtEdit.mudtAddedFiles[-row.Number].AddedPath);
+            return;
+        }
+        gsExtractFile(mudtEdit.mstrFarFile, scratchFolder(), mudtEdit.mudtFarDir, row.Number);
+        // The mark goes from the bare name, also where it stood in front of a folder: then what is
+        // shown and deleted is another name.
+        std::string name = gfstrFileNameOfPath(row.Text);
+        if (row.Text.starts_with("[DEL]")) {
+            name.erase(0, kDeletedMark.size());
+        }
+        ui->picFARBMP->setPicture(ui->picError->picture());
+        ignoringErrors([&] { ui->picFARBMP->load(scratchFolder().child(name)); });
+        files().remove(scratchFolder().child(name));
+    });
+}
+
+void frmManageFARs::search(int start) {
+    const int found = findRow(mudtEdit, toGameText(ui->txtFind->text()), start);
+    {
+        const QSignalBlocker blocker(ui->lstFiles);
+        ui->lstFiles->clearSelection();
+        if (found >= 0) {
+            ui->lstFiles->setCurrentRow(found, QItemSelectionModel::ClearAndSelect);
+            ui->lstFiles->scrollToItem(ui->lstFiles->item(found));
+        }
+    }
+    if (found >= 0) {
+        lstFiles_Click();
+    }
+}
+
+void frmManageFARs::cmdFind_Click() {
+    ui->txtFind->setFocus();
+    if (!mudtEdit.Rows.empty() && !ui->txtFind->text().isEmpty()) {
+        search(0);
+    }
+}
+
+void frmManageFARs::cmdNext_Click() {
+    ui->txtFind->setFocus();
+    if (!mudtEdit.Rows.empty() && !ui->txtFind->text().isEmpty()) {
+        const std::vector<int> selected = selectedRows(ui->lstFiles);
+        search(nextSearchStart(mudtEdit, selected.empty() ? -1 : selected.front()));
+    }
+}
+
+void frmManageFARs::extractRow(const FarRow& row) {
+    const std::string name = gfstrFileNameOfPath(row.Text);
+    const Path& folder = ui->dirFiles->path();
+    if (isFileName(name) && files().fileExists(folder.child(name))) {
+        setPointer(Pointer::Default);
+        if (!confirmAction(QStringLiteral("The file ") + toDisplay(name) +
+                           QStringLiteral(" already exists.\nOverwrite file?"))) {
+            return;
+        }
+        setPointer(Pointer::Hourglass);
+    }
+    gsExtractFile(mudtEdit.mstrFarFile, folder, mudtEdit.mudtFarDir, row.Number);
+}
+
+void frmManageFARs::msExtract() {
+    trapped("frmManageFARs", "msExtract", [&] {
+        if (ui->dirFiles->path().empty()) {
+            return;
+        }
+        {
+            const InputGuard guard;
+            painted_.start();
+            for (const int selected : selectedRows(ui->lstFiles)) {
+                const FarRow& row = mudtEdit.Rows[static_cast<std::size_t>(selected)];
+                if (row.Number > 0) {
+                    setPointer(Pointer::Hourglass);
+                    extractRow(row);
+                }
+                if (painted_.hasExpired(kPaintPause)) {
+                    repaintWindows();
+                    painted_.restart();
+                }
+            }
+            setPointer(Pointer::Default);
+        }
+        showMessage(QStringLiteral("Marlowick"), MessageIcon::Information, MessageButtons::Ok,
+                    QStringLiteral("Files extracted."));
+    });
+}
+
+// The disk.
+
+void frmManageFARs::msAddFile() {
+    trapped("frmManageFARs", "msAddFile", [&] {
+        if (ui->lstBMPs->line().empty()) {
+            return;
+        }
+        change([this] {
+            FarAdder adder(mudtEdit, ui->dirFiles->path());
+            for (const int row : selectedRows(ui->lstBMPs)) {
+                const std::string name = toGameText(ui->lstBMPs->item(row)->text());
+                if (!adder.add(name)) {
+                    showMessage(QStringLiteral("Duplicate File"), MessageIcon::Exclamation,
+                                MessageButtons::Ok,
+                                QStringLiteral("The file:\n") + toDisplay(upperCase(name)) +
+                                    QStringLiteral("\nalready exists in this FAR file."));
+                }
+            }
+        });
+    });
+}
+
+void frmManageFARs::msAddFolder() {
+    trapped("frmManageFARs", "msAddFolder", [&] {
+        const Path folder = ui->dirFiles->path();
+        if (folder.empty()) {
+            return;
+        }
+        const QString question = QStringLiteral("Add all of the BMP files in:\n") +
+                                 toDisplay(folder) +
+                                 QStringLiteral("\nto the current FAR file?\n\nAre you sure?");
+        if (showMessage(QStringLiteral("Add All Files In Folder"), MessageIcon::Question,
+                        MessageButtons::YesNo, question) == MessageReply::No) {
+            return;
+        }
+        change([this, &folder] {
+            FarAdder adder(mudtEdit, folder);
+            for (const std::string& name : searchFiles(folder, "*.BMP")) {
+                adder.add(name);
+            }
+        });
+    });
+}
+
+void frmManageFARs::lstBMPs_Click() {
+    ui->picLooseBMP->setPicture(ui->picError->picture());
+    ignoringErrors(
+        [this] { ui->picLooseBMP->load(toPath(ui->txtPath->text()).child(ui->lstBMPs->line())); });
+}
+
+void frmManageFARs::drvFiles_Change(int index) {
+    ui->dirFiles->setPath(toPath(ui->drvFiles->itemText(index)));
+}
+
+void frmManageFARs::dirFiles_Change() {
+    showText(ui->txtPath, toDisplay(ui->dirFiles->path()));
+    fillDiskSide();
+}
+
+void frmManageFARs::fillDiskSide() {
+    const QSignalBlocker blocker(ui->lstBMPs);
+    ui->lstBMPs->clear();
+    ui->picLooseBMP->setPicture({});
+    const std::vector<std::string> names = searchFiles(toPath(ui->txtPath->text()), "*.bmp");
+    if (names.empty()) {
+        return;
+    }
+    setPointer(Pointer::Hourglass);
+    ui->lstBMPs->setLines(names);
+    widenRows(ui->lstBMPs);
+    setPointer(Pointer::Default);
+}
+
+}  // namespace marlowick

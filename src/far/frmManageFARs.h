@@ -1,0 +1,75 @@
+// The archive window: what lies in one archive, and the bitmaps of one folder that can go into it.
+// Nothing reaches the archive before "Save Current FAR File".
+#pragma once
+
+#include <QElapsedTimer>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "far/far_edit.h"
+#include "far/far_save.h"
+#include "platform/form.h"
+#include "platform/path.h"
+
+namespace Ui {
+class frmManageFARs;
+}
+
+namespace marlowick {
+
+class ClickList;
+
+class frmManageFARs : public ModalForm {
+    Q_OBJECT
+  public:
+    frmManageFARs();
+    ~frmManageFARs() override;
+
+    // The archive that was picked last; nothing empties it.
+    Path OpenFile;
+
+    void Form_Load() override;
+
+  protected:
+    void buildControls() override;
+
+  private:
+    void connectControls();
+    void connectButton(class QAbstractButton* button, const char* event,
+                       void (frmManageFARs::*handler)());
+
+    void msNewFile();
+    void msOpenFile();
+    void msSaveFile();
+    void msAddFile();
+    void msAddFolder();
+    void msDelete();
+    void msUndelete();
+    void msExtract();
+
+    void lstFiles_Click();
+    void lstBMPs_Click();
+    void cmdFind_Click();
+    void cmdNext_Click();
+    void drvFiles_Change(int index);
+    void dirFiles_Change();
+
+    // Changes the edit; the selection stays with its rows.
+    void change(const std::function<void()>& work);
+    // Fills lstFiles from the edit's rows, with these rows selected.
+    void showRows(const std::vector<int>& selected, int current);
+    void showArchive(const QString& name);
+    void search(int start);
+    void warnIfTooLarge() const;
+    FarSaveProgress saveProgress();
+    void extractRow(const FarRow& row);
+    void fillDiskSide();
+
+    std::unique_ptr<Ui::frmManageFARs> ui;
+    FarEdit mudtEdit;
+    QElapsedTimer painted_;
+};
+
+}  // namespace marlowick

@@ -1,0 +1,42 @@
+#include "far/frmOpenFAR.h"
+
+#include "far/frmManageFARs.h"
+#include "foundation/game.h"
+#include "platform/files.h"
+#include "ui_frmOpenFAR.h"
+
+namespace marlowick {
+namespace {
+
+Path texturesFolder() {
+    return SimsPath + "\\gamedata\\textures";
+}
+
+}  // namespace
+
+frmOpenFAR::frmOpenFAR() : ModalForm("frmOpenFAR"), ui(std::make_unique<Ui::frmOpenFAR>()) {}
+
+frmOpenFAR::~frmOpenFAR() = default;
+
+void frmOpenFAR::buildControls() {
+    ui->setupUi(this);
+    setEscapeButton(ui->cmdCancel);
+    onClick(ui->cmdSelect, "cmdSelect_Click", [this] { cmdSelect_Click(); });
+    onClick(ui->cmdCancel, "cmdCancel_Click", [this] { close(); });
+    connect(ui->lstFiles, &QListWidget::itemDoubleClicked, this,
+            [this] { runEvent("frmOpenFAR", "lstFiles_DblClick", [this] { cmdSelect_Click(); }); });
+}
+
+void frmOpenFAR::Form_Load() {
+    ui->lstFiles->setLines(searchFiles(texturesFolder(), "*.far"));
+}
+
+void frmOpenFAR::cmdSelect_Click() {
+    if (ui->lstFiles->selectedItems().isEmpty()) {
+        return;
+    }
+    theWindow<frmManageFARs>().OpenFile = texturesFolder().child(ui->lstFiles->line());
+    close();
+}
+
+}  // namespace marlowick
