@@ -8,15 +8,18 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 
 #include "browser/frmMain.h"
+#include "far/frmManageFARs.h"
 #include "foundation/error_trap.h"
 #include "foundation/frmSetPath.h"
 #include "foundation/frmTitle.h"
 #include "foundation/game.h"
 #include "platform/picture_box.h"
+#include "support/archive_builder.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
 #include "wardrobe/frmEditSim.h"
@@ -226,6 +229,44 @@ TEST_F(WindowWalkTest, ErrorReport) {
         window.close();
     });
     trapped("frmEditSim", "msDisplayUserData", [] { throw RuntimeError(9); });
+}
+
+TEST_F(WindowWalkTest, Archives) {
+    makeGame();
+    const std::string longName = "Skins\\" + std::string(80, 'W') + ".bmp";
+    folder.write("game/GameData/Textures/a.far",
+                 test::archiveFile({{"a.bmp", "", {}}, {longName, "", {}}}));
+    for (int i = 0; i < 50; ++i) {
+        folder.write("game/skin" + std::to_string(i) + ".bmp", "");
+    }
+    script.whenShown("frmManageFARs", [this](QWidget& window) {
+        look(window);
+        EXPECT_EQ(tabOrder(window, "txtFarFile"),
+                  (QStringList{"txtFarFile", "txtCount", "cmdNew", "cmdOpen", "cmdSave", "lstFiles",
+                               "txtFind", "cmdFind", "cmdNext", "cmdDelete", "cmdUndelete",
+                               "cmdExtractFile", "drvFiles", "dirFiles", "txtPath", "lstBMPs",
+                               "cmdAddFile", "cmdImportFolder"}));
+        script.whenShown("frmOpenFAR", [](QWidget& opener) {
+            look(opener);
+            EXPECT_EQ(tabOrder(opener, "lstFiles"),
+                      (QStringList{"lstFiles", "cmdSelect", "cmdCancel"}));
+            find<QListWidget>(opener, "lstFiles")->setCurrentRow(0);
+            QTest::keyClick(&opener, Qt::Key_Return);
+            EXPECT_FALSE(opener.isVisible());
+        });
+        click(window, "cmdOpen");
+        auto* list = find<QListWidget>(window, "lstFiles");
+        EXPECT_EQ(list->count(), 2);
+        EXPECT_TRUE(list->horizontalScrollBar()->isVisible());
+        find<QWidget>(window, "picStatus")->show();
+        look(window);
+        // Esc would throw the pending changes away.
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_TRUE(window.isVisible());
+        window.close();
+    });
+    theWindow<frmManageFARs>().showModal();
+    EXPECT_TRUE(script.isDone());
 }
 
 TEST_F(WindowWalkTest, Wardrobe) {

@@ -1,0 +1,509 @@
+// The archive window's commands: the disk side, adding, deleting, extracting, saving.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QInputDialog>
+#include <QLineEdit>
+
+#include "far/manage_fars_test.h"
+#include "foundation/game.h"
+#include "platform/disk.h"
+#include "platform/display_text.h"
+#include "platform/folder_list.h"
+#include "platform/input_guard.h"
+#include "platform/picture_box.h"
+#include "platform/streams.h"
+#include "support/faulty_files.h"
+
+namespace marlowick {
+namespace {
+
+using test::ArchiveEntry;
+using test::archiveFile;
+using test::bitmapFile;
+using test::click;
+using test::entriesOfArchive;
+using test::find;
+using test::ManageFARsTest;
+using test::textOf;
+
+const std::string kRed = bitmapFile(8, 8, 0xFF0000);
+
+QTreeWidgetItem* folderItem(QWidget& window, const QString& name) {
+    const QList<QTreeWidgetItem*> found =
+        find<FolderList>(window, "dirFiles")
+            ->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
+    EXPECT_EQ(found.size(), 1) << name.toStdString();
+    return found.value(0);
+}
+
+void doubleClick(QWidget& window, const QString& name) {
+    auto* folders = find<FolderList>(window, "dirFiles");
+    QTreeWidgetItem* item = folderItem(window, name);
+    ASSERT_NE(item, nullptr);
+    folders->scrollToItem(item);
+    QTest::mouseDClick(folders->viewport(), Qt::LeftButton, Qt::NoModifier,
+                       folders->visualItemRect(item).center());
+}
+
+// The disk side.
+
+TEST_F(ManageFARsTest, StartsInTheGamesFolder) {
+    folder.write("game/skin.bmp", kRed);
+    manage([](QWidget& window) {
+        EXPECT_EQ(textOf(window, "txtPath"), toDisplay(SimsPath));
+        EXPECT_EQ(find<FolderList>(window, "dirFiles")->path(), SimsPath);
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList{"skin.bmp"});
+        EXPECT_FALSE(pointerIsBusy());
+    });
+}
+
+TEST_F(ManageFARsTest, WalksThroughFoldersDownAndUp) {
+    folder.write("game/Skins/Deep/d.bmp", kRed);
+    folder.write("game/\xD1\x8F/cyrillic.bmp", kRed);
+    manage([&](QWidget& window) {
+        select(window, {}, "lstBMPs");
+        doubleClick(window, "Skins");
+        EXPECT_EQ(textOf(window, "txtPath"), toDisplay(SimsPath) + "\\Skins");
+        auto* folders = find<FolderList>(window, "dirFiles");
+        folders->setCurrentItem(folderItem(window, "Deep"));
+        QTest::keyClick(folders, Qt::Key_Return);
+        EXPECT_EQ(textOf(window, "txtPath"), toDisplay(SimsPath) + "\\Skins\\Deep");
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList{"d.bmp"});
+        EXPECT_TRUE(window.isVisible());
+        doubleClick(window, "game");
+        EXPECT_EQ(textOf(window, "txtPath"), toDisplay(SimsPath));
+        doubleClick(window, QString(QChar(0x44F)));
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList{"cyrillic.bmp"});
+    });
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
+TEST_F(ManageFARsTest, AFolderThatHasGoneLeavesTheList) {
+    folder.write("game/Skins/a.bmp", kRed);
+    manage([&](QWidget& window) {
+        std::filesystem::remove_all(folder.game() / "Skins");
+        doubleClick(window, "Skins");
+        EXPECT_EQ(textOf(window, "txtPath"), toDisplay(SimsPath));
+        EXPECT_TRUE(find<FolderList>(window, "dirFiles")
+                        ->findItems("Skins", Qt::MatchExactly | Qt::MatchRecursive)
+                        .isEmpty());
+    });
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
+TEST_F(ManageFARsTest, ADriveLeadsToItsRoot) {
+    manage([](QWidget& window) {
+        auto* drives = find<QComboBox>(window, "drvFiles");
+        ASSERT_GT(drives->count(), 0);
+        EXPECT_EQ(drives->itemText(0).toStdString(), driveRoots().front().text());
+        QTest::keyClick(drives, Qt::Key_Home);
+        Q_EMIT drives->activated(0);
+        EXPECT_EQ(find<FolderList>(window, "dirFiles")->path(), driveRoots().front());
+        EXPECT_EQ(textOf(window, "txtPath").toStdString(), driveRoots().front().text());
+    });
+}
+
+TEST_F(ManageFARsTest, AGameThatIsNotThereIsReportedAndLeavesNoFolder) {
+    SimsPath = Path("ERROR");
+    manage([&](QWidget& window) {
+        ASSERT_EQ(recorder.reports().size(), 1U);
+        EXPECT_EQ(recorder.reports()[0].number, 76);
+        EXPECT_EQ(recorder.reports()[0].procedure, "Form_Load");
+        EXPECT_TRUE(find<FolderList>(window, "dirFiles")->path().empty());
+        // Without a folder these two do nothing at all.
+        click(window, "cmdExtractFile");
+        click(window, "cmdImportFolder");
+    });
+    EXPECT_TRUE(script.messages().empty());
+}
+
+// Adding.
+
+TEST_F(ManageFARsTest, AddsTheSelectedFilesAndTellsOfDuplicates) {
+    folder.write("pictures/third.bmp", kRed);
+    test::ArchiveEntry entry{"RED.bmp", kRed, {}};
+    makeArchive("a.far", {entry});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        click(window, "cmdAddFile");
+        EXPECT_EQ(rows(window), QStringList{"RED.bmp"});
+        select(window, {0, 1, 2}, "lstBMPs");
+        script.answer();
+        click(window, "cmdAddFile");
+        EXPECT_EQ(rows(window), (QStringList{"RED.bmp", "[NEW]  Green.BMP", "[NEW]  third.bmp"}));
+        EXPECT_EQ(textOf(window, "txtCount"), "1");
+    });
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Duplicate File");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(script.messages()[0].text, "The file:\nRED.BMP\nalready exists in this FAR file.");
+}
+
+TEST_F(ManageFARsTest, MarkedRowsAndFoldersAreNoDuplicates) {
+    makeArchive("a.far", {{"red.bmp", kRed, {}}, {"Skins\\Green.BMP", kRed, {}}});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        click(window, "cmdDelete");
+        goTo(window, "pictures");
+        select(window, {0, 1}, "lstBMPs");
+        click(window, "cmdAddFile");
+        click(window, "cmdAddFile");
+        EXPECT_EQ(rows(window),
+                  (QStringList{"[DEL]  red.bmp", "Skins\\Green.BMP", "[NEW]  Green.BMP",
+                               "[NEW]  red.bmp", "[NEW]  Green.BMP", "[NEW]  red.bmp"}));
+    });
+    EXPECT_TRUE(script.messages().empty());
+}
+
+TEST_F(ManageFARsTest, AddsAWholeFolderAfterAQuestion) {
+    makeArchive("a.far", {{"red.bmp", kRed, {}}});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        script.answer(QMessageBox::No);
+        click(window, "cmdImportFolder");
+        EXPECT_EQ(rows(window), QStringList{"red.bmp"});
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdImportFolder");
+        EXPECT_EQ(rows(window), (QStringList{"red.bmp", "[NEW]  Green.BMP"}));
+    });
+    ASSERT_EQ(script.messages().size(), 2U);
+    EXPECT_EQ(script.messages()[0].title, "Add All Files In Folder");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Question);
+    EXPECT_TRUE(script.messages()[0].yesNo);
+    EXPECT_EQ(script.messages()[0].text, "Add all of the BMP files in:\n" +
+                                             toDisplay(folder.path("pictures")) +
+                                             "\nto the current FAR file?\n\nAre you sure?");
+}
+
+// Deleting.
+
+TEST_F(ManageFARsTest, DeletesAndUndeletes) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}, {"b.bmp", kRed, {}}, {"c.bmp", kRed, {}}});
+    manage([&](QWidget& window) {
+        click(window, "cmdDelete");
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdImportFolder");
+        select(window, {0, 2, 3});
+        click(window, "cmdDelete");
+        EXPECT_EQ(rows(window),
+                  (QStringList{"[DEL]  a.bmp", "b.bmp", "[DEL]  c.bmp", "[NEW]  red.bmp"}));
+        EXPECT_EQ(selected(window), (QStringList{"[DEL]  a.bmp", "[DEL]  c.bmp"}));
+        EXPECT_EQ(textOf(window, "txtCount"), "3");
+        select(window, {0, 1, 3});
+        click(window, "cmdUndelete");
+        EXPECT_EQ(rows(window), (QStringList{"a.bmp", "b.bmp", "[DEL]  c.bmp", "[NEW]  red.bmp"}));
+    });
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
+TEST_F(ManageFARsTest, ClosingDropsAllChangesWithoutAQuestion) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}});
+    const std::string before = archive("a.far");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        click(window, "cmdDelete");
+    });
+    EXPECT_EQ(archive("a.far"), before);
+    EXPECT_TRUE(script.messages().empty());
+}
+
+// Extracting.
+
+TEST_F(ManageFARsTest, ExtractsWhatIsSelectedAndAsksBeforeItOverwrites) {
+    makeArchive("a.far", {{"Skins\\New.bmp", kRed, {}},
+                          {"old.bmp", "0123456789", {}},
+                          {"kept.bmp", "other", {}},
+                          {"not me.bmp", "x", {}}});
+    folder.write("out/OLD.BMP", std::string(100, 'x'));
+    folder.write("out/kept.bmp", "mine");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        select(window, {1}, "lstBMPs");
+        click(window, "cmdAddFile");
+        goTo(window, "out");
+        select(window, {0, 1, 2, 4});
+        script.answer(QMessageBox::Yes);
+        script.answer(QMessageBox::No);
+        script.answer();
+        click(window, "cmdExtractFile");
+        EXPECT_EQ(rows(window, "lstBMPs"), (QStringList{"kept.bmp", "New.bmp", "OLD.BMP"}));
+        EXPECT_FALSE(pointerIsBusy());
+    });
+    EXPECT_EQ(folder.read("out/New.bmp"), kRed);
+    EXPECT_EQ(folder.read("out/OLD.BMP"), "0123456789" + std::string(90, 'x'));
+    EXPECT_EQ(folder.read("out/kept.bmp"), "mine");
+    EXPECT_FALSE(folder.exists("out/red.bmp"));
+    EXPECT_FALSE(folder.exists("out/not me.bmp"));
+    ASSERT_EQ(script.messages().size(), 3U);
+    EXPECT_EQ(script.messages()[0].title, "Confirm Action");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Question);
+    EXPECT_TRUE(script.messages()[0].yesNo);
+    EXPECT_EQ(script.messages()[0].text, "The file old.bmp already exists.\nOverwrite file?");
+    EXPECT_EQ(script.messages()[1].text, "The file kept.bmp already exists.\nOverwrite file?");
+    EXPECT_EQ(script.messages()[2].text, "Files extracted.");
+    EXPECT_EQ(script.messages()[2].icon, QMessageBox::Information);
+    EXPECT_FALSE(script.messages()[2].yesNo);
+}
+
+TEST_F(ManageFARsTest, ADeletedRowIsExtractedWithoutAQuestion) {
+    makeArchive("a.far", {{"old.bmp", "0123456789", {}}});
+    folder.write("out/old.bmp", std::string(20, 'x'));
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "out");
+        select(window, {0});
+        click(window, "cmdDelete");
+        script.answer();
+        click(window, "cmdExtractFile");
+    });
+    EXPECT_EQ(folder.read("out/old.bmp"), "0123456789xxxxxxxxxx");
+}
+
+TEST_F(ManageFARsTest, SaysThatItHasExtractedAlsoWithoutASelection) {
+    manage([&](QWidget& window) {
+        script.answer();
+        click(window, "cmdExtractFile");
+    });
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].text, "Files extracted.");
+}
+
+TEST_F(ManageFARsTest, KeepsTheShownPathWhenItFillsTheDiskSideAnew) {
+    manage([&](QWidget& window) {
+        goTo(window, "pictures");
+        folder.write("pictures/later.bmp", kRed);
+        select(window, {0}, "lstBMPs");
+        EXPECT_EQ(colourOf(window, "picLooseBMP"), 0x00FF00U);
+        find<QLineEdit>(window, "txtPath")->setText(toDisplay(folder.path("game")));
+        folder.write("game/only.bmp", kRed);
+        script.answer();
+        click(window, "cmdExtractFile");
+        EXPECT_EQ(textOf(window, "txtPath"), toDisplay(folder.path("game")));
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList{"only.bmp"});
+        EXPECT_EQ(colourOf(window, "picLooseBMP"), 0xFFFFFFFFU);
+    });
+}
+
+TEST_F(ManageFARsTest, NamesNeverLeaveTheFolderThatWasPicked) {
+    makeArchive("a.far", {{"..\\..\\over.bmp", "over", {}},
+                          {"../under.bmp", "under", {}},
+                          {"..", "dots", {}},
+                          {"C:drive.bmp", "drive", {}},
+                          {"good.bmp", "good", {}}});
+    folder.write("deep/out/here.txt", "");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "deep/out");
+        list(window)->selectAll();
+        script.answer();
+        click(window, "cmdExtractFile");
+    });
+    EXPECT_EQ(folder.read("deep/out/over.bmp"), "over");
+    EXPECT_EQ(folder.read("deep/out/good.bmp"), "good");
+    EXPECT_FALSE(folder.exists("over.bmp"));
+    EXPECT_FALSE(folder.exists("deep/under.bmp"));
+    ASSERT_EQ(recorder.reports().size(), 3U);
+    for (const test::Report& report : recorder.reports()) {
+        EXPECT_EQ(report.number, 52);
+        EXPECT_EQ(report.procedure, "gsExtractFile");
+    }
+}
+
+#ifndef _WIN32
+TEST_F(ManageFARsTest, ARootTakesItsBackslashTwice) {
+    EXPECT_EQ(Path("C:\\").child("a.bmp").text(), "C:\\a.bmp");
+    makeArchive("a.far", {{"x.bmp", "data", {}}});
+    FarDirectory directory;
+    ASSERT_TRUE(gsReadFARdir(directory, folder.path("game\\gamedata\\textures\\a.far")));
+    folder.write("out/keep.txt", "");
+    ASSERT_TRUE(gsExtractFile(folder.path("game\\gamedata\\textures\\a.far"),
+                              Path(folder.path("out").text() + "\\"), directory, 1));
+    EXPECT_EQ(folder.read("out/x.bmp"), "data");
+}
+#endif
+
+// Saving.
+
+TEST_F(ManageFARsTest, SavesAnEditedArchive) {
+    makeArchive("a.far", {{"Skins\\a.bmp", kRed, 9},
+                          {"b.bmf", "mesh", {}},
+                          {"c.bmp", "gone", {}},
+                          {"d.bmp", "stays", {}}});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdImportFolder");
+        select(window, {2, 3});
+        click(window, "cmdDelete");
+        select(window, {3});
+        click(window, "cmdUndelete");
+        select(window, {0, 2, 5});
+        EXPECT_EQ(colourOf(window, "picFARBMP"), 0xFF0000U);
+        script.answer();
+        click(window, "cmdSave");
+        EXPECT_EQ(rows(window),
+                  (QStringList{"Skins\\a.bmp", "b.bmf", "d.bmp", "Green.BMP", "red.bmp"}));
+        EXPECT_EQ(textOf(window, "txtCount"), "5");
+        EXPECT_EQ(textOf(window, "txtFarFile"),
+                  toDisplay(SimsPath) + "\\gamedata\\textures\\a.far");
+        EXPECT_FALSE(find<QWidget>(window, "picStatus")->isVisible());
+        EXPECT_FALSE(pointerIsBusy());
+        // Neither the picture nor the selection of what is still there goes.
+        EXPECT_EQ(colourOf(window, "picFARBMP"), 0xFF0000U);
+        EXPECT_EQ(selected(window), (QStringList{"Skins\\a.bmp", "red.bmp"}));
+    });
+    EXPECT_EQ(entriesOfArchive(archive("a.far")),
+              (std::vector<ArchiveEntry>{{"Skins\\a.bmp", kRed, 9},
+                                         {"b.bmf", "mesh", 4},
+                                         {"d.bmp", "stays", 5},
+                                         {"Green.BMP", bitmapFile(8, 8, 0x00FF00), 246},
+                                         {"red.bmp", kRed, 246}}));
+    ASSERT_EQ(script.messages().size(), 2U);
+    EXPECT_EQ(script.messages()[1].title, "Success");
+    EXPECT_EQ(script.messages()[1].text, "File Saved.");
+    EXPECT_EQ(script.messages()[1].icon, QMessageBox::Information);
+    EXPECT_TRUE(scratchFiles().empty());
+}
+
+TEST_F(ManageFARsTest, AnEmptyListIsNotSaved) {
+    manage([](QWidget& window) { click(window, "cmdSave"); });
+    EXPECT_TRUE(script.messages().empty());
+}
+
+TEST_F(ManageFARsTest, AnArchiveSavedEmptyIsRefusedLater) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        click(window, "cmdDelete");
+        script.answer();
+        click(window, "cmdSave");
+        EXPECT_EQ(rows(window), QStringList());
+        EXPECT_EQ(textOf(window, "txtCount"), "0");
+        EXPECT_EQ(archive("a.far").size(), 20U);
+        pick(window, "a.far", true);
+    });
+    ASSERT_EQ(script.messages().size(), 2U);
+    EXPECT_EQ(script.messages()[1].title, "File Load Error");
+}
+
+TEST_F(ManageFARsTest, ANewArchiveAsksForItsName) {
+    folder.write(std::string(test::kTextures) + "there.far", "something else");
+    manage([&](QWidget& window) {
+        goTo(window, "pictures");
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdImportFolder");
+        script.whenShown("inputBox", [](QWidget& box) {
+            EXPECT_EQ(box.windowTitle(), "Save FAR File As");
+            EXPECT_EQ(qobject_cast<QInputDialog*>(&box)->labelText(),
+                      "Enter the name to save the file as.");
+            qobject_cast<QInputDialog*>(&box)->reject();
+        });
+        click(window, "cmdSave");
+        script.whenShown("inputBox", [](QWidget& box) {
+            QTest::keyClick(box.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+        click(window, "cmdSave");
+        EXPECT_EQ(rows(window), (QStringList{"[NEW]  Green.BMP", "[NEW]  red.bmp"}));
+        script.whenShown("inputBox", [](QWidget& box) {
+            QTest::keyClicks(box.findChild<QLineEdit*>(), "There.Far");
+            QTest::keyClick(box.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+        script.answer();
+        click(window, "cmdSave");
+        EXPECT_EQ(textOf(window, "txtFarFile"),
+                  toDisplay(SimsPath) + "\\gamedata\\textures\\There.Far");
+        // From now on the archive has its name and nobody asks.
+        script.answer();
+        click(window, "cmdSave");
+    });
+    EXPECT_EQ(entriesOfArchive(archive("there.far")),
+              (std::vector<ArchiveEntry>{{"Green.BMP", bitmapFile(8, 8, 0x00FF00), 246},
+                                         {"red.bmp", kRed, 246}}));
+}
+
+// Looks at the bar whenever a file is opened for reading.
+class BarWatcher : public test::FaultyFiles {
+  public:
+    BarWatcher(const PictureBox& bar, std::string file)
+        : FaultyFiles(0, Fault::Fail), bar_(bar), file_(std::move(file)) {}
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        if (mode == OpenMode::Input && path.fileName() == file_) {
+            wasVisible = bar_.isVisible();
+            wasBusy = pointerIsBusy();
+            painted = bar_.painted();
+        }
+        return FaultyFiles::open(path, mode);
+    }
+
+    bool wasVisible = false;
+    bool wasBusy = false;
+    QImage painted;
+
+  private:
+    const PictureBox& bar_;
+    std::string file_;
+};
+
+TEST_F(ManageFARsTest, ARedBarGrowsWhileItSaves) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}, {"b.bmp", kRed, {}}, {"c.bmp", kRed, {}}});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        select(window, {1}, "lstBMPs");
+        click(window, "cmdAddFile");
+        const auto* bar = find<PictureBox>(window, "picStatus");
+        // Three of four steps are done when the new file is opened.
+        BarWatcher watcher(*bar, "red.bmp");
+        script.answer();
+        click(window, "cmdSave");
+        EXPECT_TRUE(watcher.wasVisible);
+        EXPECT_TRUE(watcher.wasBusy);
+        const int width = bar->width() * 3 / 4;
+        const int bottom = bar->height() - 1;
+        EXPECT_EQ(watcher.painted.pixel(0, 0), 0xFFFF0000U);
+        EXPECT_EQ(watcher.painted.pixel(width - 1, bottom), 0xFFFF0000U);
+        EXPECT_NE(watcher.painted.pixel(width, bottom), 0xFFFF0000U);
+    });
+}
+
+TEST_F(ManageFARsTest, AFailedSaveLeavesTheArchiveAndEverythingAsItStands) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}});
+    const std::string before = archive("a.far");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        select(window, {1}, "lstBMPs");
+        click(window, "cmdAddFile");
+        std::filesystem::remove(folder.root() / "pictures/red.bmp");
+        click(window, "cmdSave");
+        EXPECT_EQ(rows(window), (QStringList{"a.bmp", "[NEW]  red.bmp"}));
+        EXPECT_TRUE(find<QWidget>(window, "picStatus")->isVisible());
+        EXPECT_TRUE(pointerIsBusy());
+        EXPECT_EQ(scratchFiles(), std::vector<std::string>{"tempfile.far"});
+        folder.write("pictures/red.bmp", kRed);
+        click(window, "cmdSave");
+    });
+    ASSERT_EQ(recorder.reports().size(), 2U);
+    EXPECT_EQ(recorder.reports()[0].number, 53);
+    EXPECT_EQ(recorder.reports()[0].module, "frmManageFARs");
+    EXPECT_EQ(recorder.reports()[0].procedure, "msSaveFile");
+    EXPECT_EQ(recorder.reports()[0].checkpoint, 5000);
+    EXPECT_EQ(recorder.reports()[1].number, 55);
+    EXPECT_EQ(recorder.reports()[1].checkpoint, 3000);
+    EXPECT_EQ(archive("a.far"), before);
+    EXPECT_TRUE(script.messages().empty());
+}
+
+}  // namespace
+}  // namespace marlowick
