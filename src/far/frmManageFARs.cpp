@@ -406,7 +406,7 @@ void frmManageFARs::msExtract() {
 
 void frmManageFARs::msAddFile() {
     trapped("frmManageFARs", "msAddFile", [&] {
-        if (ui->lstBMPs->line().empty()) {
+        if (ui->lstBMPs->currentRow() < 0) {
             return;
         }
         change([this] {
