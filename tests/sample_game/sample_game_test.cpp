@@ -9,6 +9,7 @@
 #include "far/far_directory.h"
 #include "foundation/game.h"
 #include "iff/iff_file.h"
+#include "mesh/head_files.h"
 #include "platform/files.h"
 #include "support/test_folder.h"
 
@@ -156,6 +157,25 @@ TEST_F(SampleGameTest, TheProgramHandsFilesBackByteForByte) {
     }
     // All but the three damaged ones, the map in the middle and "0000".
     EXPECT_EQ(same, 55);
+}
+
+TEST_F(SampleGameTest, HeadsLieLooseInTheGamesArchiveAndInAnExpansion) {
+    make("game", "1");
+    const auto find = [](std::string name) { return gfstrFindMeshFile(name).text(); };
+    const std::string converted = ProgramFolder.text() + "\\temp\\skntemp.skn";
+    EXPECT_EQ(find("C001FA_Face"),
+              SimsPath.text() + "\\gamedata\\skins\\xskin-c001fa_face-HEAD.skn");
+    EXPECT_TRUE(files().fileExists(Path(find("C001FA_Face"))));
+    EXPECT_EQ(find("C003FA_Face"), converted);
+    EXPECT_EQ(folder.read("program/temp/skntemp.skn"),
+              "xskin-c003fa-HEAD\r\nx\r\n1\r\nHEAD\r\n2\r\n0 1 2\r\n0 2 3\r\n1\r\n0 0 4 0 0\r\n"
+              "4\r\n0.0 0.0\r\n1 0.0\r\n0.5 1\r\n0.01234567 0.00001\r\n0\r\n4\r\n"
+              "0.0 1.5 0.0 0.0 1 0.0\r\n-0.25 0.0 0.25 -1 0.0 0.0\r\n"
+              "0.25 0.0 0.25 1 0.0 0.0\r\n0.0 0.0 -0.25 0.0 0.0 -1\r\n");
+    EXPECT_EQ(find("C004MA_Face"), converted);
+    EXPECT_TRUE(folder.read("program/temp/skntemp.skn").starts_with("xskin-c004ma-HEAD\r\n"));
+    EXPECT_EQ(find("C009FA_Face"), "");
+    EXPECT_FALSE(folder.exists("program/temp/skntemp.skn"));
 }
 
 }  // namespace
