@@ -27,7 +27,7 @@ std::string groupedDigits(double number) {
     std::string digits = std::to_string(static_cast<long long>(std::llround(number)));
     for (std::size_t place = digits.size(); place > 3;) {
         place -= 3;
-        digits.insert(place, ",");
+        digits.insert(place, 1, ',');
     }
     return digits == "0" ? std::string() : digits;
 }
