@@ -1,0 +1,36 @@
+// Makes choices in the skin chooser as a person does.
+#pragma once
+
+#include <QRadioButton>
+
+#include "platform/click_list.h"
+#include "platform/picture_box.h"
+#include "support/window_driver.h"
+
+namespace marlowick::test {
+
+// Clicks a line of a list box.
+inline void clickLine(QWidget& window, const char* list, const QString& line) {
+    auto* box = find<ClickList>(window, list);
+    const QList<QListWidgetItem*> found = box->findItems(line, Qt::MatchExactly);
+    ASSERT_EQ(found.size(), 1) << line.toStdString();
+    QTest::mouseClick(box->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      box->visualItemRect(found.first()).center());
+}
+
+// Switches the chooser to the archives.
+inline void lookInArchives(QWidget& chooser) {
+    for (auto* option : chooser.findChildren<QRadioButton*>("optMode")) {
+        if (option->property("Index") == 1) {
+            QTest::mouseClick(option, Qt::LeftButton, Qt::NoModifier, {6, 6});
+        }
+    }
+}
+
+// Clicks a cell of the chooser's page, counted from 0.
+inline void clickCell(QWidget& chooser, int cell) {
+    QTest::mouseClick(find<PictureBox>(chooser, "picThumbs"), Qt::LeftButton, Qt::NoModifier,
+                      {cell % 7 * 68 + 30, cell / 7 * 68 + 30});
+}
+
+}  // namespace marlowick::test

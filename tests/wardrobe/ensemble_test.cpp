@@ -1,0 +1,171 @@
+#include "wardrobe/ensemble.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime_error.h"
+#include "platform/streams.h"
+#include "support/faulty_files.h"
+#include "support/test_folder.h"
+
+namespace marlowick {
+namespace {
+
+using F = WardrobeFields;
+
+// The table of the format, written down a second time.
+const Field kTable[] = {
+    &F::txtNormalBody,     &F::txtNormalSkin,      &F::txtSwimsuitBody,   &F::txtSwimsuitSkin,
+    &F::txtFormalBody,     &F::txtFormalSkin,      &F::txtPajamasBody,    &F::txtPajamasSkin,
+    &F::txtNudeBody,       &F::txtNudeSkin,        &F::txtHandFormalLeft, &F::txtHandFormalRight,
+    &F::txtHandClosedLeft, &F::txtHandClosedRight, &F::txtHandOpenLeft,   &F::txtHandOpenRight,
+    &F::txtHandPointLeft,  &F::txtHandPointRight,  &F::txtWinterBody,     &F::txtWinterSkin,
+    &F::txtFashionBody,    &F::txtFashionSkin,
+};
+
+std::string lines(int count, const std::string& end = "\r\n") {
+    std::string text;
+    for (int i = 1; i <= count; ++i) {
+        text += "line " + std::to_string(i) + end;
+    }
+    return text;
+}
+
+class EnsembleTest : public ::testing::Test {
+  protected:
+    // Loads a file into fields that read "old"; how many were filled, in the order of the table.
+    int filled(const std::string& content, int expectedError = 0) {
+        folder.write("program/ENS/x.ENS", content);
+        fields = {};
+        for (const Field field : kTable) {
+            fields.*field = "old";
+        }
+        int number = 0;
+        try {
+            loadEnsemble(ensembleFolder().child("x.ENS"), fields);
+        } catch (const RuntimeError& failure) {
+            number = failure.number();
+        }
+        EXPECT_EQ(number, expectedError);
+        streams().closeAll();
+        int count = 0;
+        for (const Field field : kTable) {
+            if (fields.*field == "old") {
+                break;
+            }
+            EXPECT_EQ(fields.*field, "line " + std::to_string(++count));
+        }
+        for (std::size_t i = static_cast<std::size_t>(count); i < std::size(kTable); ++i) {
+            EXPECT_EQ(fields.*kTable[i], "old");
+        }
+        return count;
+    }
+
+    test::TestFolder folder;
+    WardrobeFields fields;
+};
+
+TEST_F(EnsembleTest, EachLineHasItsField) {
+    EXPECT_EQ(filled(lines(22)), 22);
+    EXPECT_EQ(filled(lines(30)), 22);
+}
+
+TEST_F(EnsembleTest, FilesOfEarlierGenerationsLeaveTheLaterClothes) {
+    EXPECT_EQ(filled(lines(18)), 18);
+    EXPECT_EQ(filled(lines(20)), 20);
+}
+
+TEST_F(EnsembleTest, AFileThatEndsElsewhereFailsWhereItEnds) {
+    EXPECT_EQ(filled(lines(17), 62), 17);
+    EXPECT_EQ(filled(lines(19), 62), 19);
+    EXPECT_EQ(filled(lines(21), 62), 21);
+    EXPECT_EQ(filled("", 62), 0);
+}
+
+TEST_F(EnsembleTest, ATrailingEmptyLineIsTheNextField) {
+    folder.write("program/ENS/x.ENS", lines(18) + "\r\n");
+    fields.txtWinterBody = "old";
+    fields.txtWinterSkin = "old";
+    try {
+        loadEnsemble(ensembleFolder().child("x.ENS"), fields);
+        FAIL();
+    } catch (const RuntimeError& failure) {
+        EXPECT_EQ(failure.number(), 62);
+    }
+    EXPECT_EQ(fields.txtWinterBody, "");
+    EXPECT_EQ(fields.txtWinterSkin, "old");
+}
+
+TEST_F(EnsembleTest, ALineEndsInAnyOfThreeWaysAndTheLastMayLackItsEnd) {
+    EXPECT_EQ(filled(lines(22, "\n")), 22);
+    EXPECT_EQ(filled(lines(22, "\r")), 22);
+    const std::string whole = lines(22);
+    EXPECT_EQ(filled(whole.substr(0, whole.size() - 2)), 22);
+    const std::string eighteen = lines(18, "\n");
+    EXPECT_EQ(filled(eighteen.substr(0, eighteen.size() - 1)), 18);
+}
+
+TEST_F(EnsembleTest, AMissingFileAndAFolderFail) {
+    for (const auto& [path, number] :
+         {std::pair{ensembleFolder().child("none.ENS"), 53}, std::pair{ensembleFolder(), 75}}) {
+        std::filesystem::create_directories(folder.program() / "ENS");
+        try {
+            loadEnsemble(path, fields);
+            FAIL();
+        } catch (const RuntimeError& failure) {
+            EXPECT_EQ(failure.number(), number);
+        }
+    }
+}
+
+TEST_F(EnsembleTest, WritesAllLinesAsTheyStand) {
+    folder.write("program/ENS/x.ENS", std::string(5000, 'z'));
+    std::string expected;
+    int number = 0;
+    for (const Field field : kTable) {
+        fields.*field = "Name \xE9 " + std::to_string(++number);
+        expected += "Name \xE9 " + std::to_string(number) + "\r\n";
+    }
+    fields.txtFormalBody = "*** ADULT SIMS ONLY ***";
+    fields.txtFormalSkin.clear();
+    expected.replace(expected.find("Name \xE9 5\r\nName \xE9 6\r\n"), 20,
+                     "*** ADULT SIMS ONLY ***\r\n\r\n");
+    saveEnsemble(ensembleFolder().child("x.ENS"), fields);
+    EXPECT_EQ(folder.read("program/ENS/x.ENS"), expected);
+    saveEnsemble(ensembleFolder().child("new.ENS"), fields);
+    EXPECT_EQ(folder.read("program/ENS/new.ENS"), expected);
+}
+
+TEST_F(EnsembleTest, ASaveThatStopsAnywhereLeavesTheOldFileOrTheNewOne) {
+    std::string expected;
+    for (int i = 0; i < 22; ++i) {
+        expected += "\r\n";
+    }
+    int steps = 0;
+    {
+        folder.write("program/ENS/x.ENS", "old");
+        test::FaultyFiles counting(0, test::FaultyFiles::Fault::Fail);
+        saveEnsemble(ensembleFolder().child("x.ENS"), fields);
+        steps = counting.changes();
+    }
+    ASSERT_GT(steps, 2);
+    for (int step = 1; step <= steps; ++step) {
+        folder.write("program/ENS/x.ENS", "old");
+        const test::FaultyFiles stopping(step, test::FaultyFiles::Fault::Stop);
+        try {
+            saveEnsemble(ensembleFolder().child("x.ENS"), fields);
+        } catch (const RuntimeError&) {
+        }
+        const std::string left = folder.read("program/ENS/x.ENS");
+        EXPECT_TRUE(left == "old" || left == expected) << step;
+    }
+}
+
+TEST_F(EnsembleTest, AReadOnlyEnsembleStays) {
+    folder.write("program/ENS/x.ENS", "old");
+    folder.makeReadOnly("program/ENS/x.ENS");
+    EXPECT_THROW(saveEnsemble(ensembleFolder().child("x.ENS"), fields), RuntimeError);
+    EXPECT_EQ(folder.read("program/ENS/x.ENS"), "old");
+}
+
+}  // namespace
+}  // namespace marlowick
