@@ -21,7 +21,8 @@ namespace {
 
 constexpr QSize kWindowSize(770, 549);
 constexpr int kFontPixels = 10;  // every caption fits its place in it
-constexpr int kMarkSize = 11;
+constexpr int kMarkSize = 10;
+constexpr int kMarkSpacing = 4;
 constexpr int kBlinkMilliseconds = 250;
 constexpr int kThumbSize = 64;
 constexpr std::size_t kExtension = 4;  // ".bmp"
@@ -43,9 +44,15 @@ class SmallMarks : public QProxyStyle {
   public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override {
-        const bool size =
-            metric == PM_ExclusiveIndicatorWidth || metric == PM_ExclusiveIndicatorHeight;
-        return size ? kMarkSize : QProxyStyle::pixelMetric(metric, option, widget);
+        switch (metric) {
+            case PM_ExclusiveIndicatorWidth:
+            case PM_ExclusiveIndicatorHeight:
+                return kMarkSize;
+            case PM_RadioButtonLabelSpacing:
+                return kMarkSpacing;
+            default:
+                return QProxyStyle::pixelMetric(metric, option, widget);
+        }
     }
 };
 

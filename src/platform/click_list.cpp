@@ -17,6 +17,9 @@ void ClickList::setLines(const std::vector<std::string>& gameTexts) {
         lines.append(toDisplay(text));
     }
     addItems(lines);
+    for (int row = 0; row < count(); ++row) {
+        item(row)->setToolTip(toToolTip(lines.at(row)));
+    }
 }
 
 std::string ClickList::line() const {

@@ -8,11 +8,14 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
+#include <algorithm>
 
 #include "browser/frmMain.h"
+#include "catalogue/frmSelectSkin.h"
 #include "far/frmManageFARs.h"
 #include "foundation/error_trap.h"
 #include "foundation/frmSetPath.h"
@@ -22,6 +25,8 @@
 #include "support/archive_builder.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
+#include "wardrobe/frmENS.h"
+#include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
 
 namespace marlowick {
@@ -35,8 +40,21 @@ std::string describe(const QWidget* control) {
            control->window()->objectName().toStdString();
 }
 
+// Controls that a window keeps beside or below what it shows are out of sight.
 bool isInSight(const QWidget* control) {
-    return control->isVisible() && control->geometry().right() >= 0;
+    const QWidget* parent = control->parentWidget();
+    return control->isVisible() &&
+           (parent == nullptr || parent->rect().intersects(control->geometry()));
+}
+
+// What a control covers: of a label with one line at its top, that line.
+QRect covered(const QWidget* control) {
+    const auto* label = qobject_cast<const QLabel*>(control);
+    QRect area = control->geometry();
+    if (label != nullptr && (label->alignment() & Qt::AlignTop) != 0 && !label->wordWrap()) {
+        area.setHeight(std::min(area.height(), label->fontMetrics().height()));
+    }
+    return area;
 }
 
 void checkLabel(const QLabel* label) {
@@ -56,6 +74,14 @@ void checkLabel(const QLabel* label) {
         << describe(label);
 }
 
+// A style asks for wide push buttons; what a caption needs is its own width and the frame.
+int neededWidth(const QAbstractButton* button) {
+    constexpr int kFrame = 5;
+    return qobject_cast<const QPushButton*>(button) == nullptr
+               ? button->minimumSizeHint().width()
+               : button->fontMetrics().horizontalAdvance(button->text().remove('&')) + 2 * kFrame;
+}
+
 // A long text in a box scrolls, and its tool tip shows it whole.
 void checkBox(const QLineEdit* box) {
     const QFontMetrics metrics(box->font());
@@ -73,7 +99,7 @@ void checkTexts(const QWidget& window) {
     }
     for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
         if (isInSight(button) && !button->text().isEmpty()) {
-            EXPECT_GE(button->width(), button->minimumSizeHint().width()) << describe(button);
+            EXPECT_GE(button->width(), neededWidth(button)) << describe(button);
             EXPECT_GE(button->height(), button->fontMetrics().height()) << describe(button);
         }
     }
@@ -108,7 +134,7 @@ void checkPlaces(const QWidget& parent) {
     for (qsizetype i = 0; i < shown.size(); ++i) {
         EXPECT_TRUE(parent.rect().contains(shown[i]->geometry())) << describe(shown[i]);
         for (qsizetype j = i + 1; j < shown.size(); ++j) {
-            EXPECT_FALSE(shown[i]->geometry().intersects(shown[j]->geometry()))
+            EXPECT_FALSE(covered(shown[i]).intersects(covered(shown[j])))
                 << describe(shown[i]) << " over " << describe(shown[j]);
         }
         const bool container = shown[i]->inherits("QGroupBox") ||
@@ -293,6 +319,72 @@ TEST_F(WindowWalkTest, Wardrobe) {
     });
     editor.showModal();
     EXPECT_TRUE(script.isDone());
+}
+
+TEST_F(WindowWalkTest, Chooser) {
+    makeGame();
+    const std::string skin = "b001fafitlgt_a name that is far longer than the box below the list";
+    folder.write("game/GameData/Skins/b001fafit_" + std::string(80, 'm') + ".cmx", "");
+    folder.write("game/GameData/Skins/" + skin + ".bmp", test::bitmapFile(128, 128, 0x777777));
+    auto& chooser = theWindow<frmSelectSkin>();
+    chooser.SkinData = "falgtfitB";
+    chooser.SelectMode = kSelectSimSkin;
+    chooser.HandMode = false;
+    ChosenSkin reply;
+    script.whenShown("frmSelectSkin", [](QWidget& window) {
+        find<QListWidget>(window, "lstModels")->setCurrentRow(0);
+        look(window);
+        EXPECT_EQ(tabOrder(window, "lstModels"),
+                  (QStringList{"lstModels", "txtSkinName", "cmdSelect", "cmdCancel", "optMode",
+                               "optMode", "picThumbs", "cmdPrevious", "txtPageCount", "cmdNext"}));
+        EXPECT_EQ(find<QListWidget>(window, "lstModels")->item(0)->toolTip(),
+                  find<QListWidget>(window, "lstModels")->item(0)->text());
+        QTest::keyClick(&window, Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    chooser.choose(reply);
+    EXPECT_TRUE(reply.SelectedSkin.ends_with(skin)) << reply.SelectedSkin;
+}
+
+TEST_F(WindowWalkTest, Pet) {
+    makeGame();
+    std::vector<std::string> rows = test::simRows({});
+    rows[0] = "dog";
+    rows[1] = "b001dog_" + std::string(60, 'w') + ",BODY=b001dog_" + std::string(60, 'w');
+    rows[12] = "dogfemale";
+    folder.write("game/UserData/Characters/user10001.iff",
+                 test::simFile(rows, "A Name That Is Far Longer Than Its Box, As Names May Be"));
+    auto& editor = theWindow<frmEditPet>();
+    editor.LoadUserFile = folder.path("game\\UserData\\characters\\user10001.iff");
+    script.whenShown("frmEditPet", [](QWidget& window) {
+        look(window);
+        EXPECT_EQ(tabOrder(window, "txtName"),
+                  (QStringList{"txtName", "txtType", "txtGender", "txtNormalBody", "txtNormalSkin",
+                               "cmdChangeNormal", "cmdSave", "cmdCancel"}));
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    });
+    editor.showModal();
+}
+
+TEST_F(WindowWalkTest, Ensembles) {
+    WardrobeFields fields;
+    auto& ensembles = theWindow<frmENS>();
+    for (const std::int32_t mode : {kEnsembleSave, kEnsembleLoad}) {
+        folder.write("program/ENS/" + std::string(90, 'e') + ".ENS", "");
+        ensembles.mode = mode;
+        script.whenShown("frmENS", [](QWidget& window) {
+            look(window);
+            EXPECT_EQ(
+                tabOrder(window, "flbENS"),
+                (QStringList{"flbENS", "txtFileName", "cmdSaveLoad", "cmdDelete", "cmdCancel"}));
+            find<QListWidget>(window, "flbENS")->setCurrentRow(0);
+            look(window);
+            QTest::keyClick(&window, Qt::Key_Escape);
+            EXPECT_FALSE(window.isVisible());
+        });
+        ensembles.showFor(fields);
+    }
 }
 
 }  // namespace
