@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -15,51 +16,94 @@ namespace {
 constexpr std::int64_t kManifestField = 12;
 constexpr std::size_t kRecordHead = 16;
 
-std::string readUpTo(File& file, std::int64_t position, std::int64_t size) {
-    file.seek(position);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    bytes.resize(file.read(bytes.data(), bytes.size()));
-    return bytes;
-}
+// Reads a file from a position on in large pieces, so that what lies behind the directory is never
+// held whole.
+class PieceReader {
+  public:
+    PieceReader(File& file, std::int64_t position) : file_(file) {
+        file_.seek(position);
+        unread_ = std::max<std::int64_t>(0, file_.size() - position);
+    }
 
-// Takes the records that lie whole in the manifest.
-void takeRecords(FarDirectory& directory, std::string_view manifest, std::int32_t count) {
-    std::size_t position = 4;
+    // The next bytes, valid until the next call; none if there are fewer in the file.
+    std::optional<std::string_view> take(std::size_t size) {
+        const std::size_t held = piece_.size() - start_;
+        if (size > held) {
+            const auto missing = static_cast<std::int64_t>(size - held);
+            if (missing > unread_) {
+                return std::nullopt;
+            }
+            fill(static_cast<std::size_t>(std::min(std::max(missing, kPiece), unread_)));
+        }
+        if (size > piece_.size() - start_) {
+            return std::nullopt;
+        }
+        start_ += size;
+        return std::string_view(piece_).substr(start_ - size, size);
+    }
+
+  private:
+    void fill(std::size_t size) {
+        piece_.erase(0, start_);
+        start_ = 0;
+        const std::size_t held = piece_.size();
+        piece_.resize(held + size);
+        const std::size_t count = file_.read(piece_.data() + held, size);
+        piece_.resize(held + count);
+        unread_ = count < size ? 0 : unread_ - static_cast<std::int64_t>(count);
+    }
+
+    static constexpr std::int64_t kPiece = 1 << 20;
+
+    File& file_;
+    std::int64_t unread_ = 0;
+    std::string piece_;
+    std::size_t start_ = 0;
+};
+
+// Takes the records that lie whole in the file.
+void takeRecords(FarDirectory& directory, PieceReader& manifest, std::int32_t count) {
     for (std::int32_t number = 1; number <= count; ++number) {
-        if (position + kRecordHead > manifest.size()) {
+        const std::optional<std::string_view> head = manifest.take(kRecordHead);
+        if (!head) {
             return;
         }
         FarEntry entry;
-        entry.FileSize = manifest.substr(position, 4);
-        entry.FileSize2 = manifest.substr(position + 4, 4);
-        entry.FileOffset = manifest.substr(position + 8, 4);
-        entry.NameLength = manifest.substr(position + 12, 4);
+        entry.FileSize = head->substr(0, 4);
+        entry.FileSize2 = head->substr(4, 4);
+        entry.FileOffset = head->substr(8, 4);
+        entry.NameLength = head->substr(12, 4);
         const std::int32_t length = gflngLittleEndianToLong(entry.NameLength);
         if (length < 0) {
             throw RuntimeError(error::kInvalidArgument);
         }
-        position += kRecordHead;
-        if (static_cast<std::size_t>(length) > manifest.size() - position) {
+        const std::optional<std::string_view> name =
+            manifest.take(static_cast<std::size_t>(length));
+        if (!name) {
             return;
         }
-        entry.FileName = manifest.substr(position, static_cast<std::size_t>(length));
-        position += static_cast<std::size_t>(length);
+        entry.FileName = *name;
         directory.Entries.append(std::move(entry));
     }
 }
 
+std::int32_t readManifestOffset(File& archive) {
+    std::string field(4, '\0');
+    archive.seek(kManifestField);
+    return archive.read(field.data(), 4) < 4 ? 0 : gflngLittleEndianToLong(field);
+}
+
 void readDirectory(FarDirectory& directory, File& archive) {
-    const std::string field = readUpTo(archive, kManifestField, 4);
-    const std::int32_t manifestOffset = field.size() < 4 ? 0 : gflngLittleEndianToLong(field);
+    const std::int32_t manifestOffset = readManifestOffset(archive);
     if (manifestOffset == 0) {
         return;
     }
-    const std::int64_t rest = std::max<std::int64_t>(0, archive.size() - manifestOffset);
-    const std::string manifest = readUpTo(archive, manifestOffset, rest);
-    if (manifest.size() < 4) {
+    PieceReader manifest(archive, manifestOffset);
+    const std::optional<std::string_view> countField = manifest.take(4);
+    if (!countField) {
         return;
     }
-    directory.FileCount = manifest.substr(0, 4);
+    directory.FileCount = *countField;
     const std::int32_t count = gflngLittleEndianToLong(directory.FileCount);
     if (count < 0) {
         throw RuntimeError(error::kSubscript);

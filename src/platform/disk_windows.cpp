@@ -2,7 +2,8 @@
 
 #include <windows.h>
 
-#include <algorithm>
+#include <string>
+#include <vector>
 
 #include "platform/disk.h"
 #include "platform/disk_system.h"

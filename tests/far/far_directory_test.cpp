@@ -104,6 +104,40 @@ TEST_F(FarDirectoryTest, TakesMoreEntriesThanSixteenBits) {
     EXPECT_EQ(farEntryCount(directory), 40000);
 }
 
+TEST_F(FarDirectoryTest, NamesAndRecordsMayLieAcrossThePiecesThatAreRead) {
+    std::string records;
+    std::vector<std::string> names;
+    for (int i = 0; i < 300; ++i) {
+        names.push_back(
+            std::string(static_cast<std::size_t>(i) * 61, static_cast<char>('a' + i % 26)));
+        records += record(static_cast<unsigned>(i), 0, 16, names.back());
+    }
+    names.push_back(std::string(3000000, 'L'));
+    records += record(300, 0, 16, names.back());
+    ASSERT_GT(records.size(), 5U << 20U);
+    ASSERT_TRUE(read("FAR!byAZ" + little32(1) + little32(16) + little32(301) + records + "rest"));
+    ASSERT_EQ(directory.Entries.bound(), 301);
+    for (int i = 0; i <= 300; ++i) {
+        EXPECT_TRUE(directory.Entries[i + 1].FileName == names[static_cast<std::size_t>(i)]) << i;
+        EXPECT_EQ(directory.Entries[i + 1].FileSize, little32(static_cast<unsigned>(i)));
+    }
+}
+
+// A directory in front of more data than any memory holds.
+TEST_F(FarDirectoryTest, NeverHoldsWhatLiesBehindTheDirectory) {
+    folder.write("game/a.far",
+                 "FAR!byAZ" + little32(1) + little32(16) + little32(1) + record(1, 1, 50, "a.bmp"));
+    std::error_code failure;
+    std::filesystem::resize_file(folder.game() / "a.far", 1ULL << 42U, failure);
+    if (failure) {
+        GTEST_SKIP() << "the file system holds no file of this size";
+    }
+    ASSERT_TRUE(gsReadFARdir(directory, folder.path("game\\a.far")));
+    EXPECT_EQ(farEntryCount(directory), 1);
+    EXPECT_EQ(directory.Entries[1].FileName, "a.bmp");
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
 TEST_F(FarDirectoryTest, TheBaseNameIsUpperCaseBehindTheLastBackslash) {
     EXPECT_EQ(gfstrFarBaseName("Skins\\Deep\\Face.bmp"), "FACE.BMP");
     EXPECT_EQ(gfstrFarBaseName("face.bmp"), "FACE.BMP");
