@@ -447,9 +447,14 @@ void frmManageFARs::msAddFolder() {
 }
 
 void frmManageFARs::lstBMPs_Click() {
+    const QListWidgetItem* current = ui->lstBMPs->currentItem();
+    if (current == nullptr) {
+        return;
+    }
     ui->picLooseBMP->setPicture(ui->picError->picture());
-    ignoringErrors(
-        [this] { ui->picLooseBMP->load(toPath(ui->txtPath->text()).child(ui->lstBMPs->line())); });
+    ignoringErrors([&] {
+        ui->picLooseBMP->load(toPath(ui->txtPath->text()).child(toGameText(current->text())));
+    });
 }
 
 void frmManageFARs::drvFiles_Change(int index) {

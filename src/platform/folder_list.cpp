@@ -1,6 +1,7 @@
 #include "platform/folder_list.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QStyle>
@@ -58,13 +59,20 @@ std::vector<Path> chainOf(const Path& folder) {
     return chain;
 }
 
-// Names as the machine has them, so that folders in any script can be opened.
+// Names as the machine has them, so that folders in any script can be opened. A folder that begins
+// with a dot is shown too: Wine keeps its drives in one.
 QStringList foldersWithin(const Path& folder) {
     QString native = toDisplay(files().followLinks(folder));
     native.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    QStringList names =
-        QDir(native).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
-    names.removeIf([](const QString& name) { return name.contains(QLatin1Char('\\')); });
+    QStringList names;
+    for (const QFileInfo& info : QDir(native).entryInfoList(
+             QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase)) {
+        const QString name = info.fileName();
+        const bool visible = !info.isHidden() || name.startsWith(QLatin1Char('.'));
+        if (visible && !name.contains(QLatin1Char('\\'))) {
+            names.append(name);
+        }
+    }
     return names;
 }
 

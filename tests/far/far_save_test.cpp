@@ -316,7 +316,75 @@ TEST_F(FarSaveTest, AFailureAtAnyChangeLeavesTheOldArchiveOrTheNewOne) {
     }
 }
 
-// Keeps files of zeros small on the disk: what is all zeros is skipped and not written.
+// Where the report says that a save was when its n-th change to the disk failed.
+TEST_F(FarSaveTest, TheCheckpointTellsHowFarASaveCame) {
+    struct Row {
+        const char* change;
+        int checkpoint;
+    };
+    constexpr Row kRows[] = {
+        {"the leftover's attributes", 2000},
+        {"the leftover's removal", 2000},
+        {"the temporary file", 3000},
+        {"its head", 3000},
+        {"the entry's data", 4000},
+        {"the new file's data", 5000},
+        {"the directory", 6000},
+        {"the directory's offset", 6000},
+        {"the file beside the target", 7000},
+        {"its content", 7000},
+        {"its way to the disk", 7000},
+        {"the target's attributes", 7000},
+        {"the rights of the target", 7000},
+        {"the target's name", 7000},
+        {"the temporary file's attributes", 8000},
+        {"the temporary file's removal", 8000},
+    };
+    int failAt = 0;
+    for (const Row& row : kRows) {
+        streams().closeAll();
+        open(archiveFile({{"a.bmp", "a", {}}}));
+        add("new.bmp", "new");
+        folder.write(kTemporary, "left over");
+        const test::FaultyFiles faulty(++failAt, test::FaultyFiles::Fault::Fail);
+        EXPECT_EQ(save(), 57) << row.change;
+        EXPECT_EQ(CheckpointNumber, row.checkpoint) << row.change;
+    }
+    const test::FaultyFiles faulty(++failAt, test::FaultyFiles::Fault::Fail);
+    streams().closeAll();
+    open(archiveFile({{"a.bmp", "a", {}}}));
+    add("new.bmp", "new");
+    folder.write(kTemporary, "left over");
+    EXPECT_EQ(save(), 0);
+    EXPECT_LT(faulty.changes(), failAt);
+}
+
+// Reads the target of a save as if another program held it.
+class HeldFiles : public test::FaultyFiles {
+  public:
+    HeldFiles() : FaultyFiles(0, Fault::Fail) {}
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        if (mode == OpenMode::Binary) {
+            throw RuntimeError(error::kPermissionDenied);
+        }
+        return FaultyFiles::open(path, mode);
+    }
+};
+
+TEST_F(FarSaveTest, AReadingBackThatFailsIsReportedAndEndsTheSave) {
+    open(archiveFile({{"a.bmp", "a", {}}}));
+    add("new.bmp", "new");
+    const HeldFiles held;
+    EXPECT_EQ(save(), -1);
+    EXPECT_EQ(CheckpointNumber, 9000);
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 70);
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsReadFARdir");
+    EXPECT_EQ(folder.read(kArchive), archiveFile({{"a.bmp", "a", {}}, {"new.bmp", "new", {}}}));
+}
+
+// A disk for archives whose data is zeros: zeros aren't written, and those in the middle of a large
+// file aren't read.
 class SparseFiles : public test::FaultyFiles {
   public:
     SparseFiles() : FaultyFiles(0, Fault::Fail) {}
@@ -325,33 +393,47 @@ class SparseFiles : public test::FaultyFiles {
         return std::make_unique<SparseFile>(FaultyFiles::open(path, mode));
     }
 
+    static inline std::size_t largestRead = 0;
+
   private:
     class SparseFile : public File {
       public:
-        explicit SparseFile(std::unique_ptr<File> under) : under_(std::move(under)) {}
+        explicit SparseFile(std::unique_ptr<File> under)
+            : under_(std::move(under)), zerosEnd_(under_->size() - kEdge) {}
+
         std::size_t read(char* data, std::size_t size) override {
-            largest = std::max(largest, size);
-            return under_->read(data, size);
+            largestRead = std::max(largestRead, size);
+            const auto length = static_cast<std::int64_t>(size);
+            if (position_ >= kEdge && position_ + length <= zerosEnd_) {
+                std::fill_n(data, size, '\0');
+                position_ += length;
+                return size;
+            }
+            under_->seek(position_);
+            const std::size_t count = under_->read(data, size);
+            position_ += static_cast<std::int64_t>(count);
+            return count;
         }
         void write(std::string_view data) override {
-            static const std::string zeros(1U << 20U, '\0');
-            if (data.size() > 1000 && zeros.starts_with(data)) {
-                under_->seek(under_->position() + static_cast<std::int64_t>(data.size()));
-                return;
+            static const std::string zeros(32768, '\0');
+            if (data != zeros) {
+                under_->seek(position_);
+                under_->write(data);
             }
-            under_->write(data);
+            position_ += static_cast<std::int64_t>(data.size());
         }
-        void seek(std::int64_t position) override { under_->seek(position); }
-        std::int64_t position() override { return under_->position(); }
+        void seek(std::int64_t position) override { position_ = position; }
+        std::int64_t position() override { return position_; }
         std::int64_t size() override { return under_->size(); }
         void flush() override { under_->flush(); }
 
       private:
-        std::unique_ptr<File> under_;
-    };
+        static constexpr std::int64_t kEdge = 1000;
 
-  public:
-    static inline std::size_t largest = 0;
+        std::unique_ptr<File> under_;
+        std::int64_t zerosEnd_;
+        std::int64_t position_ = 0;
+    };
 };
 
 // An archive whose directory lies as far back as a number reaches.
@@ -388,11 +470,11 @@ class LargeFarTest : public FarSaveTest {
 TEST_F(LargeFarTest, TheLastOffsetThatFitsWorksInSmallBlocks) {
     makeArchive();
     add("empty.bmp", "");
-    SparseFiles::largest = 0;
+    SparseFiles::largestRead = 0;
     deleteRows(edit, {1});
     ASSERT_EQ(save(), 0);
     expectArchive();
-    EXPECT_LE(SparseFiles::largest, 32768U);
+    EXPECT_LE(SparseFiles::largestRead, 32768U);
     EXPECT_EQ(edit.mudtFarDir.Entries[1].FileSize, little32(kDataSize));
 }
 

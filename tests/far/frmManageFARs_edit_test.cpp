@@ -1,11 +1,13 @@
 // The archive window's commands: the disk side, adding, deleting, extracting, saving.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QInputDialog>
 #include <QLineEdit>
 
 #include "far/manage_fars_test.h"
+#include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "platform/disk.h"
 #include "platform/display_text.h"
@@ -60,11 +62,15 @@ TEST_F(ManageFARsTest, StartsInTheGamesFolder) {
 
 TEST_F(ManageFARsTest, WalksThroughFoldersDownAndUp) {
     folder.write("game/Skins/Deep/d.bmp", kRed);
+    folder.write("game/Skins/.wine/dotted.bmp", kRed);
     folder.write("game/\xD1\x8F/cyrillic.bmp", kRed);
     manage([&](QWidget& window) {
-        select(window, {}, "lstBMPs");
         doubleClick(window, "Skins");
         EXPECT_EQ(textOf(window, "txtPath"), toDisplay(SimsPath) + "\\Skins");
+        doubleClick(window, ".wine");
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList{"dotted.bmp"});
+        doubleClick(window, "Skins");
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList());
         auto* folders = find<FolderList>(window, "dirFiles");
         folders->setCurrentItem(folderItem(window, "Deep"));
         QTest::keyClick(folders, Qt::Key_Return);
@@ -97,8 +103,9 @@ TEST_F(ManageFARsTest, ADriveLeadsToItsRoot) {
         auto* drives = find<QComboBox>(window, "drvFiles");
         ASSERT_GT(drives->count(), 0);
         EXPECT_EQ(drives->itemText(0).toStdString(), driveRoots().front().text());
-        QTest::keyClick(drives, Qt::Key_Home);
-        Q_EMIT drives->activated(0);
+        drives->setCurrentIndex(0);
+        drives->showPopup();
+        QTest::keyClick(drives->view(), Qt::Key_Return);
         EXPECT_EQ(find<FolderList>(window, "dirFiles")->path(), driveRoots().front());
         EXPECT_EQ(textOf(window, "txtPath").toStdString(), driveRoots().front().text());
     });
@@ -375,7 +382,10 @@ TEST_F(ManageFARsTest, SavesAnEditedArchive) {
 }
 
 TEST_F(ManageFARsTest, AnEmptyListIsNotSaved) {
-    manage([](QWidget& window) { click(window, "cmdSave"); });
+    manage([](QWidget& window) {
+        click(window, "cmdSave");
+        EXPECT_EQ(CheckpointNumber, 1000);
+    });
     EXPECT_TRUE(script.messages().empty());
 }
 

@@ -364,6 +364,9 @@ TEST_F(ManageFARsTest, PreviewsTheFilesOfTheFolder) {
         EXPECT_TRUE(showsError(window, "picLooseBMP"));
         select(window, {0}, "lstBMPs");
         EXPECT_EQ(colourOf(window, "picLooseBMP"), 0x00FF00U);
+        // Of several rows the one that was clicked last is shown.
+        select(window, {0, 1}, "lstBMPs");
+        EXPECT_EQ(colourOf(window, "picLooseBMP"), 0xFF0000U);
     });
     EXPECT_TRUE(recorder.reports().empty());
 }
