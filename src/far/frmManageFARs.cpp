@@ -137,6 +137,8 @@ void frmManageFARs::Form_Load() {
     const std::string home = driveRoot(SimsPath).text();
     for (const Path& root : driveRoots()) {
         ui->drvFiles->addItem(toDisplay(root));
+        ui->drvFiles->setItemData(ui->drvFiles->count() - 1, toToolTip(toDisplay(root)),
+                                  Qt::ToolTipRole);
         if (equalsIgnoringCase(root.text(), home)) {
             ui->drvFiles->setCurrentIndex(ui->drvFiles->count() - 1);
         }

@@ -198,10 +198,15 @@ TEST_F(FarSaveTest, ANameEndsInFarInAnyCase) {
         const char* name;
         const char* file;
     };
-    constexpr Row kRows[] = {
-        {"mine", "mine.FAR"},          {"mine.far", "mine.far"}, {"mine.Far", "mine.Far"},
-        {"mine.bmp", "mine.bmp.FAR"},  {"far", "far.FAR"},       {".far", ".far"},
-        {"mine.fart", "mine.fart.FAR"}};
+    constexpr Row kRows[] = {{"mine", "mine.FAR"},
+                             {"mine.far", "mine.far"},
+                             {"mine.Far", "mine.Far"},
+                             {"mine.bmp", "mine.bmp.FAR"},
+                             {"far", "far.FAR"},
+                             {".far", ".far"},
+                             {"mine.fart", "mine.fart.FAR"},
+                             {"Deep\\mine", "Deep\\mine.FAR"},
+                             {"\xD1\x8F", "\xD1\x8F.FAR"}};
     for (const Row& row : kRows) {
         EXPECT_EQ(newArchivePath(row.name).text(),
                   folder.path("game").text() + "\\gamedata\\textures\\" + row.file);

@@ -353,6 +353,18 @@ TEST_F(ManageFARsTest, ADeletedRowWithAFolderLosesSevenLettersOfItsName) {
     EXPECT_EQ(scratchFiles(), (std::vector<std::string>{"b.bmp", "picture.bmp"}));
 }
 
+TEST_F(ManageFARsTest, AnEntryThatIsNamedLikeANewFileIsTakenForOne) {
+    makeArchive("a.far", {{"[NEW]  red.bmp", kRed, {}}});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        EXPECT_EQ(colourOf(window, "picFARBMP"), 0xFFFFFFFFU);
+    });
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 9);
+    EXPECT_EQ(recorder.reports()[0].procedure, "lstFiles_Click");
+}
+
 TEST_F(ManageFARsTest, PreviewsTheFilesOfTheFolder) {
     folder.write("pictures/torn.bmp", "BM");
     manage([&](QWidget& window) {
