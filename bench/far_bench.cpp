@@ -1,11 +1,12 @@
-// Reading the directory of a large archive.
+// Reading the directory of a large archive, and saving one.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
 #include <string>
 
-#include "far/far_directory.h"
+#include "far/far_save.h"
 #include "foundation/bytes.h"
+#include "foundation/game.h"
 #include "platform/files.h"
 
 namespace marlowick {
@@ -31,6 +32,40 @@ void readArchiveDirectory(benchmark::State& state) {
     removeIfPresent(path);
 }
 BENCHMARK(readArchiveDirectory)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// count entries of size bytes each. Every byte is written twice: to the temporary file, and beside
+// the archive.
+void saveWholeArchive(benchmark::State& state) {
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::temp_directory_path() / "marlowick-bench";
+    fs::create_directories(folder / "temp");
+    ProgramFolder = Path(folder.string());
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    const auto size = static_cast<std::int32_t>(state.range(1));
+    FarEdit edit;
+    edit.mstrFarFile = ProgramFolder + "\\bench.far";
+    std::string directory = gfstrLongToLittleEndian(count);
+    for (std::int32_t i = 0; i < count; ++i) {
+        directory += gfstrLongToLittleEndian(size) + gfstrLongToLittleEndian(size) +
+                     gfstrLongToLittleEndian(16 + i * size) + gfstrLongToLittleEndian(5) + "a.bmp";
+    }
+    writeWholeFile(
+        edit.mstrFarFile,
+        "FAR!byAZ" + gfstrLongToLittleEndian(1) + gfstrLongToLittleEndian(16 + count * size) +
+            std::string(static_cast<std::size_t>(count) * static_cast<std::size_t>(size), 'x') +
+            directory);
+    gsReadFARdir(edit.mudtFarDir, edit.mstrFarFile);
+    for (auto _ : state) {
+        saveArchive(edit, edit.mstrFarFile, {[](int, int) {}, {}});
+    }
+    state.SetBytesProcessed(state.iterations() * std::int64_t{2} * count * size);
+    fs::remove_all(folder);
+}
+BENCHMARK(saveWholeArchive)
+    ->Args({1, 256 << 20})
+    ->Args({30000, 8000})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 }  // namespace
 }  // namespace marlowick
