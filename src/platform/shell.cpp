@@ -1,16 +1,11 @@
 #include "platform/shell.h"
 
-#include <QDesktopServices>
-#include <QDir>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QUrl>
 #include <utility>
+
+#include "platform/shell_system.h"
 
 namespace marlowick {
 namespace {
-
-constexpr int kNoProgram = 31;  // no program is associated with the file
 
 ShellSeam& seam() {
     static ShellSeam shell;
@@ -23,11 +18,8 @@ void setShell(ShellSeam shell) {
     seam() = std::move(shell);
 }
 
-int shellOpen(QWidget* /*owner*/, const QString& address) {
-    if (seam()) {
-        return seam()(QStringLiteral("open"), {address});
-    }
-    return QDesktopServices::openUrl(QUrl(address)) ? kShellSuccess : kNoProgram;
+int shellOpen(QWidget* owner, const QString& address) {
+    return seam() ? seam()(QStringLiteral("open"), {address}) : systemShellOpen(owner, address);
 }
 
 int findProgramFor(const QString& document, QString& program) {
@@ -35,19 +27,12 @@ int findProgramFor(const QString& document, QString& program) {
         program = QStringLiteral("browser");
         return seam()(QStringLiteral("find"), {document});
     }
-    program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
-    return program.isEmpty() ? kNoProgram : kShellSuccess;
+    return systemFindProgramFor(document, program);
 }
 
-int shellStart(QWidget* /*owner*/, const QString& program, const QString& argument) {
-    if (seam()) {
-        return seam()(QStringLiteral("start"), {program, argument});
-    }
-    return QProcess::startDetached(program, {argument}) ? kShellSuccess : kNoProgram;
-}
-
-QString browserProbeFile() {
-    return QDir::temp().filePath(QStringLiteral("temphtm.HTM"));
+int shellStart(QWidget* owner, const QString& program, const QString& argument) {
+    return seam() ? seam()(QStringLiteral("start"), {program, argument})
+                  : systemShellStart(owner, program, argument);
 }
 
 }  // namespace marlowick

@@ -1,6 +1,6 @@
-#include "platform/folder_chooser.h"
-
 #include <QFileDialog>
+
+#include "platform/folder_chooser.h"
 
 namespace marlowick {
 

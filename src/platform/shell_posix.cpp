@@ -1,0 +1,34 @@
+#include <QDesktopServices>
+#include <QDir>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include "platform/shell.h"
+#include "platform/shell_system.h"
+
+namespace marlowick {
+namespace {
+
+constexpr int kNoProgram = 31;  // no program is associated with the file
+
+}  // namespace
+
+int systemShellOpen(QWidget* /*owner*/, const QString& address) {
+    return QDesktopServices::openUrl(QUrl(address)) ? kShellSuccess : kNoProgram;
+}
+
+int systemFindProgramFor(const QString& /*document*/, QString& program) {
+    program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    return program.isEmpty() ? kNoProgram : kShellSuccess;
+}
+
+int systemShellStart(QWidget* /*owner*/, const QString& program, const QString& argument) {
+    return QProcess::startDetached(program, {argument}) ? kShellSuccess : kNoProgram;
+}
+
+QString browserProbeFile() {
+    return QDir::temp().filePath(QStringLiteral("temphtm.HTM"));
+}
+
+}  // namespace marlowick

@@ -1,0 +1,158 @@
+// The real shell and the real folder chooser of Windows.
+#include <windows.h>
+// After windows.h.
+#include <gtest/gtest.h>
+#include <shlobj.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "platform/display_text.h"
+#include "platform/folder_chooser.h"
+#include "platform/shell.h"
+#include "platform/windows_text.h"
+#include "support/test_folder.h"
+
+namespace marlowick {
+namespace {
+
+constexpr int kPatience = 20000;  // milliseconds
+const std::string kUserClasses = "Software\\Classes\\";
+constexpr const char* kCopier = "C:\\windows\\system32\\cmd.exe";
+
+// A kind of document that a program of the system opens by copying it, and its traces in the
+// registry of the user.
+class ShellTest : public ::testing::Test {
+  protected:
+    ShellTest() {
+        setClass(".marlowick-test", "MarlowickTest.Document");
+        setClass("MarlowickTest.Document\\shell\\open\\command",
+                 std::string(kCopier) + " /c copy \"%1\" \"%1.copy\"");
+    }
+
+    ~ShellTest() override {
+        for (const char* key : {".marlowick-test", "MarlowickTest.Document"}) {
+            ::RegDeleteTreeA(HKEY_CLASSES_ROOT, key);
+            ::RegDeleteTreeA(HKEY_CURRENT_USER, (kUserClasses + key).c_str());
+        }
+    }
+
+    // For the user alone, where Windows looks first; Wine knows only what is there for everybody.
+    static void setClass(const std::string& key, const std::string& text) {
+        const auto size = static_cast<DWORD>(text.size() + 1);
+        EXPECT_EQ(::RegSetKeyValueA(HKEY_CURRENT_USER, (kUserClasses + key).c_str(), nullptr,
+                                    REG_SZ, text.c_str(), size),
+                  ERROR_SUCCESS);
+        EXPECT_EQ(
+            ::RegSetKeyValueA(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text.c_str(), size),
+            ERROR_SUCCESS);
+    }
+
+    bool comes(const std::string& name, const std::string& content) {
+        return QTest::qWaitFor([&] { return folder.read(name) == content; }, kPatience);
+    }
+
+    QString path(const char* name) { return toDisplay(folder.path(name)); }
+
+    test::TestFolder folder;
+};
+
+TEST_F(ShellTest, FindsTheProgramOfADocument) {
+    folder.write("game/a.marlowick-test", "x");
+    QString program;
+    EXPECT_GE(findProgramFor(path("game\\a.marlowick-test"), program), kShellSuccess);
+    EXPECT_EQ(program.toLower(), QString::fromLatin1(kCopier).toLower());
+}
+
+TEST_F(ShellTest, FindsNoneForAnUnknownKindOrAMissingFile) {
+    folder.write("game/a.marlowick-unknown", "x");
+    QString program = QStringLiteral("left over");
+    EXPECT_LT(findProgramFor(path("game\\a.marlowick-unknown"), program), kShellSuccess);
+    EXPECT_TRUE(program.isEmpty());
+    EXPECT_LT(findProgramFor(path("game\\none.marlowick-test"), program), kShellSuccess);
+    EXPECT_TRUE(program.isEmpty());
+}
+
+TEST_F(ShellTest, OpensADocumentWithItsProgram) {
+    folder.write("game/a.marlowick-test", "the document");
+    QWidget owner;
+    EXPECT_GE(shellOpen(&owner, path("game\\a.marlowick-test")), kShellSuccess);
+    EXPECT_TRUE(comes("game/a.marlowick-test.copy", "the document"));
+    EXPECT_LT(shellOpen(&owner, path("game\\none.marlowick-test")), kShellSuccess);
+}
+
+TEST_F(ShellTest, StartsAProgramWithOneArgument) {
+    folder.write("game/a", "given");
+    const QString argument =
+        QStringLiteral("/c copy \"%1\" \"%2\"").arg(path("game\\a"), path("game\\b"));
+    EXPECT_GE(shellStart(nullptr, QString::fromLatin1(kCopier), argument), kShellSuccess);
+    EXPECT_TRUE(comes("game/b", "given"));
+    EXPECT_LT(shellStart(nullptr, path("game\\none.exe"), argument), kShellSuccess);
+}
+
+TEST(BrowserProbeTest, LiesOnTheSystemDrive) {
+    EXPECT_EQ(browserProbeFile(), "C:\\temphtm.HTM");
+}
+
+// The system's dialog of this thread; nullptr if there is none.
+HWND shownDialog() {
+    HWND found = nullptr;
+    ::EnumThreadWindows(
+        ::GetCurrentThreadId(),
+        [](HWND window, LPARAM result) -> BOOL {
+            wchar_t name[16] = {};
+            ::GetClassNameW(window, name, 16);
+            const bool isDialog = std::wstring(name) == L"#32770" && ::IsWindowVisible(window) != 0;
+            if (isDialog) {
+                *reinterpret_cast<HWND*>(result) = window;
+            }
+            return isDialog ? FALSE : TRUE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+class FolderChooserTest : public ::testing::Test {
+  protected:
+    FolderChooserTest() {
+        owner.show();
+        timer.setInterval(100);
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            if (HWND dialog = shownDialog(); dialog != nullptr) {
+                timer.stop();
+                dialogOwner = ::GetWindow(dialog, GW_OWNER);
+                action(dialog);
+            }
+        });
+        timer.start();
+    }
+
+    test::TestFolder folder;
+    QWidget owner;
+    QTimer timer;
+    std::function<void(HWND)> action;
+    HWND dialogOwner = nullptr;
+};
+
+TEST_F(FolderChooserTest, GivesTheChosenFolder) {
+    const std::wstring game = wideText(folder.path("game").text());
+    action = [&](HWND dialog) {
+        ::SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(game.c_str()));
+        ::PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    };
+    const QString chosen = chooseFolder(&owner, "Select the location of The Sims.");
+    EXPECT_EQ(chosen.toLower(), toDisplay(folder.path("game")).toLower());
+    EXPECT_EQ(dialogOwner, reinterpret_cast<HWND>(owner.winId()));
+}
+
+TEST_F(FolderChooserTest, GivesNothingOnCancel) {
+    action = [](HWND dialog) { ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); };
+    EXPECT_TRUE(chooseFolder(&owner, "Select the location of The Sims.").isEmpty());
+    EXPECT_NE(dialogOwner, nullptr);
+}
+
+}  // namespace
+}  // namespace marlowick
