@@ -117,10 +117,10 @@ void frmMain::connectControls() {
     connectMenu(ui->smenuExit, "smenuExit_Click", &frmMain::smenuExit_Click);
     connectMenu(ui->smenuBackup, "smenuBackup_Click", &frmMain::smenuBackup_Click);
     connectMenu(ui->smenuSetPath, "smenuSetPath_Click", &frmMain::smenuSetPath_Click);
-    connectMenu(ui->smenuExport, "smenuExport_Click", &frmMain::laterCommand_Click);
-    connectMenu(ui->smenuFix, "smenuFix_Click", &frmMain::laterCommand_Click);
+    connectMenu(ui->smenuExport, "smenuExport_Click", &frmMain::smenuExport_Click);
+    connectMenu(ui->smenuFix, "smenuFix_Click", &frmMain::smenuFix_Click);
     connectMenu(ui->menuFARs, "menuFARs_Click", &frmMain::menuFARs_Click);
-    connectMenu(ui->smenuPinkHands, "smenuPinkHands_Click", &frmMain::laterCommand_Click);
+    connectMenu(ui->smenuPinkHands, "smenuPinkHands_Click", &frmMain::smenuPinkHands_Click);
 }
 
 void frmMain::connectMenu(QAction* action, const char* event, void (frmMain::*handler)()) {
@@ -579,8 +579,65 @@ void frmMain::menuFARs_Click() {
     theWindow<frmManageFARs>().showModal();
 }
 
-void frmMain::laterCommand_Click() {
-    ui->cmdFocus->setFocus();
+// The tools.
+
+bool frmMain::walkSims(const std::function<bool(const SimWalk&)>& tool) {
+    setPointer(Pointer::Hourglass);
+    bool done = false;
+    {
+        const InputGuard guard;
+        repaintWindows();
+        done = tool({mstrUserDataDir, masSimFiles, mudtIff, repaintWindows});
+    }
+    setPointer(Pointer::Default);
+    return done;
+}
+
+void frmMain::smenuExport_Click() {
+    trapped("frmMain", "smenuExport_Click", [&] {
+        if (masSimFiles.bound() == 0) {
+            return;
+        }
+        walkSims([](const SimWalk& walk) {
+            exportSkinNames(walk);
+            return true;
+        });
+        showMessage(QStringLiteral("Export Complete"), MessageIcon::Information, MessageButtons::Ok,
+                    QStringLiteral("Exported:\n") + toDisplay(headSkinsFile()) +
+                        QStringLiteral("\n") + toDisplay(bodySkinsFile()));
+    });
+}
+
+// Both repairs report their failures under the name of the first.
+void frmMain::repairSims(const QString& question, bool (*tool)(const SimWalk&)) {
+    trapped("frmMain", "smenuFix_Click", [&] {
+        if (!confirmAction(question + QStringLiteral("\n\nDo you wish to proceed?")) ||
+            masSimFiles.bound() == 0) {
+            return;
+        }
+        if (walkSims(tool)) {
+            showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
+                        QStringLiteral("Operation Complete"));
+        }
+    });
+}
+
+void frmMain::smenuFix_Click() {
+    repairSims(QStringLiteral(
+                   "This function will fix the fit to skinny sim problem that was introduced with "
+                   "Hot Date. Any sim in the selected neighborhood whose swimsuit, formal or "
+                   "pajamas does not match their normal outfit body type (Fit, Fat or Skn) will "
+                   "have the outfit replaced with the default outfit of the correct body type."),
+               fixFitToSkinny);
+}
+
+void frmMain::smenuPinkHands_Click() {
+    repairSims(
+        QStringLiteral("This function will remove the Pink Gorilla formal hands from the sims in "
+                       "the selected neighborhood. This bug affects both House Party and Hot Date. "
+                       "The sims that are afflicted will have their formal hands restored to the "
+                       "proper default for their gender."),
+        removePinkHands);
 }
 
 }  // namespace marlowick

@@ -4,9 +4,11 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 
+#include "browser/neighbourhood_tools.h"
 #include "browser/neighbourhoods.h"
 #include "foundation/list.h"
 #include "iff/iff_file.h"
@@ -70,6 +72,8 @@ class frmMain : public QMainWindow, public FormEvents {
     std::string fileInCell(int cell) const;
     Path simPath(const std::string& fileName) const;
     void goToPage(int pageNumber);
+    bool walkSims(const std::function<bool(const SimWalk&)>& tool);
+    void repairSims(const QString& question, bool (*tool)(const SimWalk&));
 
     void lstUserDataDir_Click();
     void cmdFirst_Click();
@@ -85,7 +89,9 @@ class frmMain : public QMainWindow, public FormEvents {
     void smenuBackup_Click();
     void smenuSetPath_Click();
     void menuFARs_Click();
-    void laterCommand_Click();
+    void smenuExport_Click();
+    void smenuFix_Click();
+    void smenuPinkHands_Click();
 
     std::unique_ptr<Ui::frmMain> ui;
     QTimer* Timer1;

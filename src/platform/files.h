@@ -17,6 +17,11 @@
 
 namespace marlowick {
 
+// The ending of the files that the program itself makes beside a file that it replaces. It fits no
+// mask of the game or of this program, so that a leftover is never listed; and as nobody else
+// writes such a name, it is looked up as it stands, without a search through a folder of thousands.
+inline constexpr std::string_view kNewFileEnding = ".marlowick-new";
+
 enum class OpenMode {
     Binary,     // read and write without truncation; made if missing; reading alone where the file
                 // or its folder can't be written

@@ -75,6 +75,10 @@ std::string resolve(const Path& path) {
     if (isPresent(native)) {
         return native;
     }
+    const std::size_t lastSlash = native.rfind('/');
+    if (native.ends_with(kNewFileEnding) && lastSlash != std::string::npos) {
+        return resolve(Path(native.substr(0, lastSlash))) + native.substr(lastSlash);
+    }
     std::string found = native.starts_with('/') ? "/" : "";
     std::size_t start = 0;
     bool missing = false;

@@ -13,9 +13,6 @@ namespace {
 
 constexpr std::size_t kBlock = 32768;
 
-// The name fits no mask of the game or of this program, so that a leftover is never listed.
-constexpr const char* kSuffix = ".marlowick-new";
-
 void copyAll(const Path& source, File& to, const std::function<void()>& afterBlock) {
     const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
     std::string block(kBlock, '\0');
@@ -53,7 +50,7 @@ void replaceWith(const std::function<void(File&)>& fill, const Path& target,
         throw RuntimeError(error::kPathFileAccess);
     }
     const Path place = exists ? files().followLinks(target) : target;
-    const Path beside = place + kSuffix;
+    const Path beside = place + kNewFileEnding;
     removeIfPresent(beside);
     try {
         makeBeside(beside, fill);

@@ -1,0 +1,161 @@
+#include "browser/neighbourhood_tools.h"
+
+#include <memory>
+
+#include "browser/neighbourhoods.h"
+#include "catalogue/names.h"
+#include "foundation/bytes.h"
+#include "foundation/game.h"
+#include "iff/safe_rewrite.h"
+#include "iff/string_segment.h"
+#include "platform/files.h"
+#include "wardrobe/wardrobe_fields.h"
+
+namespace marlowick {
+namespace {
+
+constexpr int kBodyRow = row::kNormal;
+constexpr int kHeadRow = 3;
+
+constexpr std::string_view kPinkHand = "guao_pinkg";
+constexpr const char* kFormalHandLeft = "HfLO,HAND=gfao_bride";
+constexpr const char* kFormalHandRight = "HfRO,HAND=gfao_bride";
+
+// The outfits that the game got wrong, and how its own ones begin.
+struct RepairedOutfit {
+    int row;
+    const char* femaleStem;
+    const char* otherStem;
+};
+
+constexpr RepairedOutfit kRepairedOutfits[] = {
+    {row::kFormal, "f100fa", "f100ma"},
+    {row::kSwimsuit, "s100fa", "s100ma"},
+    {row::kPajamas, "l100fa", "l100ma"},
+};
+
+// Goes through the sims that can be read; ends early, with false, when work gives false.
+bool forEachSim(const SimWalk& walk,
+                const std::function<bool(const std::string& name, const Path& file)>& work) {
+    const Path folder = charactersFolder(walk.userDataDir);
+    for (int i = 1; i <= walk.simFiles.bound(); ++i) {
+        const std::string& name = walk.simFiles[i];
+        // A name that the game couldn't write has no path.
+        if (isFileName(name)) {
+            const Path file = folder.child(name);
+            gsResetIFF(walk.iff);
+            if (gfstrQuickReadIFF(walk.iff, file).empty() && !work(name, file)) {
+                return false;
+            }
+        }
+        walk.afterFile();
+    }
+    return true;
+}
+
+// The name in the last name table; without one, the name stays.
+void takeName(const IffFile& iff, std::string& name) {
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        if (iff.Segments[i].Type == "CTSS") {
+            name = catalogueName(iff.Segments[i]);
+        }
+    }
+}
+
+bool rewrite(IffFile& iff, const StrSegment& strings, const std::string& id, const Path& file) {
+    if (!gsWriteSTRSegment(iff, strings, id, false) || !writeUserTemp(iff)) {
+        return false;
+    }
+    replaceUserFile(file);
+    return true;
+}
+
+// Rewrites each file that change, which works on its rows, gives true for.
+bool repair(const SimWalk& walk, bool (*change)(StrSegment& strings)) {
+    const std::string id = gfstrHexToBytes(kWardrobeId);
+    StrSegment strings;
+    return forEachSim(walk, [&](const std::string& /*name*/, const Path& file) {
+        // A table that was read only in part must not be written.
+        if (!gsReadSTRSegment(walk.iff, strings, id, false)) {
+            return false;
+        }
+        return !change(strings) || rewrite(walk.iff, strings, id, file);
+    });
+}
+
+bool isChild(const StrSegment& strings) {
+    return strings.Entries[row::kAge].Text == "child";
+}
+
+bool isFemale(const StrSegment& strings) {
+    return strings.Entries[row::kGender].Text == "female";
+}
+
+bool fixOutfits(StrSegment& strings) {
+    if (isChild(strings) || strings.Entries.bound() <= kBaseRows) {
+        return false;
+    }
+    const std::string type = bodyType(bodyOfRow(strings.Entries[row::kNormal].Text));
+    for (const RepairedOutfit& outfit : kRepairedOutfits) {
+        std::string& text = strings.Entries[outfit.row].Text;
+        if (bodyType(bodyOfRow(text)) != type) {
+            const std::string body =
+                (isFemale(strings) ? outfit.femaleStem : outfit.otherStem) + type;
+            const std::string& tone = strings.Entries[row::kSkinTone].Text;
+            text = body + "_original,BODY=" + body + tone + "_original";
+        }
+    }
+    return true;
+}
+
+bool takeOffPinkHands(StrSegment& strings) {
+    if (isChild(strings)) {
+        return false;
+    }
+    // The hands are a pair, and only the left one tells whether they are pink.
+    std::string& left = strings.Entries[row::kFormalHandLeft].Text;
+    std::string& right = strings.Entries[row::kFormalHandRight].Text;
+    if (skinOfRow(left) != kPinkHand) {
+        return false;
+    }
+    const bool female = isFemale(strings);
+    left = female ? kFormalHandLeft : "";
+    right = female ? kFormalHandRight : "";
+    return true;
+}
+
+}  // namespace
+
+Path headSkinsFile() {
+    return ProgramFolder + "\\headskins.txt";
+}
+
+Path bodySkinsFile() {
+    return ProgramFolder + "\\bodyskins.txt";
+}
+
+void exportSkinNames(const SimWalk& walk) {
+    const std::unique_ptr<File> heads = files().open(headSkinsFile(), OpenMode::Output);
+    const std::unique_ptr<File> bodies = files().open(bodySkinsFile(), OpenMode::Output);
+    const std::string id = gfstrHexToBytes(kWardrobeId);
+    StrSegment strings;
+    std::string simName;
+    forEachSim(walk, [&](const std::string& name, const Path& /*file*/) {
+        takeName(walk.iff, simName);
+        gsReadSTRSegment(walk.iff, strings, id, false);
+        const std::string start = name + ";" + simName + ";";
+        bodies->write(start + skinOfRow(strings.Entries[kBodyRow].Text) + "\r\n");
+        heads->write(start + skinOfRow(strings.Entries[kHeadRow].Text) + "\r\n");
+        return true;
+    });
+}
+
+bool fixFitToSkinny(const SimWalk& walk) {
+    return repair(walk, fixOutfits);
+}
+
+bool removePinkHands(const SimWalk& walk) {
+    return repair(walk, takeOffPinkHands);
+}
+
+}  // namespace marlowick

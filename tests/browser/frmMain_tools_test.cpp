@@ -1,0 +1,278 @@
+// The commands of the menu Tools, as a person uses them.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QListWidget>
+#include <QTimer>
+
+#include "browser/frmMain.h"
+#include "foundation/error_trap.h"
+#include "foundation/startup.h"
+#include "platform/display_text.h"
+#include "platform/input_guard.h"
+#include "platform/picture_box.h"
+#include "platform/settings.h"
+#include "support/faulty_files.h"
+#include "support/user_file_builder.h"
+#include "support/window_driver.h"
+
+namespace marlowick {
+namespace {
+
+using test::find;
+using test::simFile;
+using test::simRows;
+using test::textOf;
+
+const char* const kFixQuestion =
+    "This function will fix the fit to skinny sim problem that was introduced with Hot Date. Any "
+    "sim in the selected neighborhood whose swimsuit, formal or pajamas does not match their "
+    "normal outfit body type (Fit, Fat or Skn) will have the outfit replaced with the default "
+    "outfit of the correct body type.\n\nDo you wish to proceed?";
+const char* const kPinkQuestion =
+    "This function will remove the Pink Gorilla formal hands from the sims in the selected "
+    "neighborhood. This bug affects both House Party and Hot Date. The sims that are afflicted "
+    "will have their formal hands restored to the proper default for their gender.\n\nDo you wish "
+    "to proceed?";
+
+class MainToolsTest : public test::WindowTest {
+  protected:
+    MainToolsTest() { test::installGame(folder); }
+
+    static std::string place(int number) {
+        char name[60];
+        std::snprintf(name, sizeof name, "game/UserData/Characters/user%05d.iff", number);
+        return name;
+    }
+
+    // A woman in a swimsuit of another body type, with pink hands.
+    static std::vector<std::string> damagedRows() {
+        std::vector<std::string> rows = simRows({});
+        rows[28] = "HfLO,HAND=guao_pinkg";
+        rows[31] = "s001faskn_own,BODY=own";
+        return rows;
+    }
+
+    void makeDamaged(int count) {
+        for (int number = 1; number <= count; ++number) {
+            folder.write(place(number), simFile(damagedRows()));
+        }
+    }
+
+    // Shows the window on the first neighbourhood.
+    frmMain& show() {
+        auto& window = theWindow<frmMain>();
+        window.showMain();
+        auto* list = find<QListWidget>(window, "lstUserDataDir");
+        if (list->count() > 0) {
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                              list->visualItemRect(list->item(0)).center());
+        }
+        return window;
+    }
+
+    static void choose(QWidget& window, const char* entry) {
+        window.findChild<QAction*>(entry)->trigger();
+    }
+
+    // How many of the sims' rows read so.
+    int simsWith(std::size_t row, const std::string& text, int count) {
+        int found = 0;
+        for (int number = 1; number <= count; ++number) {
+            found += test::rowsOfFile(folder.read(place(number)))[row - 1] == text ? 1 : 0;
+        }
+        return found;
+    }
+
+    std::string reported() const {
+        return std::to_string(glngErrorNumber) + " " + gstrErrorModule + " " + gstrErrorProc;
+    }
+};
+
+TEST_F(MainToolsTest, TheRepairsAskFirst) {
+    makeDamaged(1);
+    frmMain& window = show();
+    script.answer(QMessageBox::No);
+    script.answer(QMessageBox::No);
+    choose(window, "smenuFix");
+    choose(window, "smenuPinkHands");
+    ASSERT_EQ(script.messages().size(), 2U);
+    EXPECT_EQ(script.messages()[0].text, kFixQuestion);
+    EXPECT_EQ(script.messages()[1].text, kPinkQuestion);
+    for (const test::SeenMessage& question : script.messages()) {
+        EXPECT_EQ(question.title, "Confirm Action");
+        EXPECT_EQ(question.icon, QMessageBox::Question);
+        EXPECT_TRUE(question.yesNo);
+    }
+    EXPECT_TRUE(folder.read(place(1)) == simFile(damagedRows()));
+}
+
+TEST_F(MainToolsTest, TheRepairsWorkOnAllPagesAndTellWhenTheyAreDone) {
+    makeDamaged(51);
+    frmMain& window = show();
+    for (const char* entry : {"smenuFix", "smenuPinkHands"}) {
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        choose(window, entry);
+        const test::SeenMessage& end = script.messages().back();
+        EXPECT_EQ(end.title, "Success");
+        EXPECT_EQ(end.text, "Operation Complete");
+        EXPECT_EQ(end.icon, QMessageBox::Information);
+        EXPECT_FALSE(end.yesNo);
+        EXPECT_FALSE(pointerIsBusy());
+    }
+    EXPECT_EQ(simsWith(32, "s100faFIT_original,BODY=s100faFITlgt_original", 51), 51);
+    EXPECT_EQ(simsWith(29, "HfLO,HAND=gfao_bride", 51), 51);
+}
+
+TEST_F(MainToolsTest, TheEndIsToldEvenIfNothingChanged) {
+    folder.write(place(1), simFile(simRows({.count = 30})));
+    frmMain& window = show();
+    script.answer(QMessageBox::Yes);
+    script.answer();
+    choose(window, "smenuFix");
+    EXPECT_EQ(script.messages().back().text, "Operation Complete");
+}
+
+TEST_F(MainToolsTest, WithoutSimsTheQuestionIsAll) {
+    frmMain& window = show();
+    script.answer(QMessageBox::Yes);
+    choose(window, "smenuFix");
+    script.answer(QMessageBox::Yes);
+    choose(window, "smenuPinkHands");
+    choose(window, "smenuExport");
+    EXPECT_EQ(script.messages().size(), 2U);
+    EXPECT_FALSE(folder.exists("program/headskins.txt"));
+    EXPECT_FALSE(folder.exists("program/bodyskins.txt"));
+}
+
+TEST_F(MainToolsTest, ThePageStaysAsItWas) {
+    makeDamaged(2);
+    frmMain& window = show();
+    const QImage page = find<PictureBox>(window, "picThumbs")->painted();
+    const QImage sim = find<PictureBox>(window, "picSim")->painted();
+    const QString name = textOf(window, "txtSimName");
+    folder.write(place(1), simFile(damagedRows(), "New Name", "user00001 - New Name"));
+    script.answer(QMessageBox::Yes);
+    script.answer();
+    choose(window, "smenuFix");
+    EXPECT_TRUE(find<PictureBox>(window, "picThumbs")->painted() == page);
+    EXPECT_TRUE(find<PictureBox>(window, "picSim")->painted() == sim);
+    EXPECT_EQ(textOf(window, "txtSimName"), name);
+    EXPECT_EQ(simsWith(32, "s100faFIT_original,BODY=s100faFITlgt_original", 2), 2);
+}
+
+TEST_F(MainToolsTest, TheExportTellsWhereItsListsLie) {
+    makeDamaged(1);
+    frmMain& window = show();
+    script.answer();
+    choose(window, "smenuExport");
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Export Complete");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Information);
+    EXPECT_FALSE(script.messages()[0].yesNo);
+    EXPECT_EQ(script.messages()[0].text, "Exported:\n" + toDisplay(folder.path("program")) +
+                                             "\\headskins.txt\n" +
+                                             toDisplay(folder.path("program")) + "\\bodyskins.txt");
+    EXPECT_EQ(folder.read("program/bodyskins.txt"),
+              "user00001.iff;Mara Quill;b001fafitlgt_own\r\n");
+    EXPECT_EQ(folder.read("program/headskins.txt"), "user00001.iff;Mara Quill;row 3\r\n");
+    EXPECT_FALSE(pointerIsBusy());
+}
+
+// While a tool runs, the window paints under a busy pointer, and nothing else can be started.
+TEST_F(MainToolsTest, NobodyStartsASecondCommandMeanwhile) {
+    makeDamaged(60);
+    frmMain& window = show();
+    for (const char* entry : {"smenuFix", "smenuPinkHands", "smenuExport"}) {
+        int looks = 0;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &window, [&] {
+            if (InputGuard::isActive()) {
+                ++looks;
+                EXPECT_TRUE(pointerIsBusy());
+                test::click(window, "cmdNext");
+                window.close();
+            }
+        });
+        timer.start(0);
+        if (std::string(entry) != "smenuExport") {
+            script.answer(QMessageBox::Yes);
+        }
+        script.answer();
+        choose(window, entry);
+        timer.stop();
+        EXPECT_GE(looks, 60) << entry;
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
+    }
+}
+
+// Each report is closed by its frame; the command is over then, without a word of success.
+TEST_F(MainToolsTest, FailuresAreReportedUnderTheNamesOfTheCommands) {
+    folder.write(place(1), simFile(simRows({})));
+    frmMain& window = show();
+    folder.write(place(1), simFile({"adult", "row 2"}));
+    installErrorWindow();
+    struct Case {
+        const char* entry;
+        const char* report;
+    };
+    for (const Case& c : {Case{"smenuExport", "9 frmMain smenuExport_Click"},
+                          Case{"smenuPinkHands", "9 frmMain smenuFix_Click"}}) {
+        if (std::string(c.entry) != "smenuExport") {
+            script.answer(QMessageBox::Yes);
+        }
+        script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
+        choose(window, c.entry);
+        EXPECT_TRUE(script.isDone());
+        EXPECT_EQ(reported(), c.report);
+        EXPECT_FALSE(pointerIsBusy());
+        EXPECT_FALSE(InputGuard::isActive());
+    }
+    folder.write(place(1), simFile(simRows({.count = 31})));
+    script.answer(QMessageBox::Yes);
+    script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
+    choose(window, "smenuFix");
+    EXPECT_TRUE(script.isDone());
+    EXPECT_EQ(reported(), "9 frmMain smenuFix_Click");
+}
+
+TEST_F(MainToolsTest, ARepairEndsWithTheFirstRewriteThatFailed) {
+    makeDamaged(3);
+    frmMain& window = show();
+    installErrorWindow();
+    script.answer(QMessageBox::Yes);
+    script.whenShown("frmErrorDialog", [](QWidget& report) {
+        EXPECT_FALSE(pointerIsBusy());
+        report.close();
+    });
+    {
+        const test::FaultyFiles faulty(1, test::FaultyFiles::Fault::Fail);
+        choose(window, "smenuFix");
+    }
+    EXPECT_TRUE(script.isDone());
+    EXPECT_EQ(reported(), "57 modIFFsupport gsWriteIFF");
+    EXPECT_EQ(script.messages().size(), 1U);
+    EXPECT_FALSE(pointerIsBusy());
+    for (int number = 1; number <= 3; ++number) {
+        EXPECT_TRUE(folder.read(place(number)) == simFile(damagedRows()));
+    }
+}
+
+TEST_F(MainToolsTest, AReadOnlySimIsReportedAndTheRepairEnds) {
+    makeDamaged(3);
+    folder.makeReadOnly(place(2));
+    frmMain& window = show();
+    installErrorWindow();
+    script.answer(QMessageBox::Yes);
+    script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
+    choose(window, "smenuPinkHands");
+    EXPECT_TRUE(script.isDone());
+    EXPECT_EQ(reported(), "75 frmMain smenuFix_Click");
+    EXPECT_EQ(simsWith(29, "HfLO,HAND=gfao_bride", 1), 1);
+    EXPECT_EQ(simsWith(29, "HfLO,HAND=gfao_bride", 3), 1);
+}
+
+}  // namespace
+}  // namespace marlowick
