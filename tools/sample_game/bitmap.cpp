@@ -48,6 +48,7 @@ std::vector<Colour> paletteOf(const Picture& picture) {
         }
     }
     std::vector<Use> sorted;
+    sorted.reserve(uses.size());
     for (const auto& [key, use] : uses) {
         sorted.push_back(use);
     }

@@ -137,7 +137,7 @@ void Canvas::stroke(const std::vector<Point>& points, double width, Colour colou
 
 Picture Canvas::finished() const {
     Picture picture{width_ / kOversize, height_ / kOversize, {}};
-    picture.pixels.reserve(pixels_.size() / (kOversize * kOversize));
+    picture.pixels.reserve(pixels_.size() / kOversize / kOversize);
     for (int y = 0; y < picture.height; ++y) {
         for (int x = 0; x < picture.width; ++x) {
             int r = 0;

@@ -371,7 +371,7 @@ std::string withHugeMapCount(std::string file) {
     return file.replace(map + 100, 4, little32(1001));
 }
 
-std::string cutInMapLabel(std::string file) {
+std::string cutInMapLabel(const std::string& file) {
     const std::size_t map = file.find("rsmp");
     return file.substr(0, map + 96 + 8 + 8 + 3);
 }
