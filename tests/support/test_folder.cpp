@@ -87,7 +87,8 @@ std::string bitmapFile(int width, int height, unsigned rgb) {
     const auto little = [](unsigned number, int bytes) {
         std::string text;
         for (int i = 0; i < bytes; ++i) {
-            text += static_cast<char>(number >> (8 * i));
+            text += static_cast<char>(number & 0xFFU);
+            number >>= 8U;
         }
         return text;
     };
