@@ -19,8 +19,6 @@ class frmManageFARs;
 
 namespace marlowick {
 
-class ClickList;
-
 class frmManageFARs : public ModalForm {
     Q_OBJECT
   public:
@@ -37,7 +35,7 @@ class frmManageFARs : public ModalForm {
 
   private:
     void connectControls();
-    void connectButton(class QAbstractButton* button, const char* event,
+    void connectButton(QAbstractButton* button, const char* event,
                        void (frmManageFARs::*handler)());
 
     void msNewFile();
