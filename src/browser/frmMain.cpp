@@ -320,9 +320,8 @@ void frmMain::setName(int cell, const QString& name) {
     label->setAccessibleName(name);
 }
 
-void frmMain::paintCell(int cell, const Path& file) {
-    gsResetIFF(mudtIff);
-    if (!gfstrQuickReadIFF(mudtIff, file).empty()) {
+void frmMain::paintCell(int cell, const std::string& fileName) {
+    if (!readSimFile(mudtIff, mstrUserDataDir, fileName).empty()) {
         ui->picThumbs->paint(ui->picCanNotLoad->picture(), imagePosition(cell));
         setName(cell, QStringLiteral("* ERROR *\n Can't Load!!"));
         return;
@@ -362,13 +361,13 @@ void frmMain::msLoadSimImages() {
             if (entry > count) {
                 break;
             }
-            paintCell(cell, simPath(masSimFiles[entry]));
+            paintCell(cell, masSimFiles[entry]);
             repaintWindows();
             CheckpointNumber = 2000;
         }
         CheckpointNumber = 3000;
         mlngSelected = 0;
-        msDisplaySim(simPath(masSimFiles[page::entryOf(mlngPage, 0)]));
+        msDisplaySim(masSimFiles[page::entryOf(mlngPage, 0)]);
         ui->txtPageCount->setText(
             QStringLiteral("Page %1 of %2").arg(mlngPage + 1).arg(page::pageCount(count)));
         setPointer(Pointer::Default);
@@ -429,7 +428,7 @@ void frmMain::picThumbs_MouseDown(QPoint position) {
             ui->picSim->clear();
             return;
         }
-        msDisplaySim(simPath(file));
+        msDisplaySim(file);
     });
 }
 
@@ -458,8 +457,8 @@ void frmMain::Timer1_Timer() {
 
 // The chosen sim.
 
-void frmMain::showUnreadable(const Path& file, const std::string& reason) {
-    const QString name = toDisplay(file.fileName());
+void frmMain::showUnreadable(const std::string& fileName, const std::string& reason) {
+    const QString name = toDisplay(fileName);
     ui->txtSimName->setText(QStringLiteral("* ERROR * Can not load ") + name);
     ui->picSim->paint(ui->picCanNotLoad->picture(), {0, 0});
     const QString lines[] = {
@@ -488,8 +487,8 @@ void frmMain::showPortraits() {
     }
 }
 
-void frmMain::showObjectName(const Path& file) {
-    ui->txtSimName->setText(toDisplay(file.fileName()));
+void frmMain::showObjectName(const std::string& fileName) {
+    ui->txtSimName->setText(toDisplay(fileName));
     for (int i = 1; i <= mudtIff.Segments.bound(); ++i) {
         if (isUserObject(mudtIff.Segments[i])) {
             ui->txtSimName->setText(toDisplay(gfstrTrimAtNull(mudtIff.Segments[i].Label)));
@@ -499,18 +498,17 @@ void frmMain::showObjectName(const Path& file) {
     ui->txtSimName->setCursorPosition(0);
 }
 
-void frmMain::msDisplaySim(const Path& file) {
+void frmMain::msDisplaySim(const std::string& fileName) {
     trapped("frmMain", "msDisplaySim", [&] {
-        gsResetIFF(mudtIff);
-        const std::string reason = gfstrQuickReadIFF(mudtIff, file);
+        const std::string reason = readSimFile(mudtIff, mstrUserDataDir, fileName);
         ui->picSim->clear();
         ui->picSim->setToolTip(QString());
         if (!reason.empty()) {
-            showUnreadable(file, reason);
+            showUnreadable(fileName, reason);
             return;
         }
         showPortraits();
-        showObjectName(file);
+        showObjectName(fileName);
         StrSegment strings;
         gsReadSTRSegment(mudtIff, strings, gfstrHexToBytes(kWardrobeId), false);
         const std::string& species = strings.Entries[1].Text;
@@ -525,7 +523,7 @@ void frmMain::cmdSelect_Click() {
     if (ui->lstUserDataDir->line().empty() || ui->txtSimName->text().isEmpty() || file.empty()) {
         return;
     }
-    if (!gfstrQuickReadIFF(mudtIff, simPath(file)).empty()) {
+    if (!readSimFile(mudtIff, mstrUserDataDir, file).empty()) {
         return;
     }
     writeSetting(setting::kLastNeighborhood, toDisplay(ui->lstUserDataDir->line()));

@@ -61,12 +61,12 @@ class frmMain : public QMainWindow, public FormEvents {
     void msGetFileNames();
     void msReportBadFiles();
     void msLoadSimImages();
-    void msDisplaySim(const Path& file);
+    void msDisplaySim(const std::string& fileName);
 
-    void paintCell(int cell, const Path& file);
-    void showUnreadable(const Path& file, const std::string& reason);
+    void paintCell(int cell, const std::string& fileName);
+    void showUnreadable(const std::string& fileName, const std::string& reason);
     void showPortraits();
-    void showObjectName(const Path& file);
+    void showObjectName(const std::string& fileName);
     void outlineCell(int cell, bool visible);
     void setName(int cell, const QString& name);
     std::string fileInCell(int cell) const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "platform/files.h"
 #include "platform/game_text.h"
@@ -56,10 +57,18 @@ List<std::string> findSimFiles(std::string_view userDataDir) {
     return counted(searchFiles(charactersFolder(userDataDir), "user*.iff"));
 }
 
+std::string readSimFile(IffFile& iff, std::string_view userDataDir, std::string_view name) {
+    gsResetIFF(iff);
+    try {
+        return gfstrQuickReadIFF(iff, charactersFolder(userDataDir).child(name));
+    } catch (const RuntimeError& failure) {
+        return errorText(failure);
+    }
+}
+
 void sortOutSimFile(IffFile& iff, std::string_view userDataDir, const std::string& name,
                     List<std::string>& simFiles, List<BadFile>& badFiles) {
-    gsResetIFF(iff);
-    const std::string reason = gfstrQuickReadIFF(iff, charactersFolder(userDataDir).child(name));
+    const std::string reason = readSimFile(iff, userDataDir, name);
     if (!reason.empty()) {
         badFiles.appendCounted({reason, name});
     } else if (gfblnVerifyUserIFF(iff)) {

@@ -26,6 +26,11 @@ Path charactersFolder(std::string_view userDataDir);
 // The names of the files that fit "user*.iff" in it, in listing order; none if it isn't there.
 List<std::string> findSimFiles(std::string_view userDataDir);
 
+// The guarded reading of a file of that listing, after a reset: an empty text, or the reason of the
+// failure. A name that no file can be opened by (one that was listed with "?") is such a reason
+// too.
+std::string readSimFile(IffFile& iff, std::string_view userDataDir, std::string_view name);
+
 // A file that isn't a user file, and why.
 struct BadFile {
     std::string reason;

@@ -321,6 +321,23 @@ TEST_F(MainTest, ABadFileCostsACellAndNotThePage) {
     click(window, "cmdSelect");  // nothing happens
 }
 
+TEST_F(MainTest, AFileWhoseNameTheGameCanNotSpellCostsACellToo) {
+    test::installGame(folder);
+    makeSims("UserData", 2);
+    const std::string copy = "user00001 - \xD0\xBA\xD0\xBE\xD0\xBF\xD0\xB8\xD1\x8F.iff";
+    folder.write("game/UserData/Characters/" + copy, test::simFile(simRows({})));
+    frmMain& window = show();
+    chooseLine(window, 0);
+    EXPECT_EQ(nameIn(window, 0), "* ERROR *\n Can't Load!!");
+    EXPECT_EQ(nameIn(window, 1), "Sim 1");
+    EXPECT_EQ(nameIn(window, 2), "Sim 2");
+    EXPECT_EQ(textOf(window, "txtSimName"), "* ERROR * Can not load user00001 - ?????.iff");
+    EXPECT_EQ(find<QWidget>(window, "picSim")->toolTip(), "Error 52 - Bad file name or number");
+    click(window, "cmdSelect");
+    EXPECT_EQ(readSetting(setting::kLastNeighborhood), "");
+    EXPECT_TRUE(script.unexpected().isEmpty());
+}
+
 TEST_F(MainTest, ASimWithoutAWebImageShowsTheStockPictureAndItsName) {
     test::installGame(folder);
     makeSims("UserData", 1);

@@ -59,7 +59,7 @@ TEST(NeighbourhoodsTest, TheStrictListingSortsOutWhatIsNoUserFile) {
     IffFile iff;
     List<std::string> good;
     List<BadFile> bad;
-    for (const char* name : {"user1.iff", "user2.iff", "user3.iff"}) {
+    for (const char* name : {"user1.iff", "user2.iff", "user3.iff", "user?.iff"}) {
         sortOutSimFile(iff, "UserData", name, good, bad);
     }
     ASSERT_EQ(good.bound(), 1);
@@ -72,6 +72,9 @@ TEST(NeighbourhoodsTest, TheStrictListingSortsOutWhatIsNoUserFile) {
               "\r\n"
               "user3.iff\r\n"
               "Error 5 - Invalid procedure call or argument\r\n"
+              "\r\n"
+              "user?.iff\r\n"
+              "Error 52 - Bad file name or number\r\n"
               "\r\n"
               "The files did not pass the data validation procedure.\r\n");
 }
