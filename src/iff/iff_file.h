@@ -12,6 +12,8 @@
 
 namespace marlowick {
 
+class ByteReader;
+
 struct IffSegment {
     std::int32_t Offset = 0;  // of the segment's first byte, from 1
     std::string Type;         // 4 bytes
@@ -60,8 +62,8 @@ bool gsWriteIFF(IffFile& iff, const Path& path);
 bool gsWriteIFF_NoBMPs(IffFile& iff, const Path& path);
 
 // Sets EntryOffset in the map from the Offset of the segments: each segment renews the first row
-// of its type and id.
-void gsUpdateRsmp(IffFile& iff);
+// of its type and id. Trapped (modIFFsupport); false after a failure.
+bool gsUpdateRsmp(IffFile& iff);
 
 // The guarded reading: an empty text, and the record is filled; any other text is the reason of
 // the failure in words for a person, and the record holds what was read until then. Shows no
@@ -87,9 +89,10 @@ bool isUserObject(const IffSegment& segment);
 // The display name in a "CTSS" segment's Data: from the sixth byte on, cut at the first zero byte.
 std::string catalogueName(const IffSegment& segment);
 
-// Reading and writing of the map; used by the readers and the writer above.
-// Position is in bytes from 0 into the whole content of the file and moves behind the map.
-void gsReadRSMP(IffFile& iff, std::string_view content, std::size_t& position);
-std::string gfstrQuickReadRSMP(IffFile& iff, std::string_view content, std::size_t& position);
+// Reading of the map, from the reader's position on; used by the readers above. gsReadRSMP traps
+// (modIFFsupport); false after a failure, and its caller goes on where the reader then stands.
+// gfstrQuickReadRSMP gives the reason of a failure instead.
+bool gsReadRSMP(IffFile& iff, ByteReader& reader);
+std::string gfstrQuickReadRSMP(IffFile& iff, ByteReader& reader);
 
 }  // namespace marlowick

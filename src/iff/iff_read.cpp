@@ -1,6 +1,8 @@
 // Reading of user files: once with the error trap, for the editing windows, and
 // once guarded, for everything that browses.
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <string>
 
 #include "foundation/bytes.h"
@@ -21,17 +23,21 @@ constexpr std::int32_t kNoMapAsText = 0x30303030;  // the four characters "0000"
 // How much a segment may claim beyond the end of its file before it is taken for a lie.
 constexpr std::int64_t kLargestClaim = 256LL << 20U;
 
-// Reads the map at a position of the content, moves the position behind it.
-using MapReader =
-    std::function<void(IffFile& iff, std::string_view content, std::size_t& position)>;
+// Reads the map that the reader stands on, moves the reader behind it.
+using MapReader = std::function<void(IffFile& iff, ByteReader& reader)>;
 
 // Ends the guarded reading with a reason that is already in words.
 struct MapUnreadable {
     std::string reason;
 };
 
+// Positions in a user file are 32 bits wide: one that is larger (7) can't be a sim.
 std::string readOpenFile(File& file) {
-    std::string content(static_cast<std::size_t>(file.size()), '\0');
+    const std::int64_t size = file.size();
+    if (size > std::numeric_limits<std::int32_t>::max()) {
+        throw RuntimeError(error::kOutOfMemory);
+    }
+    std::string content(static_cast<std::size_t>(size), '\0');
     content.resize(file.read(content.data(), content.size()));
     return content;
 }
@@ -70,9 +76,7 @@ void readSegments(IffFile& iff, std::string_view content, std::size_t start,
     // One lone byte at the end is no segment.
     while (reader.left() > 1) {
         if (content.substr(reader.position(), 4) == "rsmp") {
-            std::size_t position = reader.position();
-            readMap(iff, content, position);
-            reader = ByteReader(content, position);
+            readMap(iff, reader);
             if (reader.left() <= static_cast<std::size_t>(kSegmentHead)) {
                 break;
             }
@@ -108,14 +112,20 @@ void gsResetIFF(IffFile& iff) {
 }
 
 bool gsReadIFF(IffFile& iff, const Path& path) {
-    return trapped("modIFFsupport", "gsReadIFF", [&] { readUserFile(iff, path, gsReadRSMP); });
+    bool mapRead = true;
+    const bool read = trapped("modIFFsupport", "gsReadIFF", [&] {
+        readUserFile(iff, path, [&](IffFile& file, ByteReader& reader) {
+            mapRead = gsReadRSMP(file, reader) && mapRead;
+        });
+    });
+    return read && mapRead;
 }
 
 std::string gfstrQuickReadIFF(IffFile& iff, const Path& path) {
     std::string reason;
     try {
-        readUserFile(iff, path, [](IffFile& file, std::string_view content, std::size_t& position) {
-            std::string unreadable = gfstrQuickReadRSMP(file, content, position);
+        readUserFile(iff, path, [](IffFile& file, ByteReader& reader) {
+            std::string unreadable = gfstrQuickReadRSMP(file, reader);
             if (!unreadable.empty()) {
                 throw MapUnreadable{std::move(unreadable)};
             }

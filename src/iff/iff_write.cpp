@@ -50,7 +50,8 @@ void appendMap(std::string& content, const IffFile& iff) {
     content.replace(kMapOffsetField, 4, gfstrLongToBigEndian(static_cast<std::int32_t>(start)));
 }
 
-std::string wholeContent(IffFile& iff) {
+// mapRenewed: false if the map's offsets couldn't be made true.
+std::string wholeContent(IffFile& iff, bool& mapRenewed) {
     CheckpointNumber = 2000;
     std::string content = headOf(iff);
     for (int i = 1; i <= iff.Segments.bound(); ++i) {
@@ -59,7 +60,7 @@ std::string wholeContent(IffFile& iff) {
         appendSegment(content, segment);
     }
     if (iff.HasRsmp) {
-        gsUpdateRsmp(iff);
+        mapRenewed = gsUpdateRsmp(iff);
         appendMap(content, iff);
     } else {
         content.replace(kMapOffsetField, 4, std::string(4, '\0'));
@@ -90,8 +91,11 @@ void writeUserFile(const Path& path, MakeContent makeContent) {
 }  // namespace
 
 bool gsWriteIFF(IffFile& iff, const Path& path) {
-    return trapped("modIFFsupport", "gsWriteIFF",
-                   [&] { writeUserFile(path, [&] { return wholeContent(iff); }); });
+    bool mapRenewed = true;
+    const bool written = trapped("modIFFsupport", "gsWriteIFF", [&] {
+        writeUserFile(path, [&] { return wholeContent(iff, mapRenewed); });
+    });
+    return written && mapRenewed;
 }
 
 bool gsWriteIFF_NoBMPs(IffFile& iff, const Path& path) {

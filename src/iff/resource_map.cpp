@@ -70,10 +70,9 @@ void readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart, bool 
     }
 }
 
-void readMap(IffFile& iff, std::string_view content, std::size_t& position, bool guarded) {
+void readMap(IffFile& iff, ByteReader& reader, bool guarded) {
     CheckpointNumber = 1000;
-    const std::size_t mapStart = position;
-    ByteReader reader(content, position);
+    const std::size_t mapStart = reader.position();
     iff.RsmpHeader = reader.take(kMapHead);
     iff.RsmpSize = gflngLittleEndianToLong(reader.take(4));
     iff.RsmpTypeCount = gflngLittleEndianToLong(reader.take(4));
@@ -84,7 +83,6 @@ void readMap(IffFile& iff, std::string_view content, std::size_t& position, bool
         iff.RsmpTypes.appendCounted({});
         readTypeRow(iff.RsmpTypes[row], reader, mapStart, guarded);
     }
-    position = reader.position();
 }
 
 // What a row and a segment share: the type in file order and the resource id, high byte first.
@@ -105,13 +103,13 @@ std::map<MapKey, RsmpEntry*> firstRows(IffFile& iff) {
 
 }  // namespace
 
-void gsReadRSMP(IffFile& iff, std::string_view content, std::size_t& position) {
-    readMap(iff, content, position, false);
+bool gsReadRSMP(IffFile& iff, ByteReader& reader) {
+    return trapped("modIFFsupport", "gsReadRSMP", [&] { readMap(iff, reader, false); });
 }
 
-std::string gfstrQuickReadRSMP(IffFile& iff, std::string_view content, std::size_t& position) {
+std::string gfstrQuickReadRSMP(IffFile& iff, ByteReader& reader) {
     try {
-        readMap(iff, content, position, true);
+        readMap(iff, reader, true);
         return {};
     } catch (const UnreadableCount&) {
         return "RSMP UNREADABLE";
@@ -120,15 +118,17 @@ std::string gfstrQuickReadRSMP(IffFile& iff, std::string_view content, std::size
     }
 }
 
-void gsUpdateRsmp(IffFile& iff) {
-    const std::map<MapKey, RsmpEntry*> rows = firstRows(iff);
-    for (int i = 1; i <= iff.Segments.bound(); ++i) {
-        const IffSegment& segment = iff.Segments[i];
-        const auto row = rows.find({segment.Type, segment.ID.substr(0, 2)});
-        if (row != rows.end()) {
-            row->second->EntryOffset = gfstrLongToLittleEndian(segment.Offset - 1);
+bool gsUpdateRsmp(IffFile& iff) {
+    return trapped("modIFFsupport", "gsUpdateRsmp", [&] {
+        const std::map<MapKey, RsmpEntry*> rows = firstRows(iff);
+        for (int i = 1; i <= iff.Segments.bound(); ++i) {
+            const IffSegment& segment = iff.Segments[i];
+            const auto row = rows.find({segment.Type, segment.ID.substr(0, 2)});
+            if (row != rows.end()) {
+                row->second->EntryOffset = gfstrLongToLittleEndian(segment.Offset - 1);
+            }
         }
-    }
+    });
 }
 
 }  // namespace marlowick

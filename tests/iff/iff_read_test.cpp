@@ -171,7 +171,27 @@ TEST_F(IffReadTest, MapCountsOfZeroOrBelowAreErrors) {
         streams().closeAll();
         EXPECT_FALSE(read(fileHead(64) + test::map(0, 1, mapType("TEST", count, ""))));
         EXPECT_EQ(recorder.reports().back().number, 9);
+        EXPECT_EQ(recorder.reports().back().procedure, "gsReadRSMP");
+        EXPECT_EQ(recorder.reports().back().checkpoint, 2000);
     }
+}
+
+TEST_F(IffReadTest, ABadMapIsReportedUnderItsOwnNameAndTheReadingGoesOn) {
+    const std::string behind = segment("TEST", 7, 1, "behind", "data");
+    EXPECT_FALSE(read(fileHead(64) + test::map(0, 1, mapType("TEST", 0, "")) + behind));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].module, "modIFFsupport");
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsReadRSMP");
+    ASSERT_EQ(iff.Segments.bound(), 1);
+    EXPECT_EQ(iff.Segments[1].Data, "data");
+    // The caller came to its end: the next reading isn't stopped by a slot that is still taken.
+    EXPECT_TRUE(read(fileHead(0) + behind));
+}
+
+TEST_F(IffReadTest, AFileTooLargeForItsPositionsIsNotRead) {
+    folder.write("game/large.iff", fileHead(0));
+    std::filesystem::resize_file(folder.game() / "large.iff", 1LL << 31U);
+    EXPECT_EQ(gfstrQuickReadIFF(iff, folder.path("game\\large.iff")), "Error 7 - Out of memory");
 }
 
 TEST_F(IffReadTest, AMapThatRunsOffTheEndStops) {

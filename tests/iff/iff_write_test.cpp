@@ -154,6 +154,16 @@ TEST_F(IffWriteTest, FailuresNameModuleAndProcedure) {
     EXPECT_EQ(recorder.reports()[1].procedure, "gsWriteIFF_NoBMPs");
 }
 
+TEST_F(IffWriteTest, AMapThatCantBeRenewedFailsTheWritingUnderItsOwnName) {
+    iff.HasRsmp = true;
+    iff.RsmpTypes.resize(1);
+    iff.RsmpTypes[1].Entries.append({});
+    EXPECT_FALSE(gsWriteIFF(iff, folder.path("game\\out.iff")));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].module, "modIFFsupport");
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsUpdateRsmp");
+}
+
 TEST_F(IffWriteTest, TheScratchFileReplacesAnOlderAndLongerOne) {
     folder.write("program/usertemp.iff", std::string(9999, 'x'));
     const std::string file = test::simFile(test::simRows({}));
