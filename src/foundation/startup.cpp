@@ -54,7 +54,7 @@ void installErrorWindow() {
 }
 
 void findProgramFolder() {
-    ProgramFolder = toPath(QDir(QCoreApplication::applicationDirPath()).absolutePath());
+    ProgramFolder = toPath(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
 }
 
 void startProgram() {
