@@ -251,8 +251,7 @@ void frmMain::lstUserDataDir_Click() {
     if (line.empty()) {
         return;
     }
-    ui->picSim->clear();
-    ui->txtSimName->clear();
+    clearSim();
     mstrUserDataDir = folderOfLine(line);
     mlngPage = 0;
     msGetFileNames();
@@ -424,8 +423,7 @@ void frmMain::picThumbs_MouseDown(QPoint position) {
         mlngSelected = page::cellAt(position.x(), position.y());
         const std::string file = fileInCell(mlngSelected);
         if (file.empty()) {
-            ui->txtSimName->clear();
-            ui->picSim->clear();
+            clearSim();
             return;
         }
         msDisplaySim(file);
@@ -456,6 +454,13 @@ void frmMain::Timer1_Timer() {
 }
 
 // The chosen sim.
+
+void frmMain::clearSim() {
+    ui->picSim->clear();
+    ui->picSim->setToolTip(QString());
+    ui->txtSimName->clear();
+    ui->txtSimName->setToolTip(QString());
+}
 
 void frmMain::showUnreadable(const std::string& fileName, const std::string& reason) {
     const QString name = toDisplay(fileName);

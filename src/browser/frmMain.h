@@ -64,6 +64,7 @@ class frmMain : public QMainWindow, public FormEvents {
     void msDisplaySim(const std::string& fileName);
 
     void paintCell(int cell, const std::string& fileName);
+    void clearSim();
     void showUnreadable(const std::string& fileName, const std::string& reason);
     void showPortraits();
     void showObjectName(const std::string& fileName);

@@ -400,6 +400,20 @@ TEST_F(MainTest, AClickOnAnEmptyCellMovesTheFrameAndClearsTheSim) {
     EXPECT_FALSE(framed(window, 0));
 }
 
+TEST_F(MainTest, AClearedSimLeavesNoToolTipsBehind) {
+    frmMain& window = showSims(1);
+    folder.write("game/UserData/Characters/" + fileName(2), test::fileHead(0) + "xx");
+    chooseLine(window, 0);
+    clickCell(window, 1);
+    EXPECT_EQ(find<QWidget>(window, "picSim")->toolTip(),
+              "Error 5 - Invalid procedure call or argument");
+    EXPECT_EQ(find<QWidget>(window, "txtSimName")->toolTip(),
+              "* ERROR * Can not load user00002.iff");
+    clickCell(window, 20);
+    EXPECT_EQ(find<QWidget>(window, "picSim")->toolTip(), "");
+    EXPECT_EQ(find<QWidget>(window, "txtSimName")->toolTip(), "");
+}
+
 TEST_F(MainTest, TheFrameBlinksAndIsNeverKeptInTheImage) {
     frmMain& window = showSims(2);
     const QImage before = find<PictureBox>(window, "picThumbs")->painted();
