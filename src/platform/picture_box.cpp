@@ -1,9 +1,10 @@
 #include "platform/picture_box.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyleOption>
+#include <QStyleHints>
 #include <cmath>
 
 #include "platform/files.h"
@@ -67,6 +68,7 @@ void PictureBox::clear() {
     picture_ = QImage();
     canvas_ = QPixmap();
     outlines_.clear();
+    pressed_.reset();
     update();
 }
 
@@ -153,15 +155,23 @@ void PictureBox::mousePressEvent(QMouseEvent* event) {
     if (focusPolicy() != Qt::NoFocus) {
         setFocus(Qt::MouseFocusReason);
     }
-    Q_EMIT mouseDown(event->position().toPoint());
+    pressed_ = event->position().toPoint();
+    Q_EMIT mouseDown(*pressed_);
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
     Q_EMIT mouseMoved(event->position().toPoint());
 }
 
-void PictureBox::mouseDoubleClickEvent(QMouseEvent* /*event*/) {
+void PictureBox::mouseDoubleClickEvent(QMouseEvent* event) {
     // The second press of a double click is no further mouse down: the first one has selected.
+    // Unless that one was thrown away or fell on another window.
+    const int reach = 2 * QGuiApplication::styleHints()->mouseDoubleClickDistance();
+    const QPoint position = event->position().toPoint();
+    if (!pressed_ || (position - *pressed_).manhattanLength() > reach) {
+        mousePressEvent(event);
+        return;
+    }
     Q_EMIT doubleClicked();
 }
 

@@ -9,6 +9,7 @@
 #include <QList>
 #include <QPixmap>
 #include <QRect>
+#include <optional>
 
 #include "platform/picture_target.h"
 
@@ -73,6 +74,7 @@ class PictureBox : public QFrame, public PictureTarget {
     QImage picture_;
     QPixmap canvas_;
     QList<Outline> outlines_;
+    std::optional<QPoint> pressed_;  // the last mouse down on what is shown
 };
 
 }  // namespace marlowick
