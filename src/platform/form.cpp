@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QList>
+#include <QPushButton>
 #include <QTimer>
 #include <cstdlib>
 #include <utility>
@@ -108,6 +109,13 @@ void ModalForm::keyPressEvent(QKeyEvent* event) {
         if (escapeButton_ != nullptr) {
             escapeButton_->click();
         }
+        return;
+    }
+    // A button that has the focus is the one that Enter means, before the default button.
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && button != nullptr && button->focusPolicy() == Qt::StrongFocus) {
+        button->click();
         return;
     }
     QDialog::keyPressEvent(event);

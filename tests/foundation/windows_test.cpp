@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -75,6 +76,9 @@ TEST_F(SetPathTest, AnInvalidRegistryValueIsNotTaken) {
         find<QLineEdit>(window, "txtRegistry")->setText("ERROR");
         script.answer();
         click(window, "cmdUseReg");
+        find<QLineEdit>(window, "txtRegistry")->clear();
+        script.answer();
+        click(window, "cmdUseReg");
         EXPECT_EQ(textOf(window, "txtLocation"), "");
         find<QLineEdit>(window, "txtRegistry")->setText("/the/game");
         click(window, "cmdUseReg");
@@ -82,7 +86,7 @@ TEST_F(SetPathTest, AnInvalidRegistryValueIsNotTaken) {
         click(window, "cmdCancel");
     });
     show();
-    ASSERT_EQ(script.messages().size(), 1U);
+    ASSERT_EQ(script.messages().size(), 2U);
     EXPECT_EQ(script.messages()[0].title, "Path Invalid");
     EXPECT_EQ(script.messages()[0].text, "Registry value invalid. Please find the path manually.");
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Warning);
@@ -118,6 +122,47 @@ TEST_F(SetPathTest, AFolderWithoutTheGameIsRefusedAndTheWindowStays) {
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Warning);
     EXPECT_EQ(SimsPath, before);
     EXPECT_EQ(readSetting(setting::kSimsLocation), "");
+}
+
+TEST_F(SetPathTest, EnterPressesTheButtonThatHasTheFocusOrOk) {
+    writeSetting(setting::kSimsLocation, "/some/where");
+    const Path before = SimsPath;
+    withWindow([this](QWidget& window) {
+        find<QWidget>(window, "txtLocation")->setFocus();
+        script.answer();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        EXPECT_TRUE(window.isVisible());
+        find<QWidget>(window, "cmdCancel")->setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    show();
+    EXPECT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(SimsPath, before);
+}
+
+TEST_F(SetPathTest, FindTakesTheChosenFolderAndACancelChangesNothing) {
+    folder.write("other/Sims.exe", "");
+    const QString place = toDisplay(folder.path("other")).replace('\\', '/');
+    withWindow([&](QWidget& window) {
+        script.whenShown("QFileDialog", [](QWidget& chooser) {
+            EXPECT_EQ(chooser.windowTitle(), "Select the location of The Sims.");
+            QTest::keyClick(&chooser, Qt::Key_Escape);
+        });
+        click(window, "cmdFindPath");
+        EXPECT_EQ(textOf(window, "txtLocation"), "");
+        script.whenShown("QFileDialog", [&](QWidget& chooser) {
+            auto& dialog = dynamic_cast<QFileDialog&>(chooser);
+            dialog.setDirectory(place);
+            dialog.selectFile(place);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        click(window, "cmdFindPath");
+        EXPECT_EQ(textOf(window, "txtLocation"), place);
+        click(window, "cmdOK");
+    });
+    show();
+    EXPECT_EQ(readSetting(setting::kSimsLocation), place);
 }
 
 class ErrorDialogTest : public test::WindowTest {
