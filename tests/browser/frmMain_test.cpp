@@ -201,6 +201,19 @@ TEST_F(MainTest, ALastNeighbourhoodThatHasGoneSelectsNothing) {
     EXPECT_EQ(nameIn(window, 0), "");
 }
 
+TEST_F(MainTest, AFolderWithAWordForANumberListsItsSimsAndAFileNone) {
+    test::installGame(folder);
+    makeSims("UserDataOld", 2);
+    folder.write("game/userdata.txt", "");
+    frmMain& window = show();
+    chooseLine(window, 1);
+    EXPECT_EQ(nameIn(window, 1), "Sim 2");
+    chooseLine(window, 0);
+    EXPECT_EQ(nameIn(window, 0), "");
+    EXPECT_EQ(textOf(window, "txtSimName"), "");
+    EXPECT_TRUE(script.unexpected().isEmpty());
+}
+
 TEST_F(MainTest, TheListIsReadAgainOnlyWhenNoSimsAreListed) {
     frmMain& window = showSims(1);
     makeSims("UserData2", 1);

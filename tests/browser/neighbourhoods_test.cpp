@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
+#include "support/faulty_files.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
 
@@ -77,6 +80,41 @@ TEST(NeighbourhoodsTest, TheStrictListingSortsOutWhatIsNoUserFile) {
               "Error 52 - Bad file name or number\r\n"
               "\r\n"
               "The files did not pass the data validation procedure.\r\n");
+}
+
+// A folder of more names than a 16-bit counter holds.
+class CrowdedFiles : public test::FaultyFiles {
+  public:
+    CrowdedFiles() : FaultyFiles(0, Fault::Fail) {}
+    std::vector<FolderEntry> list(const Path& /*folder*/) override {
+        std::vector<FolderEntry> entries;
+        for (int i = 0; i < 32768; ++i) {
+            entries.push_back({"UserData" + std::to_string(i), true});
+            entries.push_back({"user" + std::to_string(i) + ".iff", false});
+        }
+        return entries;
+    }
+};
+
+TEST(NeighbourhoodsTest, MoreNamesThanSixteenBitsCountOverflow) {
+    const test::TestFolder folder;
+    const CrowdedFiles crowded;
+    const auto numberOf = [](const std::function<void()>& work) {
+        try {
+            work();
+        } catch (const RuntimeError& failure) {
+            return failure.number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(numberOf([] { findUserDataDirs(); }), 6);
+    EXPECT_EQ(numberOf([] { findSimFiles("UserData"); }), 6);
+    IffFile iff;
+    List<std::string> good;
+    List<BadFile> bad;
+    bad.resize(32766);
+    EXPECT_EQ(numberOf([&] { sortOutSimFile(iff, "UserData", "user?.iff", good, bad); }), 0);
+    EXPECT_EQ(numberOf([&] { sortOutSimFile(iff, "UserData", "user?.iff", good, bad); }), 6);
 }
 
 }  // namespace

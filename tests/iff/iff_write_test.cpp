@@ -48,6 +48,13 @@ TEST_F(IffWriteTest, ZeroDigitsInTheMapsPlaceBecomeZeros) {
     EXPECT_EQ(rewritten(fileHead(0x30303030) + body), fileHead(0) + body);
 }
 
+TEST_F(IffWriteTest, ASegmentOfItsHeadAloneComesBackUnchanged) {
+    const std::string file = fileHead(0) + segment("OBJD", 1, 16, "user1", "data") +
+                             segment("TEST", 2, 1, "nothing behind", "");
+    EXPECT_TRUE(rewritten(file) == file);
+    EXPECT_EQ(iff.Segments[2].Data, "");
+}
+
 TEST_F(IffWriteTest, AStrayLastByteDisappears) {
     const std::string body = segment("TEST", 1, 1, "", "data");
     EXPECT_EQ(rewritten(fileHead(0) + body + "x"), fileHead(0) + body);

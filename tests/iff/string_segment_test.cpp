@@ -87,12 +87,18 @@ TEST_F(StringSegmentTest, ALongerTextMakesTheSizeGrow) {
     ASSERT_TRUE(
         read("\xFD\xFF\x01\x00\x01"
              "ab\0\0"s));
+    add("TEST", kId, "behind");
+    iff.Segments[2].Offset = 147;
     strings.Entries[1].Text = "abcde";
     gsWriteSTRSegment(iff, strings, kId, false);
     EXPECT_EQ(iff.Segments[1].Data,
               "\xFD\xFF\x01\x00\x01"
               "abcde\0\0"s);
     EXPECT_EQ(iff.Segments[1].Size, "\0\0\0\x58"s);  // 76 + 12
+    // The places behind it are renewed by the next writing alone.
+    EXPECT_EQ(iff.Segments[2].Offset, 147);
+    ASSERT_TRUE(gsWriteIFF(iff, folder.path("game\\out.iff")));
+    EXPECT_EQ(iff.Segments[2].Offset, 64 + 88 + 1);
 }
 
 TEST_F(StringSegmentTest, ReadsTheFirstAndWritesEveryMatchingSegment) {
