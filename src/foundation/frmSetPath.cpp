@@ -32,6 +32,8 @@ void frmSetPath::buildControls() {
 void frmSetPath::Form_Load() {
     ui->txtRegistry->setText(registeredSimsPath());
     ui->txtLocation->setText(readSetting(setting::kSimsLocation));
+    ui->txtLocation->selectAll();
+    ui->txtLocation->setFocus();
 }
 
 void frmSetPath::cmdUseReg_Click() {

@@ -71,6 +71,16 @@ TEST_F(SetPathTest, ShowsTheRegistrysAndTheStoredPath) {
     show();
 }
 
+TEST_F(SetPathTest, APathCanBeTypedAtOnce) {
+    writeSetting(setting::kSimsLocation, "ERROR");
+    withWindow([](QWidget& window) {
+        QTest::keyClicks(window.focusWidget(), "/the/game");
+        EXPECT_EQ(textOf(window, "txtLocation"), "/the/game");
+        click(window, "cmdCancel");
+    });
+    show();
+}
+
 TEST_F(SetPathTest, AnInvalidRegistryValueIsNotTaken) {
     withWindow([this](QWidget& window) {
         find<QLineEdit>(window, "txtRegistry")->setText("ERROR");
