@@ -392,10 +392,11 @@ TEST_F(SelectSkinTest, ADoubleClickSelectsAndATypedNameIsHandedBack) {
     open(kSelectSimSkin, [](QWidget& window) {
         pickModel(window, "B001FAFIT_01");
         auto* name = find<QLineEdit>(window, "txtSkinName");
+        auto* page = find<PictureBox>(window, "picThumbs");
+        QTest::mouseClick(page, Qt::LeftButton, Qt::NoModifier, {80, 10});
         name->selectAll();
         QTest::keyClicks(name, "typed");
-        QTest::mouseDClick(find<PictureBox>(window, "picThumbs"), Qt::LeftButton, Qt::NoModifier,
-                           {80, 10});
+        QTest::mouseDClick(page, Qt::LeftButton, Qt::NoModifier, {80, 10});
         EXPECT_FALSE(window.isVisible());
     });
     EXPECT_EQ(reply.SelectedSkin, "B001FAFIT_01,typed");
