@@ -306,14 +306,17 @@ void frmMain::setName(int cell, const QString& name) {
     // Long names break in two; a word that is too long even so is shortened.
     const QFontMetrics metrics(label->font());
     QStringList lines = name.split(QLatin1Char('\n'));
-    if (lines.size() == 1 && metrics.horizontalAdvance(name) > kNameSize.width()) {
+    const auto fitted = [&](const QString& line) {
+        return metrics.elidedText(line, Qt::ElideRight, kNameSize.width());
+    };
+    if (lines.size() == 1 && fitted(name) != name) {
         const qsizetype blank = name.indexOf(QLatin1Char(' '));
         if (blank > 0) {
             lines = {name.left(blank), name.mid(blank + 1)};
         }
     }
     for (QString& line : lines) {
-        line = metrics.elidedText(line, Qt::ElideRight, kNameSize.width());
+        line = fitted(line);
     }
     label->setText(lines.join(QLatin1Char('\n')));
     label->setAccessibleName(name);
