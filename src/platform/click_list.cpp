@@ -1,5 +1,6 @@
 #include "platform/click_list.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
 #include <utility>
@@ -37,6 +38,19 @@ void ClickList::mouseReleaseEvent(QMouseEvent* event) {
     if (std::exchange(pressed_, false) && !selectedItems().isEmpty()) {
         Q_EMIT lineClicked();
     }
+}
+
+// Where nothing is chosen yet, the first arrow chooses the line that the list stands on; else the
+// first line could hardly be reached, and a single line not at all.
+void ClickList::keyPressEvent(QKeyEvent* event) {
+    const bool arrow =
+        event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_Home;
+    if (arrow && selectionMode() == SingleSelection && currentItem() != nullptr &&
+        selectedItems().isEmpty()) {
+        setCurrentItem(currentItem());
+        return;
+    }
+    QListWidget::keyPressEvent(event);
 }
 
 // A list that takes the focus makes a line current without selecting it: nothing is chosen then.

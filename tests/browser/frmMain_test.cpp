@@ -201,6 +201,33 @@ TEST_F(MainTest, ALastNeighbourhoodThatHasGoneSelectsNothing) {
     EXPECT_EQ(nameIn(window, 0), "");
 }
 
+TEST_F(MainTest, TheFirstArrowChoosesTheFirstNeighbourhood) {
+    test::installGame(folder);
+    makeSims("UserData", 2);
+    frmMain& window = show();
+    auto* list = find<QListWidget>(window, "lstUserDataDir");
+    list->setFocus();
+    EXPECT_EQ(nameIn(window, 0), "");
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(nameIn(window, 1), "Sim 2");
+}
+
+// Too wide by a fraction of a pixel at one font size or another.
+TEST_F(MainTest, ANameOfTwoWordsBreaksBeforeItIsShortened) {
+    test::installGame(folder);
+    int count = 0;
+    for (const char* name : {"Felix Lindqvist", "Felix iiiqqqvist", "Felix liiqqqvist",
+                             "Ann llllqqvist", "Felix iqLindqvist", "Felix lqLindqvist"}) {
+        folder.write("game/UserData/Characters/" + fileName(++count),
+                     test::simFile(simRows({}), name));
+    }
+    frmMain& window = show();
+    chooseLine(window, 0);
+    for (int cell = 0; cell < count; ++cell) {
+        EXPECT_FALSE(nameIn(window, cell).contains(QChar(0x2026))) << cell;
+    }
+}
+
 TEST_F(MainTest, AFolderWithAWordForANumberListsItsSimsAndAFileNone) {
     test::installGame(folder);
     makeSims("UserDataOld", 2);
