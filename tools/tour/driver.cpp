@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QScreen>
@@ -14,6 +15,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/form.h"
 #include "platform/input_guard.h"
 
 namespace marlowick::tour {
@@ -26,6 +28,25 @@ constexpr int kPatienceMilliseconds = 30000;
 [[noreturn]] void giveUp(const QString& what) {
     std::fprintf(stderr, "tour: %s\n", qPrintable(what));
     std::_Exit(EXIT_FAILURE);
+}
+
+// The window in front as the screen shows it, frame and all.
+QRect frontFrame() {
+    QWidget* front = QApplication::activeModalWidget();
+    if (front == nullptr) {
+        front = frontWindow();
+    }
+    if (front == nullptr || !front->isVisible()) {
+        front = QApplication::activeWindow();
+    }
+    return front == nullptr ? QRect() : front->frameGeometry();
+}
+
+void save(const QPixmap& picture, const QString& file) {
+    // PNG's quality is its size: 0 is the smallest file.
+    if (!picture.save(file, "PNG", 0)) {
+        giveUp("can't write " + file);
+    }
 }
 
 QMessageBox* shownBox() {
@@ -46,7 +67,9 @@ QPoint rowOf(QAbstractItemView* list, const QString& text) {
 
 }  // namespace
 
-Driver::Driver(QString folder) : folder_(std::move(folder)) {}
+Driver::Driver(QString folder) : folder_(std::move(folder)) {
+    QDir(folder_).mkpath(QStringLiteral("windows"));
+}
 
 void Driver::add(const QString& name, std::function<bool()> ready, std::function<void()> action) {
     steps_.push_back({name, std::move(ready), std::move(action)});
@@ -87,9 +110,9 @@ void Driver::wait(int elapsed) {
 void Driver::takePicture(const QString& name) {
     const QString file =
         QStringLiteral("%1/%2-%3.png").arg(folder_).arg(next_ + 1, 2, 10, QChar('0')).arg(name);
-    if (!QGuiApplication::primaryScreen()->grabWindow(0).save(file)) {
-        giveUp("can't write " + file);
-    }
+    const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
+    save(screen, file);
+    save(screen.copy(frontFrame()), QStringLiteral("%1/windows/%2.png").arg(folder_, name));
     std::printf("  %s\n", qPrintable(file));
     std::fflush(stdout);
 }

@@ -1,7 +1,7 @@
 // Drives the program's own windows step by step, as a person does: each step waits
-// for what it needs to see, takes a picture of the whole screen, and clicks or
-// types on a real control. A step may open a modal window or a message box; the
-// steps behind it then run inside that window's own event loop.
+// for what it needs to see, takes pictures of the whole screen and of the window in
+// front, and clicks or types on a real control. A step may open a modal window or a message box;
+// the steps behind it then run inside that window's own event loop.
 #pragma once
 
 #include <QAbstractItemView>
@@ -20,7 +20,8 @@ struct Step {
 
 class Driver {
   public:
-    // Pictures go into folder as 01-name.png, 02-name.png ...
+    // Pictures of the screen go into folder as 01-name.png, 02-name.png ..., those of the windows
+    // alone into its folder "windows" as name.png.
     explicit Driver(QString folder);
 
     void add(const QString& name, std::function<bool()> ready, std::function<void()> action);

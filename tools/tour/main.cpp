@@ -1,12 +1,13 @@
 // tour FOLDER: walks one road through the program's own windows on the game in
 // FOLDER/game, as a person would with mouse and keyboard, leaves a picture of every
-// step in FOLDER, and says what has changed in the sim's file. It fails if the file
-// isn't what it should be. Settings and working files are its own, in FOLDER.
+// step in FOLDER, and says what has changed in the sims' files. It fails if one of
+// them isn't what it should be. Settings and working files are its own, in FOLDER.
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 #include "catalogue/thumbnail_page.h"
 #include "driver.h"
@@ -24,19 +25,41 @@ using namespace marlowick;
 using namespace marlowick::tour;
 
 // The sim that the tour dresses: a woman in clothes of her own, and her cell on the first page. The
-// dog that it dresses is on the first page of the second neighbourhood.
+// dog that it dresses is on the first page of the second neighbourhood, and a file that is no sim
+// on that of the third.
 constexpr const char* kUserFile = "/UserData/Characters/USER00035.IFF";
 constexpr int kCell = 34;
 constexpr int kDogCell = 12;
+constexpr int kChairCell = 3;
 
-// The rows that the tour changes: clothes from the second page of the busiest model, the game's own
-// swimsuit, a hand out of an archive; and every save writes the formal outfit into the row of the
-// first generation too.
-const Rows kExpectedChanges = {
-    {2, "b302fafit_busy,BODY=b302fafitlgt_busy0055"},
-    {20, "HfLP,HAND=HMAC_PACK5"},
-    {28, "f201fafit_evening,BODY=f201fafitlgt_evening"},
-    {32, "s100fafit_original,BODY=s100fafitlgt_original"},
+// What the tour changes, file by file; every other byte of these files stays.
+struct Expected {
+    const char* file;
+    const char* what;
+    Rows rows;
+};
+
+const Expected kExpected[] = {
+    // Clothes from the second page of the busiest model, the game's own swimsuit, a hand out of an
+    // archive; and every save writes the formal outfit into the row of the first generation too.
+    {kUserFile,
+     "the sim that was dressed",
+     {{2, "b302fafit_busy,BODY=b302fafitlgt_busy0055"},
+      {20, "HfLP,HAND=HMAC_PACK5"},
+      {28, "f201fafit_evening,BODY=f201fafitlgt_evening"},
+      {32, "s100fafit_original,BODY=s100fafitlgt_original"}}},
+    // Skinny sims in clothes of a fit one, and pink hands.
+    {"/UserData/Characters/user00021.iff",
+     "a skinny woman",
+     {{31, "f100faSKN_original,BODY=f100faSKNlgt_original"},
+      {33, "l100faSKN_original,BODY=l100faSKNlgt_original"}}},
+    {"/UserData/Characters/User00022.iff",
+     "a skinny man",
+     {{32, "s100maSKN_original,BODY=s100maSKNmed_original"}}},
+    {"/UserData/Characters/user00024.iff", "a man with pink hands", {{29, ""}, {30, ""}}},
+    {"/UserData/Characters/User00025.iff",
+     "a woman with pink hands",
+     {{29, "HfLO,HAND=gfao_bride"}, {30, "HfRO,HAND=gfao_bride"}}},
 };
 
 QPoint cellCentre(int cell) {
@@ -66,6 +89,8 @@ void addArchiveSteps(Driver& driver) {
 
 void addSimSteps(Driver& driver) {
     driver.add("title", whenShown("frmTitle"), clickOn("frmTitle", "cmdOK"));
+    driver.add("path-command", whenShown("frmMain"), chooseCommand("frmMain", "smenuSetPath"));
+    driver.add("set-path", whenShown("frmSetPath"), clickOn("frmSetPath", "cmdCancel"));
     driver.add("neighborhoods", whenShown("frmMain"),
                clickRow("frmMain", "lstUserDataDir", "Neighborhood 01"));
     driver.add("first-page", whenShown("frmMain"), clickOn("frmMain", "cmdNext"));
@@ -127,6 +152,30 @@ void addPetSteps(Driver& driver) {
     driver.add("pet-saved", whenAsked("Success"), answer("OK"));
 }
 
+// The whole first neighbourhood at once.
+void addToolSteps(Driver& driver) {
+    driver.add("before-the-tools", whenShown("frmMain"),
+               clickRow("frmMain", "lstUserDataDir", "Neighborhood 01"));
+    driver.add("before-export", whenShown("frmMain"), chooseCommand("frmMain", "smenuExport"));
+    driver.add("exported", whenAsked("Export Complete"), answer("OK"));
+    driver.add("before-fix", whenShown("frmMain"), chooseCommand("frmMain", "smenuFix"));
+    driver.add("fix-question", whenAsked("Confirm Action"), answer("Yes"));
+    driver.add("fixed", whenAsked("Success"), answer("OK"));
+    driver.add("before-pink-hands", whenShown("frmMain"),
+               chooseCommand("frmMain", "smenuPinkHands"));
+    driver.add("pink-hands-question", whenAsked("Confirm Action"), answer("Yes"));
+    driver.add("no-pink-hands", whenAsked("Success"), answer("OK"));
+}
+
+// A file that is no sim brings the error report; its frame lets the program go on.
+void addReportSteps(Driver& driver) {
+    driver.add("before-a-bad-file", whenShown("frmMain"),
+               clickRow("frmMain", "lstUserDataDir", "Neighborhood 03"));
+    driver.add("bad-files", whenShown("frmMain"),
+               clickAt("frmMain", "picThumbs", cellCentre(kChairCell)));
+    driver.add("error-report", whenShown("frmErrorDialog"), closeWindow("frmErrorDialog"));
+}
+
 void addEnd(Driver& driver) {
     driver.add("end", whenShown("frmMain"), closeWindow("frmMain"));
     driver.add("exit-question", whenAsked("Confirm Action"), answer("Yes"));
@@ -141,19 +190,37 @@ std::string contentOf(const QString& path) {
     return file.readAll().toStdString();
 }
 
-// True if the save has changed what it should and nothing else.
-bool agrees(const UserFileContent& before, const UserFileContent& after) {
-    const Rows changed = printChanges(before, after);
-    if (changed != kExpectedChanges) {
+using Contents = std::vector<UserFileContent>;
+
+Contents contentsOf(const QString& game) {
+    Contents contents;
+    for (const Expected& expected : kExpected) {
+        contents.push_back(takeApart(contentOf(game + expected.file)));
+    }
+    return contents;
+}
+
+// True if the tour has changed what it should in a file and nothing else.
+bool agrees(const Expected& expected, const UserFileContent& before, const UserFileContent& after) {
+    std::printf("What has changed in %s, %s:\n", expected.file, expected.what);
+    if (printChanges(before, after) != expected.rows) {
         std::puts("tour: these are not the rows that should have changed");
         return false;
     }
     if (before.rest != after.rest) {
-        std::puts("tour: the save has changed more than the wardrobe's rows");
+        std::puts("tour: more than the wardrobe's rows has changed");
         return false;
     }
     std::puts("Every other byte of the file is as it was.");
     return true;
+}
+
+bool agree(const Contents& before, const Contents& after) {
+    bool good = true;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        good = agrees(kExpected[i], before[i], after[i]) && good;
+    }
+    return good;
 }
 
 }  // namespace
@@ -172,11 +239,13 @@ int main(int argc, char** argv) {
     useSettingsFile(folder + "/settings.ini");
     writeSetting(setting::kSimsLocation, game);
 
-    const UserFileContent before = takeApart(contentOf(game + kUserFile));
+    const Contents before = contentsOf(game);
     Driver driver(folder);
     addSimSteps(driver);
     addPetSteps(driver);
     addArchiveSteps(driver);
+    addToolSteps(driver);
+    addReportSteps(driver);
     addEnd(driver);
     std::puts("The pictures of the tour:");
     driver.start();
@@ -188,6 +257,5 @@ int main(int argc, char** argv) {
         std::puts("tour: the program ended before the tour did");
         return EXIT_FAILURE;
     }
-    std::printf("What the save changed in %s:\n", qPrintable(game + kUserFile));
-    return agrees(before, takeApart(contentOf(game + kUserFile))) ? EXIT_SUCCESS : EXIT_FAILURE;
+    return agree(before, contentsOf(game)) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
