@@ -2,12 +2,14 @@
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache qt6-base-dev qt6-base-dev-tools
     fonts-dejavu-core)
+# What the Linux package needs to run.
+RUN_PACKAGES=(libqt6widgets6 fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev)
 CHECK_PACKAGES=(clang-format clang-tidy cppcheck)
 VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth openbox)
 # For the Windows program, and for running it under Wine.
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix xz-utils zip)
-WINE_PACKAGES=(wine64 fonts-wine imagemagick)
+WINE_PACKAGES=(wine64 fonts-wine imagemagick unzip xdotool)
 
 # need PACKAGE...: installs those of the packages that are missing.
 need() {
