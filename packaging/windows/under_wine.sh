@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# under_wine.sh [TOUR]: runs what check.sh has built on the display that is there: every test, the
+# tour, and the packed program itself. Pictures are left in build/tour-windows and
+# build/wine-program.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. packaging/common.sh
+wine=$PWD/packaging/windows/wine.sh
+bin=build/windows/bin
+
+# wine64 stays until the program that it was given ends, its server a little longer.
+openbox >/dev/null 2>&1 &
+manager=$!
+finish() {
+    "$wine" wineboot -k >/dev/null 2>&1 || true
+    kill "$manager" 2>/dev/null || true
+}
+trap finish EXIT
+
+echo "-- a fresh home for Wine"
+rm -rf build/wine
+"$wine" wineboot -i >/dev/null 2>&1
+
+echo "-- every test"
+ctest --test-dir build/windows -j "$(nproc)" --output-on-failure
+
+echo "-- the tour"
+rm -rf build/tour-windows
+mkdir -p build/tour-windows
+"$wine" "$bin/make_sample_game.exe" build/tour-windows/game
+"$wine" "$bin/tour.exe" build/tour-windows
+if [ $# -gt 0 ]; then
+    diff -r "$1/game" build/tour-windows/game
+    echo "The game came out as on this system, byte for byte."
+fi
+
+# picture_of TITLE NAME: waits for the window and leaves a picture of the screen.
+picture_of() {
+    if ! timeout 60 xdotool search --sync --onlyvisible --name "^$1\$" >/dev/null; then
+        echo "The window \"$1\" never came." >&2
+        import -window root build/wine-program/failure.png
+        exit 1
+    fi
+    sleep 1
+    import -window root "build/wine-program/$2.png"
+    echo "   $1"
+}
+
+echo "-- the packed program"
+rm -rf build/wine-program
+mkdir -p build/wine-program
+unzip -q "dist/Marlowick-$VERSION-windows-x64.zip" -d build/wine-program
+"$wine" "$bin/sims_location.exe" build/tour-windows/game >/dev/null
+"$wine" "build/wine-program/Marlowick-$VERSION/Marlowick.exe" &
+program=$!
+picture_of "Marlowick - Version $VERSION" title
+xdotool key Return
+picture_of "Marlowick - Version $VERSION - by Tolbert Quay" main-window
+xdotool key alt+F4
+picture_of "Confirm Action" exit-question
+xdotool key Return
+wait "$program"
+echo "It ended as it should."
