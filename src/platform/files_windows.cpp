@@ -123,6 +123,14 @@ std::wstring nativePath(const Path& path) {
     return native;
 }
 
+// With one backslash between: behind the prefix of a long path the system takes two for a name.
+std::wstring inFolder(std::wstring folder, const std::wstring& name) {
+    if (!folder.ends_with(L'\\')) {
+        folder.push_back(L'\\');
+    }
+    return folder + name;
+}
+
 // As a person writes it.
 Path programPath(std::wstring native) {
     if (native.starts_with(kLongNetworkPrefix)) {
@@ -367,7 +375,7 @@ class WindowsFileSystem : public FileSystem {
     }
 
     std::vector<FolderEntry> list(const Path& folder) override {
-        const std::wstring mask = fullPath(folder.empty() ? Path(".") : folder) + L"\\*";
+        const std::wstring mask = inFolder(fullPath(folder.empty() ? Path(".") : folder), L"*");
         WIN32_FIND_DATAW found{};
         const HANDLE search =
             ::FindFirstFileExW(mask.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch,
@@ -492,7 +500,7 @@ class WindowsFileSystem : public FileSystem {
 
     bool canWriteInto(const Path& folder) override {
         const std::wstring probe =
-            fullPath(folder) + L"\\marlowick-" + std::to_wstring(::GetCurrentProcessId());
+            inFolder(fullPath(folder), L"marlowick-" + std::to_wstring(::GetCurrentProcessId()));
         const Handle file(openHandle(probe, GENERIC_WRITE | DELETE, CREATE_NEW,
                                      FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE));
         return file.isValid();

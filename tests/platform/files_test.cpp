@@ -55,6 +55,14 @@ TEST_F(FilesTest, ListsInTheOrderOfUpperCaseLetters) {
     EXPECT_TRUE(searchFiles(folder.path("game\\missing"), "*").empty());
 }
 
+TEST_F(FilesTest, ListsAFolderWhosePathEndsInASeparator) {
+    folder.write("game/Skins/face.bmp", "");
+    EXPECT_EQ(searchFiles(folder.path("game") + "\\skins\\", "*.BMP"),
+              std::vector<std::string>{"face.bmp"});
+    EXPECT_TRUE(files().folderExists(folder.path("game") + "\\skins\\"));
+    EXPECT_TRUE(files().canWriteInto(folder.path("game") + "\\skins\\"));
+}
+
 #ifndef _WIN32
 TEST_F(FilesTest, ListsANameWithoutAGameTextWithQuestionMarks) {
     folder.write("game/user\xCE\xB1.iff", "");
