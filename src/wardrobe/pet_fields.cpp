@@ -45,7 +45,7 @@ void readPetName(const IffFile& iff, PetFields& fields) {
             name = catalogueName(segment);
         }
     }
-    fields.txtName = shownName(name, label);
+    fields.txtName = shownName(label, name);
 }
 
 void writePet(const PetFields& fields, StrSegment& strings) {

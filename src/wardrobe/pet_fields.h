@@ -20,7 +20,8 @@ struct PetFields {
 // 5 for an outfit that can't be split; what was read until then stays.
 void readPet(const StrSegment& strings, PetFields& fields);
 
-// Fills the name from the file's names; the record stays as it is.
+// Fills the name with the label of the pet's object and, in brackets, its catalogue name; the
+// record stays as it is.
 void readPetName(const IffFile& iff, PetFields& fields);
 
 // Puts the outfit into its row, in lower case. Anything behind a ";" in the row goes.

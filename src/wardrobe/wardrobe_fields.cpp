@@ -198,8 +198,8 @@ std::string objectLabel(const IffSegment& segment) {
     return label;
 }
 
-std::string shownName(std::string_view name, std::string_view label) {
-    return std::string(name) + "  (" + std::string(label) + ")";
+std::string shownName(std::string_view name, std::string_view inBrackets) {
+    return std::string(name) + "  (" + std::string(inBrackets) + ")";
 }
 
 void readWardrobe(const StrSegment& strings, WardrobeFields& fields) {

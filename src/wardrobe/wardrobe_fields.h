@@ -101,8 +101,9 @@ std::string skinOfRow(std::string_view rowText);
 // The label of an object, cut at its first zero byte and without trailing blanks.
 std::string objectLabel(const IffSegment& segment);
 
-// What txtName reads: the catalogue name and, in brackets, the label of the object.
-std::string shownName(std::string_view name, std::string_view label);
+// What txtName reads: of a sim the catalogue name and, in brackets, the label of its object; of a
+// pet the other way round.
+std::string shownName(std::string_view name, std::string_view inBrackets);
 
 // Fills outfits, hands and body type from the rows; sets CheckpointNumber from 1000 to 2000.
 // Raises 9 for a missing row and 5 for a row that can't be split; what was read until then stays.

@@ -135,7 +135,7 @@ TEST_F(EditPetTest, ShowsThePet) {
     makeSkin("b001dog_coat", 0x334455);
     open([](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), "Edit Pet");
-        EXPECT_EQ(textOf(window, "txtName"), "Rex  (user00007 - Rex)");
+        EXPECT_EQ(textOf(window, "txtName"), "user00007 - Rex  (Rex)");
         EXPECT_EQ(textOf(window, "txtType"), "Dog");
         EXPECT_EQ(textOf(window, "txtGender"), "Male");
         EXPECT_EQ(textOf(window, "txtNormalBody"), "b001dog_01");
@@ -205,6 +205,27 @@ TEST_F(EditPetTest, SpeciesAndGenderAreToldApart) {
     }
 }
 
+TEST_F(EditPetTest, TheLastLabelAndTheLastNameAreShown) {
+    const auto nameOf = [this](const std::string& segments) {
+        folder.write(kPetFile, test::fileHead(0) + segments +
+                                   segment("STR#", 200, 16, "", test::stringTable(petRows({}))));
+        QString name;
+        open([&](QWidget& window) {
+            name = textOf(window, "txtName");
+            click(window, "cmdCancel");
+        });
+        return name;
+    };
+    EXPECT_EQ(nameOf(segment("OBJD", 1, 16, "user1 - First", "x") +
+                     segment("CTSS", 2, 16, "", test::stringTable({"One"})) +
+                     segment("OBJD", 3, 16, std::string("USER2 - Last  \0rest", 19), "x") +
+                     segment("CTSS", 4, 16, "", test::stringTable({"Two", "about"})) +
+                     segment("OBJD", 5, 16, "no user", "x")),
+              "USER2 - Last  (Two)");
+    EXPECT_EQ(nameOf(segment("OBJD", 1, 16, "user1 - Rex", "x")), "user1 - Rex  ()");
+    EXPECT_EQ(nameOf(segment("CTSS", 2, 16, "", test::stringTable({"Rex"}))), "  (Rex)");
+}
+
 TEST_F(EditPetTest, APetWithoutPicturesShowsTheStock) {
     makePet({.picture = false});
     open([](QWidget& window) {
@@ -230,7 +251,7 @@ TEST_F(EditPetTest, DressesADogAndSavesItWithoutPicturesAndMap) {
     folder.write("game/GameData/Skins/B002DOG_new.cmx", "");
     makeSkin("B002dog_Spots", 0x998877);
     open([this](QWidget& window) {
-        EXPECT_EQ(textOf(window, "txtName"), "Rex  (user00007 - Rex)");
+        EXPECT_EQ(textOf(window, "txtName"), "user00007 - Rex  (Rex)");
         script.whenShown("frmSelectSkin", [](QWidget& chooser) {
             EXPECT_EQ(theWindow<frmSelectSkin>().SkinData, "Dog");
             EXPECT_EQ(theWindow<frmSelectSkin>().SelectMode, 3);
@@ -247,10 +268,10 @@ TEST_F(EditPetTest, DressesADogAndSavesItWithoutPicturesAndMap) {
     });
     ASSERT_EQ(script.messages().size(), 2U);
     EXPECT_EQ(script.messages()[0].title, "Confirm Action");
-    EXPECT_EQ(script.messages()[0].text, "Make changes to Rex  (user00007 - Rex)?\nAre You Sure?");
+    EXPECT_EQ(script.messages()[0].text, "Make changes to user00007 - Rex  (Rex)?\nAre You Sure?");
     EXPECT_EQ(script.messages()[1].title, "Success");
     EXPECT_EQ(script.messages()[1].icon, QMessageBox::Information);
-    EXPECT_EQ(script.messages()[1].text, "Rex  (user00007 - Rex) has been saved.");
+    EXPECT_EQ(script.messages()[1].text, "user00007 - Rex  (Rex) has been saved.");
     // Labels, other rows and unknown segments are as they were.
     const std::string expected =
         petFile({.outfit = "b002dog_new,BODY=b002dog_spots", .label = "user00007 - Rex   "}, true);
@@ -361,7 +382,7 @@ TEST_F(EditPetTest, TheBackupIsTheUnchangedFileUnderItsCleanedName) {
     makePet();
     wantBackups(true);
     open([this](QWidget& window) { saveAndAgree(window); });
-    EXPECT_TRUE(folder.read("program/Backup/user00007iff_Rex_UserData2_20260101_120000") ==
+    EXPECT_TRUE(folder.read("program/Backup/user00007iff_RexRex_UserData2_20260101_120000") ==
                 content);
     EXPECT_FALSE(folder.read(kPetFile) == content);
 }
@@ -450,7 +471,7 @@ TEST_F(EditPetTest, TheMainWindowOpensItForAPet) {
     main.showMain();
     clickLine(main, "lstUserDataDir", find<ClickList>(main, "lstUserDataDir")->item(0)->text());
     script.whenShown("frmEditPet", [](QWidget& window) {
-        EXPECT_EQ(textOf(window, "txtName"), "Rex  (user00007 - Rex)");
+        EXPECT_EQ(textOf(window, "txtName"), "user00007 - Rex  (Rex)");
         click(window, "cmdCancel");
     });
     click(main, "cmdSelect");
