@@ -340,6 +340,9 @@ void frmSelectSkin::paint(const Source& source) {
             paintCells(source, first, last, file);
             CheckpointNumber = 3000;
             SelectedCell = 0;
+            if (source.file) {
+                file = source.file(first);
+            }
             source.showFirst(first);
         } catch (...) {
             const RuntimeError failure = currentError();

@@ -603,7 +603,7 @@ TEST_F(SelectSkinTest, ASkinThatWentBadShowsTheThumbnailBeforeIt) {
 }
 
 TEST_F(SelectSkinTest, AFirstSkinThatWentBadIsReportedWithItsFile) {
-    makeModel("b001fafit", 1);
+    makeModel("b001fafit", 3);
     const SpoiledFile spoiled("b001fafitlgt_s001.bmp", 2);
     const test::ErrorRecorder recorder;
     open(kSelectSimSkin, [&](QWidget& window) {
