@@ -1,8 +1,15 @@
 #include "platform/messages.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <algorithm>
 
 #include "platform/form.h"
 #include "platform/input_guard.h"
@@ -36,6 +43,33 @@ QMessageBox::Icon boxIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+// A text of hundreds of lines scrolls, so that the buttons stay on the screen.
+void scrollLongText(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    const QSize room = box.screen()->availableSize() / 2;
+    if (label == nullptr || grid == nullptr || label->sizeHint().height() <= room.height()) {
+        return;
+    }
+    int row = 0;
+    int column = 0;
+    int rows = 1;
+    int columns = 1;
+    grid->getItemPosition(grid->indexOf(label), &row, &column, &rows, &columns);
+    grid->removeWidget(label);
+    auto* view = new QScrollArea(&box);
+    view->setObjectName(QStringLiteral("messageText"));
+    view->setFrameShape(QFrame::NoFrame);
+    view->setWidgetResizable(true);
+    view->setMinimumSize(
+        std::min(label->sizeHint().width() + view->style()->pixelMetric(QStyle::PM_ScrollBarExtent),
+                 room.width()),
+        room.height());
+    view->setWidget(label);
+    grid->addWidget(view, row, column, rows, columns);
+    box.defaultButton()->setFocus();
+}
+
 }  // namespace
 
 MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons buttons,
@@ -47,15 +81,16 @@ MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons 
     box.setIcon(boxIcon(icon));
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
-    if (buttons == MessageButtons::Ok) {
-        box.setStandardButtons(QMessageBox::Ok);
-        box.exec();
+    const bool asks = buttons == MessageButtons::YesNo;
+    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+    box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+    box.setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
+    scrollLongText(box);
+    const int answer = box.exec();
+    if (!asks) {
         return MessageReply::Ok;
     }
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    box.setDefaultButton(QMessageBox::Yes);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes ? MessageReply::Yes : MessageReply::No;
+    return answer == QMessageBox::Yes ? MessageReply::Yes : MessageReply::No;
 }
 
 bool confirmAction(const QString& question) {

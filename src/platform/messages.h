@@ -10,7 +10,8 @@ enum class MessageButtons { Ok, YesNo };
 enum class MessageReply { Ok, Yes, No };
 
 // Shows a box over the active window and waits for the answer. Esc and the frame count as No
-// where there is a No. The box bears the object name "messageBox".
+// where there is a No. A text that would fill the screen scrolls. The box bears the object name
+// "messageBox".
 MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons buttons,
                          const QString& text);
 

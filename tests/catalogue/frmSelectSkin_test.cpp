@@ -6,6 +6,9 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "catalogue/model_catalogue.h"
 #include "catalogue/thumbnail_page.h"
@@ -479,6 +482,40 @@ TEST_F(SelectSkinTest, ABadSkinIsToldOncePerRunOfTheBuilder) {
               "The following files could not be loaded:\r\n\r\nb001fafitlgt_bad.bmp\r\n\r\n"
               "These files may be \"fixed\" by loading them into\r\n"
               "a program like Paint Shop Pro and re-saving them.\r\n");
+}
+
+TEST_F(SelectSkinTest, HundredsOfBadSkinsScrollAndLeaveTheButtonOnTheScreen) {
+    makeModel("b001fafit", 1);
+    QString names;
+    for (int i = 1; i <= 400; ++i) {
+        const std::string name = numbered("b001fafitlgt_bad", i) + ".bmp";
+        folder.write(kSkins + name, "no picture");
+        names += QString::fromStdString(name) + "\r\n";
+    }
+    open(kSelectSimSkin, [&](QWidget& window) {
+        script.whenShown({}, [&](QWidget& message) {
+            auto& box = dynamic_cast<QMessageBox&>(message);
+            EXPECT_TRUE(box.text().contains("loaded:\r\n\r\n" + names + "\r\nThese"));
+            EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
+            auto* view = find<QScrollArea>(box, "messageText");
+            auto* bar = view->verticalScrollBar();
+            EXPECT_GT(bar->maximum(), 400 * 5);
+            EXPECT_GE(view->widget()->height(), view->widget()->sizeHint().height());
+            // With the keys the text can be read to its end.
+            QWidget* ok = box.button(QMessageBox::Ok);
+            EXPECT_EQ(box.focusWidget(), ok);
+            QTest::keyClick(ok, Qt::Key_Tab);
+            for (int page = 0; page < 100; ++page) {
+                QTest::keyClick(box.focusWidget(), Qt::Key_PageDown);
+            }
+            EXPECT_EQ(bar->value(), bar->maximum());
+            QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+            EXPECT_FALSE(box.isVisible());
+        });
+        pickModel(window, "B001FAFIT_01");
+        EXPECT_EQ(cellColour(window, 0), 0x100001U);
+        click(window, "cmdCancel");
+    });
 }
 
 TEST_F(SelectSkinTest, HandsNeedNoModelAndTheFirstIsShownButNotChosen) {
