@@ -28,6 +28,14 @@ std::string ClickList::line() const {
     return chosen.isEmpty() ? std::string() : toGameText(chosen.first()->text());
 }
 
+QItemSelectionModel::SelectionFlags ClickList::selectionCommand(const QModelIndex& index,
+                                                                const QEvent* event) const {
+    if (selectionMode() != SingleSelection) {
+        return QListWidget::selectionCommand(index, event);
+    }
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
 void ClickList::mousePressEvent(QMouseEvent* event) {
     pressed_ = true;
     QListWidget::mousePressEvent(event);

@@ -1,5 +1,6 @@
 // A list box that tells of a chosen line in one way: by mouse, keyboard or program,
-// and also when the line that is chosen already is clicked again.
+// and also when the line that is chosen already is clicked again. A choice is only
+// ever replaced: a click beside the lines, or with Ctrl, takes nothing away.
 #pragma once
 
 #include <QListWidget>
@@ -22,6 +23,8 @@ class ClickList : public QListWidget {
     void lineClicked();
 
   protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event = nullptr) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

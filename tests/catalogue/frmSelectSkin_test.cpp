@@ -423,6 +423,40 @@ TEST_F(SelectSkinTest, ArrowsMoveTheChoiceAndEnterSelectsIt) {
     EXPECT_EQ(reply.SelectedSkin, "B001FAFIT_01,b001fafitlgt_s002");
 }
 
+TEST_F(SelectSkinTest, AModelStaysChosenByClicksThatChooseNoOther) {
+    makeModel("b001fafit", 2);
+    open(kSelectSimSkin, [](QWidget& window) {
+        pickModel(window, "B001FAFIT_01");
+        auto* list = find<QListWidget>(window, "lstModels");
+        const QPoint below(20, list->viewport()->height() - 5);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, below);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          list->visualItemRect(list->item(0)).center());
+        EXPECT_EQ(list->selectedItems().size(), 1);
+        click(window, "cmdSelect");
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(reply.SelectedSkin, "B001FAFIT_01,b001fafitlgt_s001");
+}
+
+TEST_F(SelectSkinTest, TheKeysChooseTheFirstModelFirst) {
+    makeModel("b001fafit", 1);
+    makeModel("b002fafit", 1, 0x500000);
+    for (const auto key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home}) {
+        open(kSelectSimSkin, [key](QWidget& window) {
+            auto* list = find<QListWidget>(window, "lstModels");
+            list->setFocus();
+            EXPECT_TRUE(list->selectedItems().isEmpty());
+            EXPECT_EQ(textOf(window, "txtSkinName"), "");
+            QTest::keyClick(list, key);
+            EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s001");
+            QTest::keyClick(list, Qt::Key_Down);
+            EXPECT_EQ(textOf(window, "txtSkinName"), "b002fafitlgt_s001");
+            click(window, "cmdCancel");
+        });
+    }
+}
+
 TEST_F(SelectSkinTest, SelectNeedsAModelAndAName) {
     makeModel("b001fafit", 1);
     open(kSelectSimSkin, [](QWidget& window) {
