@@ -27,6 +27,7 @@ constexpr int kBlinkMilliseconds = 250;
 constexpr int kThumbSize = 64;
 constexpr std::size_t kExtension = 4;  // ".bmp"
 constexpr int kFilesBetweenRepaints = 32;
+constexpr int kBoxEdges = 12;  // what frame and margins take of a text box's width
 
 struct Caption {
     std::int32_t mode;
@@ -278,6 +279,21 @@ void frmSelectSkin::showSkinName(const std::string& fileName) {
     ui->txtSkinName->setCursorPosition(0);
 }
 
+// Ten pages and more are told in narrower letters: a number that is cut would be another one.
+void frmSelectSkin::showPageCount(int entries) {
+    const QString text =
+        QStringLiteral("Page %1 of %2").arg(PageNumber + 1).arg(page::pageCount(entries));
+    QFont letters = font();
+    const int room = ui->txtPageCount->width() - kBoxEdges;
+    const int wide = QFontMetrics(letters).horizontalAdvance(text);
+    if (wide > room) {
+        letters.setStretch(QFont::Unstretched * room / wide);
+    }
+    ui->txtPageCount->setFont(letters);
+    ui->txtPageCount->setText(text);
+    ui->txtPageCount->setToolTip(text);
+}
+
 void frmSelectSkin::chooseEntry(int entry) {
     if (FarMode) {
         const FarSkinEntry& skin = FarSkins[entry];
@@ -352,8 +368,7 @@ void frmSelectSkin::paint(const Source& source) {
             }
             throw RuntimeError(failure);
         }
-        ui->txtPageCount->setText(
-            QStringLiteral("Page %1 of %2").arg(PageNumber + 1).arg(page::pageCount(source.size)));
+        showPageCount(source.size);
         unsetCursor();
     });
 }

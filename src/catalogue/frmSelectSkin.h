@@ -74,6 +74,7 @@ class frmSelectSkin : public ModalForm {
     void paintCells(const Source& source, int first, int last, Path& file);
     void chooseEntry(int entry);
     void showSkinName(const std::string& fileName);
+    void showPageCount(int entries);
 
     void lstModels_Click();
     void optMode_Click(int index);

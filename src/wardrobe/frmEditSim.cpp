@@ -362,7 +362,7 @@ void frmEditSim::changeOutfit(const ChangeCommand& command) {
 
 void frmEditSim::defaultOutfit(const DefaultCommand& command) {
     takeFocus();
-    if (!confirmAction(QString::fromLatin1(command.prompt) + QStringLiteral("\nAre You Sure?"))) {
+    if (!confirmAction(QString::fromLatin1(command.prompt) + QStringLiteral("\r\nAre You Sure?"))) {
         return;
     }
     setDefaultOutfit(command.outfit, wardrobe_, fields_);

@@ -305,6 +305,31 @@ TEST_F(SelectSkinTest, FiftySkinsAreTwoPagesAndAModelBeginsWithItsFirst) {
     });
 }
 
+TEST_F(SelectSkinTest, APageNumberOfTwoDigitsIsToldWhole) {
+    std::vector<ArchiveEntry> entries(10 * 49, {"b001fafitlgt_a.bmp", bitmapFile(1, 1, 0x1), {}});
+    folder.write(kTextures, archiveFile(entries));
+    makeModel("b001fafit", 1);
+    open(kSelectSimSkin, [](QWidget& window) {
+        auto* box = find<QLineEdit>(window, "txtPageCount");
+        const auto expectWhole = [&](const QString& text) {
+            EXPECT_EQ(box->text(), text);
+            EXPECT_EQ(box->toolTip(), text);
+            EXPECT_LE(QFontMetrics(box->font()).horizontalAdvance(text), box->width() - 10);
+        };
+        pickModel(window, "B001FAFIT_01");
+        expectWhole("Page 1 of 1");
+        EXPECT_EQ(box->font(), window.font());
+        pickSource(window, 1);
+        for (int page = 2; page <= 10; ++page) {
+            click(window, "cmdNext");
+        }
+        expectWhole("Page 10 of 10");
+        pickSource(window, 0);
+        EXPECT_EQ(box->font(), window.font());
+        click(window, "cmdCancel");
+    });
+}
+
 TEST_F(SelectSkinTest, TheFrameBlinksAroundCellZeroFromTheStart) {
     open(kSelectSimSkin, [](QWidget& window) {
         auto* box = find<PictureBox>(window, "picThumbs");

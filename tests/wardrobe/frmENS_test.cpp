@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "catalogue/frmSelectSkin.h"
 #include "support/chooser_driver.h"
 #include "support/error_recorder.h"
 #include "wardrobe/edit_sim_test.h"
@@ -291,6 +292,27 @@ TEST_F(EnsembleWindowTest, AnAdultsEnsembleGoesOntoAChildAndBack) {
         EXPECT_EQ(textOf(window, "txtNormalBody"), "b001fcchd_own");
         // The options of the body type stay; the next request shows it.
         EXPECT_TRUE(find<QAbstractButton>(window, "optFit")->isChecked());
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(EnsembleWindowTest, ALoadLeavesTheOptionsToChangesAndItsBodyToDefaults) {
+    makeSim();
+    folder.write("program/ENS/fat.ENS", "b001fafat_new\r\n" + lines(21));
+    open([this](QWidget& window) {
+        run(window, "cmdEnsLoad", [](QWidget& ensembles) {
+            clickLine(ensembles, "flbENS", "fat.ENS");
+            click(ensembles, "cmdSaveLoad");
+        });
+        EXPECT_EQ(textOf(window, "txtNormalBody"), "b001fafat_new");
+        script.whenShown("frmSelectSkin", [](QWidget& chooser) {
+            EXPECT_EQ(theWindow<frmSelectSkin>().SkinData, "falgtfitS");
+            click(chooser, "cmdCancel");
+        });
+        click(window, "cmdChangeSwimsuit");
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdDefaultSwimsuit");
+        EXPECT_EQ(textOf(window, "txtSwimsuitBody"), "s100fafat_original");
         click(window, "cmdCancel");
     });
 }

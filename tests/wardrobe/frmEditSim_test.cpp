@@ -431,7 +431,7 @@ TEST_F(EditSimTest, DefaultCommandsAskFillAndShow) {
         });
         const test::SeenMessage& seen = script.messages().back();
         EXPECT_EQ(seen.title, "Confirm Action");
-        EXPECT_EQ(seen.text, QString::fromLatin1(c.question) + "\nAre You Sure?");
+        EXPECT_EQ(seen.text, QString::fromLatin1(c.question) + "\r\nAre You Sure?");
         EXPECT_EQ(seen.icon, QMessageBox::Question);
         EXPECT_TRUE(seen.yesNo);
     }
