@@ -3,6 +3,7 @@
 #include <string>
 
 #include "catalogue/archives.h"
+#include "catalogue/skin_folders.h"
 #include "far/far_directory.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
@@ -11,12 +12,6 @@
 
 namespace marlowick {
 namespace {
-
-constexpr std::string_view kSkinFolders[] = {
-    "\\gamedata\\skins\\",
-    "\\ExpansionPack3\\SkinsBuy\\",
-    "\\ExpansionShared\\SkinsBuy\\",
-};
 
 bool loadFromFolders(PictureTarget& picture, std::string_view name) {
     for (const std::string_view folder : kSkinFolders) {

@@ -2,6 +2,7 @@
 
 #include "catalogue/archives.h"
 #include "catalogue/names.h"
+#include "catalogue/skin_folders.h"
 #include "far/far_directory.h"
 #include "foundation/game.h"
 #include "platform/files.h"
@@ -9,10 +10,6 @@
 
 namespace marlowick {
 namespace {
-
-constexpr std::string_view kGameSkins = "\\gamedata\\skins\\";
-constexpr std::string_view kSkinFolders[] = {kGameSkins, "\\ExpansionPack3\\SkinsBuy\\",
-                                             "\\ExpansionShared\\SkinsBuy\\"};
 
 // An archive's skins belong to a model by so many leading characters.
 constexpr std::size_t kPersonTest = 12;

@@ -1,19 +1,15 @@
 #include "wardrobe/frmEditPet.h"
 
-#include "browser/frmMain.h"
 #include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
-#include "foundation/game.h"
 #include "iff/safe_rewrite.h"
 #include "platform/display_text.h"
 #include "platform/input_guard.h"
-#include "platform/messages.h"
 #include "platform/picture_box.h"
 #include "ui_frmEditPet.h"
-#include "wardrobe/stock_cards.h"
-#include "wardrobe/user_backup.h"
+#include "wardrobe/editor_parts.h"
 
 namespace marlowick {
 namespace {
@@ -80,20 +76,9 @@ bool frmEditPet::msDisplayPet() {
 }
 
 void frmEditPet::showPortraits() {
-    struct Portrait {
-        PictureBox* picture;
-        const char* file;
-        PictureBox* stock;
-    };
-    const Portrait portraits[] = {
-        {ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound},
-        {ui->picFaces, "\\faces.BMP", ui->picWebNotFound},
-        {ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps},
-    };
-    for (const Portrait& portrait : portraits) {
-        portrait.picture->setPicture(portrait.stock->picture());
-        ignoringErrors([&] { portrait.picture->load(ProgramFolder + portrait.file); });
-    }
+    showPortrait({ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound});
+    showPortrait({ui->picFaces, "\\faces.BMP", ui->picWebNotFound});
+    showPortrait({ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps});
 }
 
 void frmEditPet::showFields() {
@@ -145,29 +130,15 @@ void frmEditPet::cmdSave_Click() {
         if (fields_.txtName.empty() || !loaded_) {
             return;
         }
-        if (confirmAction(QStringLiteral("Make changes to ") + toDisplay(fields_.txtName) +
-                          QStringLiteral("?\nAre You Sure?"))) {
-            save();
+        if (!saveWanted(fields_.txtName)) {
+            return;
+        }
+        writePet(fields_, PetStrings);
+        if (saveUserFile({UserFilePath, PetFile, PetStrings, fields_.txtName,
+                          writeUserTempWithoutBitmaps})) {
+            close();
         }
     });
-}
-
-// Ends after any step that failed: the pet's file then is as it was.
-void frmEditPet::save() {
-    writePet(fields_, PetStrings);
-    CheckpointNumber = 3000;
-    if (!gsWriteSTRSegment(PetFile, PetStrings, gfstrHexToBytes(kWardrobeId), false) ||
-        !writeUserTempWithoutBitmaps(PetFile)) {
-        return;
-    }
-    if (theWindow<frmMain>().backupWanted() && !msMakeUserBackup(UserFilePath, fields_.txtName)) {
-        return;
-    }
-    CheckpointNumber = 4000;
-    replaceUserFile(UserFilePath);
-    showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
-                toDisplay(fields_.txtName) + QStringLiteral(" has been saved."));
-    close();
 }
 
 }  // namespace marlowick

@@ -38,7 +38,6 @@ class frmEditPet : public ModalForm, public ChosenSkin {
     void showFields();
     void cmdChangeNormal_Click();
     void cmdSave_Click();
-    void save();
 
     std::unique_ptr<Ui::frmEditPet> ui;
     Path UserFilePath;

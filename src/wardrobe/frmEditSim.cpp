@@ -3,8 +3,8 @@
 #include <QTabBar>
 #include <array>
 
-#include "browser/frmMain.h"
 #include "catalogue/frmSelectSkin.h"
+#include "catalogue/skin_folders.h"
 #include "catalogue/skin_image.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -15,10 +15,11 @@
 #include "platform/input_guard.h"
 #include "platform/messages.h"
 #include "platform/picture_box.h"
+#include "platform/stock_pictures.h"
 #include "ui_frmEditSim.h"
 #include "wardrobe/default_names.h"
+#include "wardrobe/editor_parts.h"
 #include "wardrobe/frmENS.h"
-#include "wardrobe/stock_cards.h"
 #include "wardrobe/user_backup.h"
 #include "wardrobe/wardrobe_rows.h"
 
@@ -31,21 +32,6 @@ constexpr int kWindowHeight = 506;
 constexpr Outfit kPictureOrder[] = {Outfit::Normal,  Outfit::Swimsuit, Outfit::Formal,
                                     Outfit::Pajamas, Outfit::Winter,   Outfit::Fashion,
                                     Outfit::Nude};
-
-constexpr unsigned kGameSkins = 1;
-constexpr unsigned kExpansion3 = 2;
-constexpr unsigned kExpansionShared = 4;
-
-struct SkinFolder {
-    unsigned bit;
-    const char* path;
-};
-
-constexpr SkinFolder kSkinFolders[] = {
-    {kGameSkins, "\\gamedata\\skins\\"},
-    {kExpansion3, "\\ExpansionPack3\\SkinsBuy\\"},
-    {kExpansionShared, "\\ExpansionShared\\SkinsBuy\\"},
-};
 
 }  // namespace
 
@@ -90,20 +76,20 @@ const frmEditSim::HandChange frmEditSim::kHandChanges[] = {
 // Default commands. Their pictures come from folders alone, never from archives.
 struct frmEditSim::DefaultCommand {
     Outfit outfit;
-    unsigned folders;
+    bool inThirdPack;  // the folder of the third expansion pack is tried too
     const char* button;
     const char* event;
     const char* prompt;
 };
 
 const frmEditSim::DefaultCommand frmEditSim::kDefaultCommands[] = {
-    {Outfit::Swimsuit, kGameSkins | kExpansion3 | kExpansionShared, "cmdDefaultSwimsuit",
-     "cmdDefaultSwimsuit_Click", "Restore swimsuit to the default?"},
-    {Outfit::Formal, kGameSkins | kExpansion3 | kExpansionShared, "cmdDefaultFormal",
-     "cmdDefaultFormal_Click", "Restore formal to the default?"},
-    {Outfit::Pajamas, kGameSkins | kExpansion3 | kExpansionShared, "cmdDefaultPajamas",
-     "cmdDefaultPajamas_Click", "Restore pajamas to the default?"},
-    {Outfit::Winter, kGameSkins | kExpansionShared, "cmdDefaultWinter", "cmdDefaultWinter_Click",
+    {Outfit::Swimsuit, true, "cmdDefaultSwimsuit", "cmdDefaultSwimsuit_Click",
+     "Restore swimsuit to the default?"},
+    {Outfit::Formal, true, "cmdDefaultFormal", "cmdDefaultFormal_Click",
+     "Restore formal to the default?"},
+    {Outfit::Pajamas, true, "cmdDefaultPajamas", "cmdDefaultPajamas_Click",
+     "Restore pajamas to the default?"},
+    {Outfit::Winter, false, "cmdDefaultWinter", "cmdDefaultWinter_Click",
      "Restore winter clothes to the default?"},
 };
 
@@ -277,21 +263,9 @@ bool frmEditSim::msDisplayUserData() {
 }
 
 void frmEditSim::showPortraits() {
-    struct Portrait {
-        PictureBox* picture;
-        const char* file;
-        PictureBox* stock;
-    };
-    const Portrait portraits[] = {
-        {ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound},
-        {ui->picFaces, "\\faces.BMP", ui->picWebNotFound},
-        {ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps},
-    };
-    for (const Portrait& portrait : portraits) {
-        if (!ignoringErrors([&] { portrait.picture->load(ProgramFolder + portrait.file); })) {
-            portrait.picture->setPicture(portrait.stock->picture());
-        }
-    }
+    showPortrait({ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound});
+    showPortrait({ui->picFaces, "\\faces.BMP", ui->picWebNotFound});
+    showPortrait({ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps});
 }
 
 void frmEditSim::showFields() {
@@ -370,10 +344,10 @@ void frmEditSim::defaultOutfit(const DefaultCommand& command) {
     const OutfitSlot& slot = outfitSlot(command.outfit);
     PictureBox& box = picture(slot.picture);
     box.setPicture(ui->picNotFound->picture());
-    for (const SkinFolder& folder : kSkinFolders) {
-        const bool tried = (command.folders & folder.bit) != 0;
+    for (const std::string_view folder : kSkinFolders) {
+        const bool tried = command.inThirdPack || folder != kExpansion3Skins;
         if (tried && ignoringErrors([&] {
-                box.load((SimsPath + folder.path).child(fields_.*slot.skin + ".bmp"));
+                box.load((SimsPath + folder).child(fields_.*slot.skin + ".bmp"));
             })) {
             return;
         }
@@ -473,30 +447,14 @@ void frmEditSim::cmdSave_Click() {
         if (fields_.txtName.empty() || !loaded_) {
             return;
         }
-        if (!confirmAction(QStringLiteral("Make changes to ") + toDisplay(fields_.txtName) +
-                           QStringLiteral("?\nAre You Sure?"))) {
+        if (!saveWanted(fields_.txtName)) {
             return;
         }
-        save();
+        writeWardrobe(fields_, wardrobe_);
+        if (saveUserFile({gstrUserFile, userFile_, wardrobe_, fields_.txtName, writeUserTemp})) {
+            close();
+        }
     });
-}
-
-// Ends after any step that failed: the sim's file then is as it was.
-void frmEditSim::save() {
-    writeWardrobe(fields_, wardrobe_);
-    CheckpointNumber = 3000;
-    if (!gsWriteSTRSegment(userFile_, wardrobe_, gfstrHexToBytes(kWardrobeId), false) ||
-        !writeUserTemp(userFile_)) {
-        return;
-    }
-    if (theWindow<frmMain>().backupWanted() && !msMakeUserBackup(gstrUserFile, fields_.txtName)) {
-        return;
-    }
-    CheckpointNumber = 4000;
-    replaceUserFile(gstrUserFile);
-    showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
-                toDisplay(fields_.txtName) + QStringLiteral(" has been saved."));
-    close();
 }
 
 }  // namespace marlowick

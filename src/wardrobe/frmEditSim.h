@@ -72,7 +72,6 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     void defaultHands(const HandPair& pair);
     void cmdNormalFormalHands_Click();
     void cmdSave_Click();
-    void save();
 
     PictureBox& picture(const char* name) const;
     void takeFocus();
