@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QPalette>
 #include <QStringList>
 #include <QStyleFactory>
 #include <algorithm>
@@ -37,6 +38,12 @@ void applyLook() {
     font.setFamily(family != kFamilies.end() ? *family : kFamilies.first());
     font.setPixelSize(kFontPixels);
     QApplication::setFont(font);
+    // A command takes the focus from its list: the chosen line must stay as plain to see as before.
+    QPalette palette = QApplication::palette();
+    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText}) {
+        palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
+    }
+    QApplication::setPalette(palette);
 }
 
 }  // namespace marlowick

@@ -3,7 +3,7 @@
 
 namespace marlowick {
 
-// Sets the application's style and its one small font. The windows' sizes are made for a font of
+// Sets the application's style, its colours and its one small font. The windows' sizes are made for a font of
 // 12 pixels, whatever the system's own is. Needs a QApplication.
 void applyLook();
 
