@@ -1,10 +1,10 @@
 #include <QFileDialog>
 
-#include "platform/folder_chooser.h"
+#include "platform/folder_chooser_system.h"
 
 namespace marlowick {
 
-QString chooseFolder(QWidget* owner, const QString& title) {
+QString systemChooseFolder(QWidget* owner, const QString& title) {
     return QFileDialog::getExistingDirectory(owner, title);
 }
 

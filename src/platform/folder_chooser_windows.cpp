@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "platform/folder_chooser.h"
+#include "platform/folder_chooser_system.h"
 #include "platform/native_window.h"
 
 namespace marlowick {
@@ -14,7 +14,7 @@ constexpr std::size_t kPathLength = 260;
 
 }  // namespace
 
-QString chooseFolder(QWidget* owner, const QString& title) {
+QString systemChooseFolder(QWidget* owner, const QString& title) {
     const std::wstring caption = title.toStdWString();
     BROWSEINFOW info{};
     info.hwndOwner = nativeWindow(owner);

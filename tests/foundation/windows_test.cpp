@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -14,6 +13,7 @@
 #include "foundation/frmTitle.h"
 #include "foundation/game.h"
 #include "platform/display_text.h"
+#include "platform/folder_chooser.h"
 #include "platform/input_guard.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
@@ -155,20 +155,17 @@ TEST_F(SetPathTest, FindTakesTheChosenFolderAndACancelChangesNothing) {
     folder.write("other/Sims.exe", "");
     const QString place = toDisplay(folder.path("other")).replace('\\', '/');
     withWindow([&](QWidget& window) {
-        script.whenShown("QFileDialog", [](QWidget& chooser) {
-            EXPECT_EQ(chooser.windowTitle(), "Select the location of The Sims.");
-            QTest::keyClick(&chooser, Qt::Key_Escape);
+        setFolderChooser([&](QWidget* owner, const QString& title) {
+            EXPECT_EQ(owner, &window);
+            EXPECT_EQ(title, "Select the location of The Sims.");
+            return QString();
         });
         click(window, "cmdFindPath");
         EXPECT_EQ(textOf(window, "txtLocation"), "");
-        script.whenShown("QFileDialog", [&](QWidget& chooser) {
-            auto& dialog = dynamic_cast<QFileDialog&>(chooser);
-            dialog.setDirectory(place);
-            dialog.selectFile(place);
-            QMetaObject::invokeMethod(&dialog, "accept");
-        });
+        setFolderChooser([&](QWidget* /*owner*/, const QString& /*title*/) { return place; });
         click(window, "cmdFindPath");
         EXPECT_EQ(textOf(window, "txtLocation"), place);
+        setFolderChooser({});
         click(window, "cmdOK");
     });
     show();
