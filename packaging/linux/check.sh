@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/../.."
 . scripts/packages.sh
 . packaging/common.sh
-need "${RUN_PACKAGES[@]}" "${VIRTUAL_DISPLAY_PACKAGES[@]}" xdotool
+need "${RUN_PACKAGES[@]}" "${VIRTUAL_DISPLAY_PACKAGES[@]}" xdotool python3
 
 packaging/linux/build.sh
 
