@@ -23,4 +23,5 @@ if [ -n "$strangers" ]; then
     exit 1
 fi
 
-exec xvfb-run -a -s "-screen 0 1280x1024x24" packaging/windows/under_wine.sh "$@"
+# Large enough for every window at twice its size.
+exec xvfb-run -a -s "-screen 0 2560x2048x24" packaging/windows/under_wine.sh "$@"

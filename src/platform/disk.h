@@ -17,8 +17,8 @@ double gfdblFreeDiskSpace(const Path& root);
 // Puts another answer in the place of the system's, for tests; an empty function is the system's.
 void setFreeDiskSpace(std::function<double(const Path&)> answer);
 
-// The root of the drive that a path lies on: its first three characters, such as "C:\", or the
-// place where the path's own file system is mounted.
+// The root of the drive that a path lies on: its first three characters, such as "C:\", with a
+// backslash however the path is written; or the place where the path's own file system is mounted.
 Path driveRoot(const Path& path);
 
 // The drive of a path as a person knows it: the path's first two characters, or the mount point.

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,10 @@ double systemFreeDiskSpace(const Path& root) {
 }
 
 Path driveRoot(const Path& path) {
-    return Path(path.text().substr(0, 3));
+    std::string root = path.text().substr(0, 3);
+    // A folder may have been typed with slashes.
+    std::replace(root.begin(), root.end(), '/', '\\');
+    return Path(root);
 }
 
 std::string driveName(const Path& path) {

@@ -17,6 +17,7 @@
 #include "platform/input_guard.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
+#include "support/faulty_files.h"
 #include "support/window_driver.h"
 
 namespace marlowick {
@@ -280,6 +281,26 @@ TEST_F(ErrorDialogTest, TellsWhereBrowserOrPageIsMissing) {
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Critical);
     EXPECT_EQ(script.messages()[1].title, "Error - Bad URL");
     EXPECT_EQ(script.messages()[1].text, "Support web page not found!");
+}
+
+// The system drive lets only an administrator make files in its root.
+TEST_F(ErrorDialogTest, AsksForNoBrowserWhereItMayNotMakeItsFile) {
+    int calls = 0;
+    setShell([&](const QString&, const QStringList&) {
+        ++calls;
+        return kShellSuccess;
+    });
+    failWith([&](QWidget& window) {
+        const test::FaultyFiles forbidden(1, test::FaultyFiles::Fault::Stop);
+        script.answer();
+        click(window, "cmdWebPage");
+        window.close();
+    });
+    EXPECT_EQ(calls, 0);
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Error - Browser Not Found");
+    EXPECT_EQ(script.messages()[0].text, "Could not find the default web browser!");
+    EXPECT_FALSE(std::filesystem::exists(browserProbeFile().toStdString()));
 }
 
 }  // namespace

@@ -43,7 +43,13 @@ TEST(DiskTest, DriveRootsAreFoldersAndTheDriveOfAFileIsAbove) {
     EXPECT_TRUE(place.starts_with(driveName(folder.path("game")))) << place;
 }
 
-#ifndef _WIN32
+#ifdef _WIN32
+TEST(DiskTest, TheDriveIsTheSameHoweverThePathIsWritten) {
+    EXPECT_EQ(driveRoot(Path("C:\\Games\\The Sims")).text(), "C:\\");
+    EXPECT_EQ(driveRoot(Path("C:/Games/The Sims")).text(), "C:\\");
+    EXPECT_EQ(driveName(Path("C:/Games/The Sims")), "C:");
+}
+#else
 TEST(DiskTest, TheRootStandsFirstAndTheMachinesInnerLifeIsLeftOut) {
     const std::vector<Path> roots = driveRoots();
     EXPECT_EQ(roots.front().text(), "\\");

@@ -15,8 +15,18 @@ namespace marlowick::test {
 namespace fs = std::filesystem;
 namespace {
 
+// Names are UTF-8 on both systems; a path made of a std::string isn't.
+fs::path fromUtf8(const std::string& text) {
+    return std::u8string(text.begin(), text.end());
+}
+
+std::string toUtf8(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 Path toProgramPath(const fs::path& path) {
-    std::string text = path.string();
+    std::string text = toUtf8(path);
     std::replace(text.begin(), text.end(), '/', '\\');
     return Path(text);
 }
@@ -37,7 +47,7 @@ TestFolder::TestFolder() : root_(freshFolder()) {
     fs::create_directories(game());
     ProgramFolder = toProgramPath(program());
     SimsPath = toProgramPath(game());
-    useSettingsFile(QString::fromStdString((root_ / "settings.ini").string()));
+    useSettingsFile(QString::fromStdString(toUtf8(root_ / "settings.ini")));
     streams().closeAll();
     CheckpointNumber = 0;
     glngErrorNumber = 0;
@@ -56,29 +66,29 @@ TestFolder::~TestFolder() {
 }
 
 Path TestFolder::path(const std::string& name) const {
-    return toProgramPath(root_ / name);
+    return toProgramPath(root_ / fromUtf8(name));
 }
 
 void TestFolder::write(const std::string& name, std::string_view content) const {
-    const fs::path path = root_ / name;
+    const fs::path path = root_ / fromUtf8(name);
     fs::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary | std::ios::trunc)
         .write(content.data(), static_cast<std::streamsize>(content.size()));
 }
 
 std::string TestFolder::read(const std::string& name) const {
-    std::ifstream file(root_ / name, std::ios::binary);
+    std::ifstream file(root_ / fromUtf8(name), std::ios::binary);
     std::ostringstream content;
     content << file.rdbuf();
     return content.str();
 }
 
 bool TestFolder::exists(const std::string& name) const {
-    return fs::exists(root_ / name);
+    return fs::exists(root_ / fromUtf8(name));
 }
 
 void TestFolder::makeReadOnly(const std::string& name) const {
-    fs::permissions(root_ / name,
+    fs::permissions(root_ / fromUtf8(name),
                     fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
                     fs::perm_options::remove);
 }

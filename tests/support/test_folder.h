@@ -21,10 +21,10 @@ class TestFolder {
     std::filesystem::path root() const { return root_; }
     std::filesystem::path game() const { return root_ / "game"; }
     std::filesystem::path program() const { return root_ / "program"; }
-    // A path for the program under test; name with forward slashes.
+    // A path for the program under test; name in UTF-8, with forward slashes.
     Path path(const std::string& name) const;
 
-    // Under root(), with forward slashes; makes the folders above the file.
+    // Under root(), in UTF-8 with forward slashes; makes the folders above the file.
     void write(const std::string& name, std::string_view content) const;
     std::string read(const std::string& name) const;
     bool exists(const std::string& name) const;
