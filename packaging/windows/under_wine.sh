@@ -8,11 +8,14 @@ cd "$(dirname "$0")/../.."
 wine=$PWD/packaging/windows/wine.sh
 bin=build/windows/bin
 
-# wine64 stays until the program that it was given ends, its server a little longer.
 openbox >/dev/null 2>&1 &
 manager=$!
+# The server outlives the last program, and with it Wine's desktop on the display.
 finish() {
     "$wine" wineboot -k >/dev/null 2>&1 || true
+    local server
+    server=$(command -v wineserver || echo /usr/lib/wine/wineserver)
+    WINEPREFIX=$PWD/build/wine timeout 20 "$server" -w || true
     kill "$manager" 2>/dev/null || true
 }
 trap finish EXIT

@@ -12,6 +12,7 @@
 #include "foundation/error_trap.h"
 #include "platform/display_text.h"
 #include "platform/input_guard.h"
+#include "platform/look.h"
 #include "platform/messages.h"
 #include "platform/picture_box.h"
 #include "ui_frmSelectSkin.h"
@@ -43,6 +44,8 @@ constexpr Caption kCaptions[] = {
 // Round marks that fit into the low option buttons.
 class SmallMarks : public QProxyStyle {
   public:
+    using QProxyStyle::QProxyStyle;
+
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override {
         switch (metric) {
@@ -105,7 +108,7 @@ void frmSelectSkin::buildControls() {
 
 void frmSelectSkin::connectControls() {
     const std::array<QRadioButton*, 2> sources = {ui->optMode0, ui->optMode1};
-    auto* style = new SmallMarks;
+    auto* style = new SmallMarks(styleKey());
     style->setParent(ui->lblBody);
     for (int index = 0; index < 2; ++index) {
         QRadioButton* source = sources.at(static_cast<std::size_t>(index));

@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
-#include <QPalette>
+#include <QProxyStyle>
 #include <QStringList>
-#include <QStyleFactory>
+#include <QStyleOption>
 #include <algorithm>
 
 namespace marlowick {
@@ -14,8 +14,9 @@ namespace {
 constexpr int kFontPixels = 12;
 
 #ifdef _WIN32
-// The native style is Qt's own choice. Wine has the name of the system's font, but not the font:
-// what it takes instead may be one with serifs.
+constexpr const char* kStyle = "windowsvista";
+// Wine has the name of the system's font, but not the font: what it takes instead may be one with
+// serifs.
 const QStringList kFamilies = {QStringLiteral("Segoe UI"), QStringLiteral("Tahoma"),
                                QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
                                QStringLiteral("Arial")};
@@ -25,12 +26,32 @@ constexpr const char* kStyle = "Fusion";
 const QStringList kFamilies = {QStringLiteral("DejaVu Sans")};
 #endif
 
+// A command takes the focus from its list: the chosen line stays as plain to see as before.
+class PlainSelection : public QProxyStyle {
+  public:
+    using QProxyStyle::QProxyStyle;
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        const auto* line = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+        if (element != CE_ItemViewItem || line == nullptr) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionViewItem active = *line;
+        active.state |= State_Active;
+        QProxyStyle::drawControl(element, &active, painter, widget);
+    }
+};
+
 }  // namespace
 
+QString styleKey() {
+    return QString::fromLatin1(kStyle);
+}
+
 void applyLook() {
-#ifndef _WIN32
-    QApplication::setStyle(QStyleFactory::create(QString::fromLatin1(kStyle)));
-#endif
+    QApplication::setStyle(new PlainSelection(styleKey()));
     QFont font = QApplication::font();
     const auto family = std::find_if(kFamilies.begin(), kFamilies.end(), [](const QString& name) {
         return QFontDatabase::hasFamily(name);
@@ -38,12 +59,6 @@ void applyLook() {
     font.setFamily(family != kFamilies.end() ? *family : kFamilies.first());
     font.setPixelSize(kFontPixels);
     QApplication::setFont(font);
-    // A command takes the focus from its list: the chosen line must stay as plain to see as before.
-    QPalette palette = QApplication::palette();
-    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText}) {
-        palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
-    }
-    QApplication::setPalette(palette);
 }
 
 }  // namespace marlowick
