@@ -75,10 +75,6 @@ void widenRows(QListWidget* list) {
     list->item(0)->setSizeHint({width + 12, metrics.height() + 2});
 }
 
-void showTipOf(QListWidgetItem* item) {
-    item->setToolTip(toToolTip(item->text()));
-}
-
 }  // namespace
 
 frmManageFARs::frmManageFARs()
@@ -122,8 +118,6 @@ void frmManageFARs::connectControls() {
     connect(ui->txtFind, &QLineEdit::returnPressed, ui->cmdFind, &QAbstractButton::click);
     connect(ui->lstFiles, &ClickList::lineClicked, this, &frmManageFARs::lstFiles_Click);
     connect(ui->lstBMPs, &ClickList::lineClicked, this, &frmManageFARs::lstBMPs_Click);
-    connect(ui->lstFiles, &QListWidget::itemEntered, this, showTipOf);
-    connect(ui->lstBMPs, &QListWidget::itemEntered, this, showTipOf);
     connect(ui->drvFiles, &QComboBox::activated, this, [this](int index) {
         runEvent("frmManageFARs", "drvFiles_Change", [&] { drvFiles_Change(index); });
     });

@@ -9,17 +9,24 @@
 #include "platform/game_text.h"
 
 namespace marlowick {
+namespace {
+
+// A line whose tool tip tells it whole, also after its text has changed.
+class Line : public QListWidgetItem {
+  public:
+    using QListWidgetItem::QListWidgetItem;
+
+    QVariant data(int role) const override {
+        return role == Qt::ToolTipRole ? toToolTip(text()) : QListWidgetItem::data(role);
+    }
+};
+
+}  // namespace
 
 void ClickList::setLines(const std::vector<std::string>& gameTexts) {
     clear();
-    QStringList lines;
-    lines.reserve(static_cast<qsizetype>(gameTexts.size()));
     for (const std::string& text : gameTexts) {
-        lines.append(toDisplay(text));
-    }
-    addItems(lines);
-    for (int row = 0; row < count(); ++row) {
-        item(row)->setToolTip(toToolTip(lines.at(row)));
+        addItem(new Line(toDisplay(text)));
     }
 }
 

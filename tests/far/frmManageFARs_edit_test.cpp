@@ -169,6 +169,7 @@ TEST_F(ManageFARsTest, MarkedRowsAndFoldersAreNoDuplicates) {
         EXPECT_EQ(rows(window),
                   (QStringList{"[DEL]  red.bmp", "Skins\\Green.BMP", "[NEW]  Green.BMP",
                                "[NEW]  red.bmp", "[NEW]  Green.BMP", "[NEW]  red.bmp"}));
+        EXPECT_EQ(find<QListWidget>(window, "lstFiles")->item(0)->toolTip(), "[DEL]  red.bmp");
     });
     EXPECT_TRUE(script.messages().empty());
 }
