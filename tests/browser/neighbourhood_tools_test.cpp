@@ -59,12 +59,7 @@ class ToolsTest : public ::testing::Test {
 
     // What a tool raises; 0 for nothing.
     int raisedBy(Tool tool) {
-        try {
-            tool(walk());
-            return 0;
-        } catch (const RuntimeError& failure) {
-            return failure.number();
-        }
+        return test::errorOf([&] { tool(walk()); });
     }
 
     int raisedByExport() {

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
+#include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
@@ -99,22 +98,14 @@ class CrowdedFiles : public test::FaultyFiles {
 TEST(NeighbourhoodsTest, MoreNamesThanSixteenBitsCountOverflow) {
     const test::TestFolder folder;
     const CrowdedFiles crowded;
-    const auto numberOf = [](const std::function<void()>& work) {
-        try {
-            work();
-        } catch (const RuntimeError& failure) {
-            return failure.number();
-        }
-        return 0;
-    };
-    EXPECT_EQ(numberOf([] { findUserDataDirs(); }), 6);
-    EXPECT_EQ(numberOf([] { findSimFiles("UserData"); }), 6);
+    EXPECT_EQ(test::errorOf([] { findUserDataDirs(); }), 6);
+    EXPECT_EQ(test::errorOf([] { findSimFiles("UserData"); }), 6);
     IffFile iff;
     List<std::string> good;
     List<BadFile> bad;
     bad.resize(32766);
-    EXPECT_EQ(numberOf([&] { sortOutSimFile(iff, "UserData", "user?.iff", good, bad); }), 0);
-    EXPECT_EQ(numberOf([&] { sortOutSimFile(iff, "UserData", "user?.iff", good, bad); }), 6);
+    EXPECT_EQ(test::errorOf([&] { sortOutSimFile(iff, "UserData", "user?.iff", good, bad); }), 0);
+    EXPECT_EQ(test::errorOf([&] { sortOutSimFile(iff, "UserData", "user?.iff", good, bad); }), 6);
 }
 
 }  // namespace

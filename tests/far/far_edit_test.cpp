@@ -2,13 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/runtime_error.h"
+#include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
 
 namespace marlowick {
 namespace {
 
+using test::errorOf;
 using test::little32;
 
 class FarEditTest : public ::testing::Test {
@@ -48,15 +49,6 @@ class FarEditTest : public ::testing::Test {
 
 using Texts = std::vector<std::string>;
 using Numbers = std::vector<int>;
-
-int errorOf(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST_F(FarEditTest, ListsEntriesWithTheirNumbersAndNewFilesWithNegativeOnes) {
     open({"Skins\\a.bmp", "b.bmp"});

@@ -2,21 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/runtime_error.h"
+#include "support/error_recorder.h"
 
 namespace marlowick {
 namespace {
 
 using std::string_literals::operator""s;
-
-int errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-    return 0;
-}
+using test::errorOf;
 
 TEST(BytesTest, ReadsNumbersInBothOrders) {
     EXPECT_EQ(gflngBigEndianToLong("\x00\x00\x00\x4C"s), 76);

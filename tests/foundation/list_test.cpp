@@ -4,17 +4,12 @@
 
 #include <string>
 
+#include "support/error_recorder.h"
+
 namespace marlowick {
 namespace {
 
-int errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-    return 0;
-}
+using test::errorOf;
 
 TEST(ListTest, BeginsWithItsEmptyElementZero) {
     const List<std::string> list;

@@ -85,12 +85,7 @@ class HeadFilesTest : public ::testing::Test {
     std::string findMesh(std::string name = "head") const { return gfstrFindMeshFile(name).text(); }
     std::string findSkin(std::string name = "face") const { return gfstrFindSkinFile(name).text(); }
     int failureOfMesh(const std::string& name = "head") const {
-        try {
-            findMesh(name);
-        } catch (const RuntimeError& failure) {
-            return failure.number();
-        }
-        return 0;
+        return test::errorOf([&] { findMesh(name); });
     }
 
     std::string sknTemp() const { return ProgramFolder.text() + "\\temp\\skntemp.skn"; }
@@ -411,12 +406,7 @@ TEST_F(HeadFilesTest, WithoutAHeadTheBodyIsTaken) {
 
 TEST_F(HeadFilesTest, ATableWithoutTheRowsIsAFailure) {
     const auto failureOf = [](const StrSegment& strings) {
-        try {
-            findHeadFiles(strings);
-        } catch (const RuntimeError& failure) {
-            return failure.number();
-        }
-        return 0;
+        return test::errorOf([&] { findHeadFiles(strings); });
     };
     EXPECT_EQ(failureOf(wardrobe({})), 9);
     EXPECT_EQ(failureOf(wardrobe({"adult", "body,BODY=skin"})), 9);

@@ -3,24 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "mesh_files.h"
-#include "platform/runtime_error.h"
 #include "platform/streams.h"
+#include "support/error_recorder.h"
 #include "support/test_folder.h"
 
 namespace marlowick {
 namespace {
 
 using test::counted;
+using test::errorOf;
 using test::integers;
-
-int failureOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 class SuitTest : public ::testing::Test {
   protected:
@@ -70,25 +62,22 @@ TEST_F(SuitTest, ARecordIsFilledAnew) {
 }
 
 TEST_F(SuitTest, ASuitWithoutRowsIsAnIndexError) {
-    EXPECT_EQ(failureOf([&] { read(test::suitFile("bare", {})); }), 9);
+    EXPECT_EQ(errorOf([&] { read(test::suitFile("bare", {})); }), 9);
     streams().closeAll();
-    EXPECT_EQ(failureOf([&] {
-                  read(integers({0, 0}) + counted("x") + integers({0, 0, -1, 0}));
-              }),
-              9);
+    EXPECT_EQ(errorOf([&] { read(integers({0, 0}) + counted("x") + integers({0, 0, -1, 0})); }), 9);
 }
 
 TEST_F(SuitTest, ASuitThatEndsTooEarlyFailsAndStaysOpen) {
     const std::string whole = test::suitFile("suit", {{"HEAD", "mesh"}});
     for (std::size_t size = 0; size < whole.size(); ++size) {
         streams().closeAll();
-        EXPECT_EQ(failureOf([&] { read(whole.substr(0, size)); }), 62) << size;
+        EXPECT_EQ(errorOf([&] { read(whole.substr(0, size)); }), 62) << size;
         EXPECT_TRUE(streams().isOpen(1)) << size;
     }
 }
 
 TEST_F(SuitTest, ACountThatNoFileCouldHoldAsksForNoMemory) {
-    EXPECT_EQ(failureOf([&] {
+    EXPECT_EQ(errorOf([&] {
                   read(integers({0, 0}) + counted("x") + integers({0, 0, 0x7FFFFFFF}) +
                        counted("HEAD") + counted("m") + integers({0, 0}));
               }),
@@ -117,7 +106,7 @@ TEST_F(SuitTest, AnotherStreamThanTheFirstDoesNoHarm) {
 }
 
 TEST_F(SuitTest, AMissingSuitIsNotMade) {
-    EXPECT_EQ(failureOf([&] { gsReadSuitBCF(folder.path("none.bcf"), suit); }), 53);
+    EXPECT_EQ(errorOf([&] { gsReadSuitBCF(folder.path("none.bcf"), suit); }), 53);
     EXPECT_FALSE(folder.exists("none.bcf"));
     EXPECT_EQ(streams().freeSlot(), 1);
 }
@@ -136,7 +125,7 @@ TEST_F(SuitTest, ATextFormWithoutAHeadFailsAtItsEnd) {
     for (const char* content :
          {"", "PELVIS\r\nmesh\r\n", "mesh\r\nHEAD", "HEAD\r\n", "head\r\nm"}) {
         streams().closeAll();
-        EXPECT_EQ(failureOf([&] { headOf(content); }), 62) << content;
+        EXPECT_EQ(errorOf([&] { headOf(content); }), 62) << content;
         EXPECT_TRUE(streams().isOpen(1));
     }
 }

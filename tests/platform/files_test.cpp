@@ -2,25 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "platform/runtime_error.h"
+#include "support/error_recorder.h"
 #include "support/test_folder.h"
 
 namespace marlowick {
 namespace {
 
+using test::errorOf;
+
 class FilesTest : public ::testing::Test {
   protected:
-    static int errorOf(const std::function<void()>& body) {
-        try {
-            body();
-        } catch (const RuntimeError& failure) {
-            return failure.number();
-        }
-        return 0;
-    }
-
     test::TestFolder folder;
 };
 

@@ -3,25 +3,16 @@
 // After windows.h.
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "platform/files.h"
 #include "platform/replace_file.h"
-#include "platform/runtime_error.h"
 #include "platform/windows_text.h"
+#include "support/error_recorder.h"
 #include "support/test_folder.h"
 
 namespace marlowick {
 namespace {
 
-int errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-    return 0;
-}
+using test::errorOf;
 
 // Another program that has a file open, and lets others do with it only what sharing says.
 class OtherProgram {

@@ -2,6 +2,7 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/startup.h"
+#include "platform/runtime_error.h"
 
 namespace marlowick::test {
 
@@ -13,6 +14,15 @@ ErrorRecorder::ErrorRecorder() {
 
 ErrorRecorder::~ErrorRecorder() {
     installErrorWindow();
+}
+
+int errorOf(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const RuntimeError& failure) {
+        return failure.number();
+    }
+    return 0;
 }
 
 }  // namespace marlowick::test

@@ -2,6 +2,7 @@
 // frame, so that the failed routine's caller goes on.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,5 +28,8 @@ class ErrorRecorder {
   private:
     std::vector<Report> reports_;
 };
+
+// The number of the RuntimeError that body raises; 0 if it raises none.
+int errorOf(const std::function<void()>& body);
 
 }  // namespace marlowick::test

@@ -4,6 +4,7 @@
 
 #include "foundation/error_trap.h"
 #include "platform/runtime_error.h"
+#include "support/error_recorder.h"
 #include "support/user_file_builder.h"
 
 namespace marlowick {
@@ -29,12 +30,7 @@ WardrobeFields fieldsOf(const std::vector<std::string>& rows) {
 }
 
 int errorOf(const std::vector<std::string>& rows) {
-    try {
-        fieldsOf(rows);
-    } catch (const RuntimeError& failure) {
-        return failure.number();
-    }
-    return 0;
+    return test::errorOf([&] { fieldsOf(rows); });
 }
 
 TEST(WardrobeFieldsTest, SplitsARowAtCommaAndEquals) {
