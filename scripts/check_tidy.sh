@@ -3,7 +3,8 @@
 # BUILD compiles.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-for file in $(git ls-files 'src/*.cpp' 'tools/*.cpp' 'bench/*.cpp'); do
+files=$(git ls-files 'src/*.cpp' 'tools/*.cpp' 'bench/*.cpp')
+for file in $files; do
     if grep -qF "/$file\"" "$1/compile_commands.json"; then
         echo "$file"
     fi

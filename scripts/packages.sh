@@ -5,7 +5,7 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache qt6-base-dev qt6-base-d
 # What the Linux package needs to run.
 RUN_PACKAGES=(libqt6widgets6 fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev)
-CHECK_PACKAGES=(clang-format clang-tidy cppcheck)
+CHECK_PACKAGES=(git clang-format clang-tidy cppcheck)
 VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth openbox)
 # For the Windows program, and for running it under Wine.
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix xz-utils zip)

@@ -15,9 +15,10 @@ cmake --build --preset windows
 packaging/windows/build.sh
 
 # Everything else that the program loads has to be part of Windows 10.
-strangers=$(x86_64-w64-mingw32-objdump -p build/package-windows/*/Marlowick.exe |
-    sed -n 's/.*DLL Name: //p' | tr '[:upper:]' '[:lower:]' |
-    grep -vxFf packaging/windows/system_libraries.txt || true)
+libraries=$(x86_64-w64-mingw32-objdump -p build/package-windows/*/Marlowick.exe |
+    sed -n 's/.*DLL Name: //p' | tr '[:upper:]' '[:lower:]')
+grep -qx kernel32.dll <<<"$libraries"
+strangers=$(grep -vxFf packaging/windows/system_libraries.txt <<<"$libraries" || true)
 if [ -n "$strangers" ]; then
     echo "Marlowick.exe needs what Windows doesn't have: $strangers" >&2
     exit 1

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # qt.sh: puts a static Qt for Windows into build/qt-windows/qt, unless it is there. A ready-made one
 # beside the project's folder is taken if there is one; else Qt is built from the system's own
-# source package, which takes about ten minutes. MARLOWICK_QT_FROM_SOURCE=1 builds it in any case.
+# source package, which takes ten to twenty minutes. MARLOWICK_QT_FROM_SOURCE=1 builds it in any case.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 root=$PWD
@@ -67,11 +67,15 @@ build() {
         -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF "${features[@]}"
     cmake --build "$folder/build"
     cmake --install "$folder/build" >/dev/null
+    touch "$folder/installed/built-from-source"
     settle "$folder/installed" "built from source"
     rm -rf "$folder/build" "$folder/source" "$folder/apt"
 }
 
-[ -e "$folder/qt/lib/libQt6Widgets.a" ] && exit 0
+if [ -e "$folder/qt/lib/libQt6Widgets.a" ] &&
+    { [ -z "${MARLOWICK_QT_FROM_SOURCE:-}" ] || [ -e "$folder/qt/built-from-source" ]; }; then
+    exit 0
+fi
 mkdir -p "$folder"
 rm -rf "$folder/qt"
 if [ -e "$ready" ] && [ -z "${MARLOWICK_QT_FROM_SOURCE:-}" ]; then

@@ -2,7 +2,7 @@
 # wine.sh PROGRAM [ARGUMENT...]: runs a Windows program under Wine, in a prefix of the build folder.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
-export WINEPREFIX="${WINEPREFIX:-$root/build/wine}"
+export WINEPREFIX=$root/build/wine
 # Neither messages of Wine's own nor offers to download what it lacks.
 export WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe="
 mkdir -p "$WINEPREFIX"

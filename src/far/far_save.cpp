@@ -130,13 +130,6 @@ void writeArchive(const FarEdit& edit, const Path& temporary, const FarSaveProgr
     streams().close(slot::kArchiveOutput);
 }
 
-void clearAndRemove(const Path& temporary) {
-    if (files().fileExists(temporary)) {
-        files().clearAttributes(temporary);
-        files().remove(temporary);
-    }
-}
-
 }  // namespace
 
 Path newArchivePath(std::string_view name) {

@@ -16,10 +16,7 @@ void dumpBitmaps(const IffFile& iff) {
         }
         const std::string name = gfstrCleanName(gfstrTrimAtNull(segment.Label)) + ".BMP";
         const Path path = ProgramFolder.child(name);
-        if (files().fileExists(path)) {
-            files().clearAttributes(path);
-            files().remove(path);
-        }
+        clearAndRemove(path);
         writeWholeFile(path, segment.Data);
     }
 }

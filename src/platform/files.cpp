@@ -70,4 +70,11 @@ void removeIfPresent(const Path& path) {
     }
 }
 
+void clearAndRemove(const Path& path) {
+    if (files().fileExists(path)) {
+        files().clearAttributes(path);
+        files().remove(path);
+    }
+}
+
 }  // namespace marlowick

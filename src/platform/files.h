@@ -73,8 +73,8 @@ class FileSystem {
     virtual void copyAttributes(const Path& source, const Path& target) = 0;
     // The path with links followed, so that a linked file is replaced where it lies.
     virtual Path followLinks(const Path& path) = 0;
-    // Gives source the name of target in one step, replacing what stands there. Both lie in one
-    // folder. The name is on the disk itself when the call returns.
+    // Gives source the name of target in one step, replacing what stands there, also if that is
+    // read-only. Both lie in one folder. The name is on the disk itself when the call returns.
     virtual void rename(const Path& source, const Path& target) = 0;
     // True if a file can be made in the folder.
     virtual bool canWriteInto(const Path& folder) = 0;
@@ -100,5 +100,8 @@ void writeWholeFile(const Path& path, std::string_view content);
 void copyFile(const Path& source, const Path& target);
 // Deletes the file if it stands there.
 void removeIfPresent(const Path& path);
+
+// The same, also if the file is read-only.
+void clearAndRemove(const Path& path);
 
 }  // namespace marlowick

@@ -19,11 +19,6 @@
 namespace marlowick {
 namespace {
 
-constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
-constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
-constexpr std::wstring_view kNetworkPrefix = L"\\\\";
-constexpr std::wstring_view kLongNetworkPrefix = L"\\\\?\\UNC\\";
-
 constexpr std::size_t kLongestPath = 32767;
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -84,12 +79,16 @@ int numberOfSystemError(DWORD code) {
     throw RuntimeError(numberOfSystemError(code));
 }
 
-// The path as the system wants it: absolute, and without the limit of 260 characters. Empty for a
-// path that leads to a device or that the system can't read.
+// The path as the system wants it (longForm). Empty for a path that leads to a device or that the
+// system can't read.
 std::wstring fullPath(const Path& path) {
-    const std::wstring wide = wideText(path.text());
+    std::wstring wide = wideText(path.text());
     if (wide.find(L'\0') != std::wstring::npos) {
         return {};
+    }
+    // Not the folder that the drive stands on.
+    if (wide.size() == 2 && wide[1] == L':') {
+        wide.push_back(L'\\');
     }
     std::wstring full(wide.size() + MAX_PATH, L'\0');
     DWORD length = 0;
@@ -102,16 +101,7 @@ std::wstring fullPath(const Path& path) {
         full.resize(length);
     }
     full.resize(length);
-    if (full.empty() || full.starts_with(kDevicePrefix)) {
-        return {};
-    }
-    if (full.starts_with(kLongPrefix)) {
-        return full;
-    }
-    if (full.starts_with(kNetworkPrefix)) {
-        return std::wstring(kLongNetworkPrefix) + full.substr(kNetworkPrefix.size());
-    }
-    return std::wstring(kLongPrefix) + full;
+    return longForm(full);
 }
 
 // The same for a path that is going to be opened or changed; 52 where there is none.
@@ -129,16 +119,6 @@ std::wstring inFolder(std::wstring folder, const std::wstring& name) {
         folder.push_back(L'\\');
     }
     return folder + name;
-}
-
-// As a person writes it.
-Path programPath(std::wstring native) {
-    if (native.starts_with(kLongNetworkPrefix)) {
-        native.replace(0, kLongNetworkPrefix.size(), kNetworkPrefix);
-    } else if (native.starts_with(kLongPrefix)) {
-        native.erase(0, kLongPrefix.size());
-    }
-    return Path(utf8Text(native));
 }
 
 // Closes what it holds. Empty if the system gave no handle.
@@ -161,8 +141,8 @@ class Handle {
 };
 
 HANDLE openHandle(const std::wstring& native, DWORD access, DWORD disposition,
-                  DWORD flags = FILE_ATTRIBUTE_NORMAL) {
-    return ::CreateFileW(native.c_str(), access, kShareAll, nullptr, disposition, flags, nullptr);
+                  DWORD flags = FILE_ATTRIBUTE_NORMAL, DWORD sharing = kShareAll) {
+    return ::CreateFileW(native.c_str(), access, sharing, nullptr, disposition, flags, nullptr);
 }
 
 struct Status {
@@ -197,10 +177,11 @@ Status statusOf(const std::wstring& native) {
             joined(information.nFileSizeHigh, information.nFileSizeLow)};
 }
 
-// True if another program has the file open in a way that keeps it from being replaced. The system
-// answers a replacement of such a file with "access denied", as it does for a lack of rights.
+// True if another program has the file open, which keeps it from being replaced however much that
+// program shares. The system answers a replacement of such a file with "access denied", as it does
+// for a lack of rights.
 bool isHeldByAnother(const std::wstring& native) {
-    const Handle probe(openHandle(native, DELETE, OPEN_EXISTING));
+    const Handle probe(openHandle(native, DELETE, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, 0));
     return !probe.isValid() && ::GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
@@ -339,6 +320,36 @@ void copyRights(std::wstring source, std::wstring target) {
     ::LocalFree(descriptor);
 }
 
+// A file that bears the read-only mark can't be replaced: for the time of a replacement it bears
+// none. It gets its marks back unless it was replaced.
+class MarksAside {
+  public:
+    explicit MarksAside(const std::wstring& native)
+        : native_(native), marks_(::GetFileAttributesW(native.c_str())) {
+        if (isMarked() && ::SetFileAttributesW(native.c_str(), FILE_ATTRIBUTE_NORMAL) == 0) {
+            fail(::GetLastError());
+        }
+    }
+    ~MarksAside() {
+        if (isMarked() && !replaced_) {
+            ::SetFileAttributesW(native_.c_str(), marks_);
+        }
+    }
+    MarksAside(const MarksAside&) = delete;
+    MarksAside& operator=(const MarksAside&) = delete;
+
+    void setReplaced() { replaced_ = true; }
+
+  private:
+    bool isMarked() const {
+        return marks_ != INVALID_FILE_ATTRIBUTES && (marks_ & FILE_ATTRIBUTE_READONLY) != 0;
+    }
+
+    const std::wstring& native_;
+    DWORD marks_;
+    bool replaced_ = false;
+};
+
 // Sends the new name of a file to the disk.
 void flushName(const std::wstring& native) {
     const Handle file(openHandle(native, GENERIC_WRITE, OPEN_EXISTING));
@@ -349,6 +360,9 @@ void flushName(const std::wstring& native) {
 
 class WindowsFileSystem : public FileSystem {
   public:
+    // A drive without a disk in it is an error like others: the system shows no box of its own.
+    WindowsFileSystem() { ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS); }
+
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
         const std::wstring native = nativePath(path);
         const Status status = statusOf(native);
@@ -375,7 +389,11 @@ class WindowsFileSystem : public FileSystem {
     }
 
     std::vector<FolderEntry> list(const Path& folder) override {
-        const std::wstring mask = inFolder(fullPath(folder.empty() ? Path(".") : folder), L"*");
+        const std::wstring native = fullPath(folder.empty() ? Path(".") : folder);
+        if (native.empty()) {
+            return {};
+        }
+        const std::wstring mask = inFolder(native, L"*");
         WIN32_FIND_DATAW found{};
         const HANDLE search =
             ::FindFirstFileExW(mask.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch,
@@ -474,16 +492,18 @@ class WindowsFileSystem : public FileSystem {
             return path;
         }
         real.resize(length);
-        return programPath(real);
+        return Path(utf8Text(plainForm(real)));
     }
 
     void rename(const Path& source, const Path& target) override {
         const std::wstring from = nativePath(source);
         const std::wstring to = nativePath(target);
+        MarksAside marks(to);
         for (int left = kRenameTries; left > 0; --left) {
             // Not ReplaceFile: that takes the old file away before the new one has its name.
             if (::MoveFileExW(from.c_str(), to.c_str(),
                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+                marks.setReplaced();
                 flushName(to);
                 return;
             }
@@ -499,8 +519,12 @@ class WindowsFileSystem : public FileSystem {
     }
 
     bool canWriteInto(const Path& folder) override {
+        const std::wstring native = fullPath(folder);
+        if (native.empty()) {
+            return false;
+        }
         const std::wstring probe =
-            inFolder(fullPath(folder), L"marlowick-" + std::to_wstring(::GetCurrentProcessId()));
+            inFolder(native, L"marlowick-" + std::to_wstring(::GetCurrentProcessId()));
         const Handle file(openHandle(probe, GENERIC_WRITE | DELETE, CREATE_NEW,
                                      FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE));
         return file.isValid();

@@ -18,8 +18,10 @@ bool isDeviceName(std::string_view name) {
     if (std::find(kPlain.begin(), kPlain.end(), stem) != kPlain.end()) {
         return true;
     }
+    // To Windows the raised digits 1, 2 and 3 are digits too.
+    constexpr std::string_view kDigits = "123456789\xB9\xB2\xB3";
     const bool numbered = stem.starts_with("COM") || stem.starts_with("LPT");
-    return numbered && stem.size() == 4 && stem[3] >= '1' && stem[3] <= '9';
+    return numbered && stem.size() == 4 && kDigits.find(stem[3]) != std::string_view::npos;
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ void makeBeside(const Path& beside, const std::function<void(File&)>& fill) {
 
 void discard(const Path& beside) {
     try {
-        removeIfPresent(beside);
+        clearAndRemove(beside);
     } catch (const RuntimeError&) {
         // The first failure is the one to report; the leftover harms nobody.
     }
@@ -51,14 +51,14 @@ void replaceWith(const std::function<void(File&)>& fill, const Path& target,
     }
     const Path place = exists ? files().followLinks(target) : target;
     const Path beside = place + kNewFileEnding;
-    removeIfPresent(beside);
+    clearAndRemove(beside);
     try {
         makeBeside(beside, fill);
         if (exists) {
-            if (readOnly == ReadOnlyTarget::Replace) {
-                files().clearAttributes(place);
-            }
             files().copyAttributes(place, beside);
+            if (readOnly == ReadOnlyTarget::Replace) {
+                files().clearAttributes(beside);
+            }
         }
         files().rename(beside, place);
     } catch (...) {

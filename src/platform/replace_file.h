@@ -10,7 +10,7 @@ namespace marlowick {
 
 enum class ReadOnlyTarget {
     Refuse,   // a read-only target is error 75 and stays as it is
-    Replace,  // its attributes are cleared first
+    Replace,  // the new file has normal attributes, whatever the old one's are
 };
 
 // Gives target the content of source. The content is first put whole into a new file beside the

@@ -27,8 +27,10 @@ int systemShellStart(QWidget* /*owner*/, const QString& program, const QString& 
     return QProcess::startDetached(program, {argument}) ? kShellSuccess : kNoProgram;
 }
 
+// In the user's own folder for such files: in the shared one the name could be somebody else's.
 QString browserProbeFile() {
-    return QDir::temp().filePath(QStringLiteral("temphtm.HTM"));
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
+        .filePath(QStringLiteral("temphtm.HTM"));
 }
 
 }  // namespace marlowick

@@ -5,6 +5,11 @@
 namespace marlowick {
 namespace {
 
+constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
+constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
+constexpr std::wstring_view kNetworkPrefix = L"\\\\";
+constexpr std::wstring_view kLongNetworkPrefix = L"\\\\?\\UNC\\";
+
 std::wstring toWide(UINT codePage, std::string_view bytes) {
     const int size = static_cast<int>(bytes.size());
     std::wstring wide(static_cast<std::size_t>(
@@ -41,6 +46,27 @@ std::string ansiText(std::string_view utf8) {
 
 std::string utf8TextOfAnsi(std::string_view ansi) {
     return utf8Text(toWide(CP_ACP, ansi));
+}
+
+std::wstring longForm(std::wstring_view full) {
+    if (full.empty() || full.starts_with(kDevicePrefix)) {
+        return {};
+    }
+    if (full.starts_with(kLongPrefix)) {
+        return std::wstring(full);
+    }
+    if (full.starts_with(kNetworkPrefix)) {
+        return std::wstring(kLongNetworkPrefix).append(full.substr(kNetworkPrefix.size()));
+    }
+    return std::wstring(kLongPrefix).append(full);
+}
+
+std::wstring plainForm(std::wstring_view native) {
+    if (native.starts_with(kLongNetworkPrefix)) {
+        return std::wstring(kNetworkPrefix).append(native.substr(kLongNetworkPrefix.size()));
+    }
+    return std::wstring(native.starts_with(kLongPrefix) ? native.substr(kLongPrefix.size())
+                                                        : native);
 }
 
 }  // namespace marlowick

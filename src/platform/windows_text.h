@@ -16,4 +16,11 @@ std::string utf8Text(std::wstring_view wide);
 std::string ansiText(std::string_view utf8);
 std::string utf8TextOfAnsi(std::string_view ansi);
 
+// A full path as the system takes it without the limit of 260 characters: "C:\x" as "\\?\C:\x",
+// "\\server\x" as "\\?\UNC\server\x". Empty for one that leads to a device.
+std::wstring longForm(std::wstring_view full);
+
+// The same the other way round: as a person writes it.
+std::wstring plainForm(std::wstring_view native);
+
 }  // namespace marlowick

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <exception>
 
 #include "platform/files.h"
@@ -13,6 +14,9 @@ namespace {
 
 constexpr const char* kError = "ERROR";
 constexpr std::string_view kSoftware = "Software\\";
+
+// Bytes. A real one has a few millions.
+constexpr std::int64_t kLongestRegistry = std::int64_t{64} << 20U;
 
 // Both bounds are what the file's own writer keeps to.
 constexpr int kMostHexDigits = 4;
@@ -140,8 +144,12 @@ bool isLineOf(char opening, char closing, const std::u16string& wanted, std::str
 // Nothing if the prefix has no registry, or that holds no such value.
 std::optional<std::string> valueIn(const Path& prefix, std::string_view key,
                                    std::string_view valueName) {
+    const Path file = prefix + "\\system.reg";
     try {
-        const std::string systemReg = readWholeFile(prefix + "\\system.reg");
+        if (files().length(file) > kLongestRegistry) {
+            return std::nullopt;
+        }
+        const std::string systemReg = readWholeFile(file);
         const std::optional<std::string> text =
             wineRegistryText(systemReg, keyOf32Bit(key), valueName);
         return text ? text : wineRegistryText(systemReg, key, valueName);
@@ -154,16 +162,18 @@ std::optional<std::string> valueIn(const Path& prefix, std::string_view key,
 std::optional<std::string> onThisMachine(const Path& prefix, const std::string& text) {
     const std::string drive = lowerCase(text.substr(0, 2));
     const bool isPath = drive.size() == 2 && drive[0] >= 'a' && drive[0] <= 'z' &&
-                        drive[1] == ':' && (text.size() == 2 || text[2] == '\\');
+                        drive[1] == ':' && (text.size() == 2 || text[2] == '\\' || text[2] == '/');
     const Path link = prefix + ("\\dosdevices\\" + drive);
     if (!isPath || !files().folderExists(link)) {
         return std::nullopt;
     }
     std::string folder = files().followLinks(link).text();
-    if (folder.ends_with('\\')) {
+    if (text.size() > 2 && folder.ends_with('\\')) {
         folder.pop_back();
     }
-    return folder + text.substr(2);
+    folder += text.substr(2);
+    std::replace(folder.begin(), folder.end(), '/', '\\');
+    return folder;
 }
 
 }  // namespace
@@ -192,10 +202,11 @@ std::optional<std::string> wineRegistryText(std::string_view systemReg, std::str
 std::string wineRegistryPath(const Path& home, std::string_view key, std::string_view valueName,
                              int length) {
     const Path prefix = home + "\\.wine";
-    const std::optional<std::string> text = valueIn(prefix, key, valueName);
+    std::optional<std::string> text = valueIn(prefix, key, valueName);
     if (!text || utf8ToGameText(*text).size() >= static_cast<std::size_t>(std::max(length, 0))) {
         return kError;
     }
+    text->resize(std::min(text->find('\0'), text->size()));
     return text->empty() ? std::string() : onThisMachine(prefix, *text).value_or(kError);
 }
 

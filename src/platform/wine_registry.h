@@ -21,8 +21,9 @@ std::optional<std::string> wineRegistryText(std::string_view systemReg, std::str
 // (".wine") of the home folder: the key's 32-bit form is looked up first, then the key itself. A
 // text that begins with a drive letter is turned into a path of this machine through the prefix's
 // folder "dosdevices". length is the size of the caller's buffer in bytes with the zero byte, which
-// the text must fit into as a game text. "ERROR" if there is no such value, it is too long, it
-// isn't empty and no path, or its drive doesn't exist.
+// the text must fit into as a game text; what follows a zero byte in the text is left out. "ERROR"
+// if there is no such value, it is too long, it isn't empty and no path, its drive doesn't exist,
+// or the registry is no file of an ordinary size.
 std::string wineRegistryPath(const Path& home, std::string_view key, std::string_view valueName,
                              int length);
 

@@ -63,8 +63,9 @@ TEST_F(WindowsFilesTest, AFileThatTheGameKeepsToItselfIsErrorSeventy) {
 }
 
 TEST_F(WindowsFilesTest, AFileThatTheGameReadsIsNotReplacedAndNotLost) {
-    for (const DWORD sharing : {0UL, static_cast<DWORD>(FILE_SHARE_READ),
-                                static_cast<DWORD>(FILE_SHARE_READ | FILE_SHARE_WRITE)}) {
+    constexpr DWORD kSharing[] = {0, FILE_SHARE_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE};
+    for (const DWORD sharing : kSharing) {
         {
             const OtherProgram game(target, sharing);
             EXPECT_EQ(errorOf([&] { replace(); }), 70) << sharing;
@@ -91,6 +92,17 @@ TEST_F(WindowsFilesTest, TheReadOnlyMarkIsHonouredEverywhere) {
     replace(ReadOnlyTarget::Replace);
     EXPECT_EQ(folder.read("game/user1.iff"), "new content");
     EXPECT_EQ(marksOfTarget() & FILE_ATTRIBUTE_READONLY, 0U);
+}
+
+TEST_F(WindowsFilesTest, AFileThatCouldNotBeReplacedKeepsItsMarks) {
+    setMarks(FILE_ATTRIBUTE_READONLY);
+    {
+        const OtherProgram game(target, FILE_SHARE_READ);
+        EXPECT_EQ(errorOf([&] { replace(ReadOnlyTarget::Replace); }), 70);
+    }
+    EXPECT_EQ(folder.read("game/user1.iff"), "old content");
+    EXPECT_NE(marksOfTarget() & FILE_ATTRIBUTE_READONLY, 0U);
+    EXPECT_EQ(filesInGame(), std::vector<std::string>{"user1.iff"});
 }
 
 TEST_F(WindowsFilesTest, AReplacedFileKeepsItsOtherMarks) {
@@ -141,6 +153,8 @@ TEST_F(WindowsFilesTest, DevicesAreNoFiles) {
         EXPECT_EQ(errorOf([&] { files().remove(device); }), 52) << name;
         EXPECT_EQ(errorOf([&] { files().makeFolder(device); }), 52) << name;
         EXPECT_FALSE(files().fileExists(device)) << name;
+        EXPECT_TRUE(files().list(device).empty()) << name;
+        EXPECT_FALSE(files().canWriteInto(device)) << name;
     }
     EXPECT_EQ(errorOf([&] { (void)folder.path("game").child("aux.iff"); }), 52);
 }
@@ -169,6 +183,27 @@ TEST_F(WindowsFilesTest, KnowsDrivesByTheirLetters) {
     EXPECT_FALSE(files().folderExists(gone));
     EXPECT_EQ(errorOf([&] { readWholeFile(gone + "\\Sims.exe"); }), 76);
     EXPECT_TRUE(files().list(gone).empty());
+}
+
+// Elsewhere a drive without a backslash is the folder that the program stands in on that drive.
+TEST_F(WindowsFilesTest, ADriveAloneIsItsRoot) {
+    const std::string drive = target.text().substr(0, 2);
+    ASSERT_NE(::SetCurrentDirectoryW(wideText(folder.path("game").text()).c_str()), 0);
+    std::vector<std::string> names;
+    for (const FolderEntry& entry : files().list(Path(drive))) {
+        names.push_back(entry.name);
+    }
+    ::SetCurrentDirectoryW(wideText(drive + "\\").c_str());
+    std::vector<std::string> inRoot;
+    for (const FolderEntry& entry : files().list(Path(drive + "\\"))) {
+        inRoot.push_back(entry.name);
+    }
+    EXPECT_FALSE(inRoot.empty());
+    EXPECT_EQ(names, inRoot);
+}
+
+TEST_F(WindowsFilesTest, AnEmptyDriveBringsUpNoBoxOfTheSystem) {
+    EXPECT_NE(::GetErrorMode() & SEM_FAILCRITICALERRORS, 0U);
 }
 
 TEST_F(WindowsFilesTest, ListsNamesBeyondTheGamesCharactersWithQuestionMarks) {

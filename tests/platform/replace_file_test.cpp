@@ -128,5 +128,27 @@ TEST_F(ReplaceFileTest, NoFailureLosesTheFile) {
     }
 }
 
+TEST_F(ReplaceFileTest, AReplacementThatFailsLeavesTheReadOnlyMark) {
+    int changes = 0;
+    folder.makeReadOnly("game/user1.iff");
+    {
+        const test::FaultyFiles counting(0, test::FaultyFiles::Fault::Fail);
+        replace(ReadOnlyTarget::Replace);
+        changes = counting.changes();
+    }
+    EXPECT_FALSE(files().isReadOnly(folder.path("game\\user1.iff")));
+    folder.write("game/user1.iff", kOld);
+    folder.makeReadOnly("game/user1.iff");
+    for (int failAt = 1; failAt <= changes; ++failAt) {
+        {
+            const test::FaultyFiles faulty(failAt, test::FaultyFiles::Fault::Fail);
+            EXPECT_THROW(replace(ReadOnlyTarget::Replace), RuntimeError) << failAt;
+        }
+        EXPECT_EQ(folder.read("game/user1.iff"), kOld) << failAt;
+        EXPECT_TRUE(files().isReadOnly(folder.path("game\\user1.iff"))) << failAt;
+        EXPECT_EQ(filesInGame(), 1U) << failAt;
+    }
+}
+
 }  // namespace
 }  // namespace marlowick

@@ -82,5 +82,23 @@ TEST(WindowsTextTest, AccentsSurviveTheCodePageOfTheCalls) {
     EXPECT_EQ(wideText("a\xFFz"), L"a\xFFFDz");
 }
 
+TEST(WindowsTextTest, PathsHaveALongForm) {
+    struct Row {
+        const wchar_t* plain;
+        const wchar_t* longer;
+    };
+    constexpr Row kRows[] = {
+        {L"C:\\Games\\Sims.exe", L"\\\\?\\C:\\Games\\Sims.exe"},
+        {L"\\\\server\\share\\Sims.exe", L"\\\\?\\UNC\\server\\share\\Sims.exe"}};
+    for (const Row& row : kRows) {
+        EXPECT_EQ(longForm(row.plain), row.longer);
+        EXPECT_EQ(longForm(row.longer), row.longer);
+        EXPECT_EQ(plainForm(row.longer), row.plain);
+        EXPECT_EQ(plainForm(row.plain), row.plain);
+    }
+    EXPECT_EQ(longForm(L""), L"");
+    EXPECT_EQ(longForm(L"\\\\.\\NUL"), L"");
+}
+
 }  // namespace
 }  // namespace marlowick

@@ -150,6 +150,39 @@ TEST_F(WinePrefixTest, AnEmptyValueStaysEmpty) {
     EXPECT_EQ(read(), "");
 }
 
+TEST_F(WinePrefixTest, AValueEndsAtItsFirstZeroByte) {
+    writeValue("C:\\\\Maxis\\0");
+    EXPECT_EQ(read(), onDriveC("\\Maxis"));
+    writeValue("C:\\\\Maxis\\0left over");
+    EXPECT_EQ(read(), onDriveC("\\Maxis"));
+    writeValue("\\0");
+    EXPECT_EQ(read(), "");
+}
+
+TEST_F(WinePrefixTest, SlashesLeadToTheSamePlace) {
+    writeValue("C:/Maxis/The Sims");
+    EXPECT_EQ(read(), onDriveC("\\Maxis\\The Sims"));
+}
+
+TEST_F(WinePrefixTest, ADriveMayBeTheRootOfThisMachine) {
+    std::filesystem::create_directory_symlink("/", prefix() / "dosdevices" / "z:");
+    writeValue("Z:");
+    EXPECT_EQ(read(), "\\");
+    writeValue("Z:\\\\");
+    EXPECT_EQ(read(), "\\");
+    writeValue("Z:\\\\Maxis");
+    EXPECT_EQ(read(), "\\Maxis");
+}
+
+TEST_F(WinePrefixTest, AnEnormousRegistryIsNotRead) {
+    writeValue("C:\\\\Maxis");
+    const std::filesystem::path file = prefix() / "system.reg";
+    std::filesystem::resize_file(file, std::uintmax_t{64} << 20U);
+    EXPECT_EQ(read(), onDriveC("\\Maxis"));
+    std::filesystem::resize_file(file, (std::uintmax_t{64} << 20U) + 1);
+    EXPECT_EQ(read(), "ERROR");
+}
+
 TEST_F(WinePrefixTest, AValueMustFitTheBufferWithItsZeroByte) {
     writeValue("C:\\\\12345");  // 8 characters
     EXPECT_EQ(read(9), onDriveC("\\12345"));
