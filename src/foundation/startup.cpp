@@ -1,7 +1,6 @@
 #include "foundation/startup.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QIcon>
 
 #include "foundation/error_trap.h"
@@ -54,7 +53,7 @@ void installErrorWindow() {
 }
 
 void findProgramFolder() {
-    ProgramFolder = toPath(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+    ProgramFolder = toPath(QCoreApplication::applicationDirPath().replace('/', '\\'));
 }
 
 void startProgram() {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -12,7 +13,9 @@
 #include "foundation/frmSetPath.h"
 #include "foundation/frmTitle.h"
 #include "foundation/game.h"
+#include "foundation/startup.h"
 #include "platform/display_text.h"
+#include "platform/files.h"
 #include "platform/folder_chooser.h"
 #include "platform/input_guard.h"
 #include "platform/settings.h"
@@ -26,6 +29,15 @@ namespace {
 using test::click;
 using test::find;
 using test::textOf;
+
+TEST(StartupTest, TheProgramFolderIsWrittenWithBackslashes) {
+    const test::TestFolder folder;
+    findProgramFolder();
+    EXPECT_TRUE(files().folderExists(ProgramFolder));
+    EXPECT_EQ(ProgramFolder.text().find('/'), std::string::npos);
+    const QString program = QFileInfo(QCoreApplication::applicationFilePath()).fileName();
+    EXPECT_TRUE(files().fileExists(ProgramFolder + "\\" + program.toStdString()));
+}
 
 class TitleTest : public test::WindowTest {};
 
