@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QProcess>
@@ -27,10 +28,11 @@ int systemShellStart(QWidget* /*owner*/, const QString& program, const QString& 
     return QProcess::startDetached(program, {argument}) ? kShellSuccess : kNoProgram;
 }
 
-// In the user's own folder for such files: in the shared one the name could be somebody else's.
+// In the user's own folder for such files, since in the shared one the name could be somebody
+// else's; and each running program has its own.
 QString browserProbeFile() {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
-        .filePath(QStringLiteral("temphtm.HTM"));
+        .filePath(QStringLiteral("temphtm-%1.HTM").arg(QCoreApplication::applicationPid()));
 }
 
 }  // namespace marlowick
