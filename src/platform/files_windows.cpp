@@ -299,25 +299,59 @@ std::unique_ptr<File> openBinary(const std::wstring& native, bool exists) {
 }
 
 // Who may do what with a file: the list of rights that the folder above hands down, and those that
-// were set by hand.
-void copyRights(std::wstring source, std::wstring target) {
-    PACL rights = nullptr;
-    PSECURITY_DESCRIPTOR descriptor = nullptr;
-    if (::GetNamedSecurityInfoW(source.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
-                                nullptr, &rights, nullptr, &descriptor) != ERROR_SUCCESS) {
-        return;
+// were set by hand. Empty where the system doesn't tell.
+class Rights {
+  public:
+    explicit Rights(std::wstring native) {
+        if (::GetNamedSecurityInfoW(native.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION,
+                                    nullptr, nullptr, &list_, nullptr,
+                                    &descriptor_) != ERROR_SUCCESS) {
+            descriptor_ = nullptr;
+        }
     }
-    SECURITY_DESCRIPTOR_CONTROL control = 0;
-    DWORD revision = 0;
-    if (::GetSecurityDescriptorControl(descriptor, &control, &revision) != 0) {
-        const SECURITY_INFORMATION inherit = (control & SE_DACL_PROTECTED) != 0
-                                                 ? PROTECTED_DACL_SECURITY_INFORMATION
-                                                 : UNPROTECTED_DACL_SECURITY_INFORMATION;
-        // Only as far as the system allows: a file system without rights has none to give.
-        ::SetNamedSecurityInfoW(target.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherit,
-                                nullptr, nullptr, rights, nullptr);
+    ~Rights() { ::LocalFree(descriptor_); }
+    Rights(const Rights&) = delete;
+    Rights& operator=(const Rights&) = delete;
+
+    bool isEmpty() const { return descriptor_ == nullptr; }
+
+    bool operator==(const Rights& other) const {
+        return isProtected() == other.isProtected() && bytes() == other.bytes();
     }
-    ::LocalFree(descriptor);
+
+    // Only as far as the system allows: a file system without rights has none to give.
+    void giveTo(std::wstring native) const {
+        const SECURITY_INFORMATION inherit = isProtected() ? PROTECTED_DACL_SECURITY_INFORMATION
+                                                           : UNPROTECTED_DACL_SECURITY_INFORMATION;
+        ::SetNamedSecurityInfoW(native.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherit,
+                                nullptr, nullptr, list_, nullptr);
+    }
+
+  private:
+    bool isProtected() const {
+        SECURITY_DESCRIPTOR_CONTROL control = 0;
+        DWORD revision = 0;
+        return !isEmpty() &&
+               ::GetSecurityDescriptorControl(descriptor_, &control, &revision) != 0 &&
+               (control & SE_DACL_PROTECTED) != 0;
+    }
+
+    std::string_view bytes() const {
+        return list_ != nullptr
+                   ? std::string_view(reinterpret_cast<const char*>(list_), list_->AclSize)
+                   : std::string_view();
+    }
+
+    PACL list_ = nullptr;
+    PSECURITY_DESCRIPTOR descriptor_ = nullptr;
+};
+
+// Rights that are the same already stay: Wine makes others of them on their way.
+void copyRights(const std::wstring& source, const std::wstring& target) {
+    const Rights rights(source);
+    if (!rights.isEmpty() && !(rights == Rights(target))) {
+        rights.giveTo(target);
+    }
 }
 
 // A file that bears the read-only mark can't be replaced: for the time of a replacement it bears

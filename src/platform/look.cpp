@@ -16,9 +16,9 @@ constexpr int kFontPixels = 12;
 #ifdef _WIN32
 constexpr const char* kStyle = "windowsvista";
 // Wine has the name of the system's font, but not the font: what it takes instead may be one with
-// serifs.
+// serifs. Of Liberation Sans it drops thin letters at some sizes.
 const QStringList kFamilies = {QStringLiteral("Segoe UI"), QStringLiteral("Tahoma"),
-                               QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
+                               QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans"),
                                QStringLiteral("Arial")};
 #else
 // One look on every desktop.

@@ -70,6 +70,22 @@ void scrollLongText(QMessageBox& box) {
     box.defaultButton()->setFocus();
 }
 
+// Room for a window's title beside its icon and buttons. Pixels.
+int titleWidth(const QWidget& window) {
+    constexpr int kIconAndButtons = 130;
+    const int wanted =
+        window.fontMetrics().horizontalAdvance(window.windowTitle()) + kIconAndButtons;
+    return std::min(wanted, window.screen()->availableSize().width());
+}
+
+// The box keeps to the size that its own layout gives it.
+void makeRoomForTitle(QMessageBox& box) {
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()); grid != nullptr) {
+        grid->addItem(new QSpacerItem(titleWidth(box), 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
+    }
+}
+
 }  // namespace
 
 MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons buttons,
@@ -86,6 +102,7 @@ MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons 
     box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
     box.setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
     scrollLongText(box);
+    makeRoomForTitle(box);
     const int answer = box.exec();
     if (!asks) {
         return MessageReply::Ok;
@@ -104,6 +121,7 @@ QString askForText(const QString& title, const QString& prompt) {
     box.setObjectName(QStringLiteral("inputBox"));
     box.setWindowTitle(title);
     box.setLabelText(prompt);
+    box.setMinimumWidth(titleWidth(box));
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 

@@ -21,6 +21,7 @@
 #include "foundation/frmSetPath.h"
 #include "foundation/frmTitle.h"
 #include "foundation/game.h"
+#include "platform/messages.h"
 #include "platform/picture_box.h"
 #include "support/archive_builder.h"
 #include "support/user_file_builder.h"
@@ -233,6 +234,34 @@ TEST_F(WindowWalkTest, Main) {
          {"picRender", "picLoad", "picNotFound", "picCanNotLoad", "cmdFocus"}) {
         EXPECT_LT(find<QWidget>(window, hidden)->geometry().right(), 0) << hidden;
     }
+}
+
+TEST_F(WindowWalkTest, AnEnlargedMainKeepsThePageUnderItsTitle) {
+    makeGame();
+    auto& window = theWindow<frmMain>();
+    window.showMain();
+    const auto* title = find<QLabel>(window, "Label2");
+    const auto* page = find<QWidget>(window, "picThumbs");
+    const int apart = page->y() - title->y();
+    const int top = page->y();
+    const int listWidth = find<QWidget>(window, "lstUserDataDir")->width();
+    window.resize(window.width() + 200, window.height() + 200);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(page->y(), top);
+    EXPECT_EQ(page->y() - title->y(), apart);
+    EXPECT_EQ(find<QWidget>(window, "lstUserDataDir")->width(), listWidth + 200);
+}
+
+TEST_F(WindowWalkTest, AMessageShowsItsWholeTitle) {
+    makeGame();
+    theWindow<frmMain>().showMain();
+    int width = 0;
+    script.whenShown("", [&](QWidget& box) {
+        width = box.width() - box.fontMetrics().horizontalAdvance(box.windowTitle());
+        box.close();
+    });
+    showMessage("Path to The Sims not found!", MessageIcon::None, MessageButtons::Ok, "No.");
+    EXPECT_GE(width, 100);
 }
 
 TEST_F(WindowWalkTest, SetPath) {
