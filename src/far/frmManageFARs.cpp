@@ -1,6 +1,7 @@
 #include "far/frmManageFARs.h"
 
 #include <QLineEdit>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -84,6 +85,8 @@ frmManageFARs::~frmManageFARs() = default;
 
 void frmManageFARs::buildControls() {
     ui->setupUi(this);
+    // The largest of the windows: on a small screen it takes what there is inside of a frame.
+    resize(size().boundedTo(screen()->availableSize() - QSize(16, 40)));
     mudtEdit = {};
     ui->picError->setPicture(brokenFileCard({96, 96}));
     QSizePolicy policy = ui->picStatus->sizePolicy();

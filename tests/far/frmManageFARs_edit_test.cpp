@@ -54,6 +54,7 @@ TEST_F(ManageFARsTest, StartsInTheGamesFolder) {
     folder.write("game/skin.bmp", kRed);
     manage([](QWidget& window) {
         EXPECT_LE(window.width(), 1024);
+        EXPECT_LE(window.minimumSizeHint().width(), 800);
         EXPECT_EQ(textOf(window, "txtPath"), toDisplay(SimsPath));
         EXPECT_EQ(find<FolderList>(window, "dirFiles")->path(), SimsPath);
         EXPECT_EQ(rows(window, "lstBMPs"), QStringList{"skin.bmp"});
