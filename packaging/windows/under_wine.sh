@@ -32,6 +32,11 @@ rm -rf build/tour-windows
 mkdir -p build/tour-windows
 "$wine" "$bin/make_sample_game.exe" build/tour-windows/game
 timeout 900 "$wine" "$bin/tour.exe" build/tour-windows
+executable=$(find build/tour-windows/game -type f -perm /111)
+if [ -n "$executable" ]; then
+    echo "These files became executable: $executable" >&2
+    exit 1
+fi
 if [ $# -gt 0 ]; then
     diff -r "$1/game" build/tour-windows/game
     echo "The game came out as on this system, byte for byte."

@@ -35,6 +35,7 @@ void warnOfReadOnlyFolder() {
 }  // namespace
 
 void prepareApplication() {
+    keepSystemBoxesAway();
     loadResources();
     QApplication::setApplicationName(QStringLiteral("Marlowick"));
     QApplication::setApplicationDisplayName(QString());

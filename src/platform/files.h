@@ -86,6 +86,9 @@ FileSystem& files();
 FileSystem* setFileSystem(FileSystem* fileSystem);
 // The machine's own, whatever is in use.
 FileSystem& nativeFileSystem();
+// A drive without a disk in it is an error like others: the system shows no box of its own. To be
+// called once, at the start; does nothing on a system without such boxes.
+void keepSystemBoxesAway();
 
 // File names (no folders) in a folder that fit a mask, as a directory search gives them.
 std::vector<std::string> searchFiles(const Path& folder, std::string_view mask);

@@ -371,6 +371,8 @@ class PosixFileSystem : public FileSystem {
 
 }  // namespace
 
+void keepSystemBoxesAway() {}
+
 FileSystem& nativeFileSystem() {
     static PosixFileSystem instance;
     return instance;

@@ -394,9 +394,6 @@ void flushName(const std::wstring& native) {
 
 class WindowsFileSystem : public FileSystem {
   public:
-    // A drive without a disk in it is an error like others: the system shows no box of its own.
-    WindowsFileSystem() { ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS); }
-
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
         const std::wstring native = nativePath(path);
         const Status status = statusOf(native);
@@ -566,6 +563,10 @@ class WindowsFileSystem : public FileSystem {
 };
 
 }  // namespace
+
+void keepSystemBoxesAway() {
+    ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS);
+}
 
 FileSystem& nativeFileSystem() {
     static WindowsFileSystem instance;
