@@ -32,7 +32,7 @@ rm -rf build/tour-windows
 mkdir -p build/tour-windows
 "$wine" "$bin/make_sample_game.exe" build/tour-windows/game
 timeout 900 "$wine" "$bin/tour.exe" build/tour-windows
-executable=$(find build/tour-windows/game -type f -perm /111)
+executable=$(find build/tour-windows/game -type f -perm /111 ! -iname "*.exe")
 if [ -n "$executable" ]; then
     echo "These files became executable: $executable" >&2
     exit 1
