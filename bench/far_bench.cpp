@@ -7,7 +7,7 @@
 #include "far/far_save.h"
 #include "foundation/bytes.h"
 #include "foundation/game.h"
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

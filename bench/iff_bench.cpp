@@ -6,7 +6,7 @@
 
 #include "foundation/bytes.h"
 #include "iff/iff_file.h"
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "foundation/bytes.h"
 #include "mesh/mesh_converter.h"
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

@@ -11,7 +11,7 @@
 #include "foundation/bytes.h"
 #include "foundation/game.h"
 #include "iff/string_segment.h"
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

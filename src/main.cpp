@@ -1,8 +1,8 @@
 #include <QApplication>
 
 #include "foundation/error_trap.h"
-#include "foundation/startup.h"
-#include "platform/form.h"
+#include "start/startup.h"
+#include "widgets/form.h"
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);

@@ -5,26 +5,28 @@
 #include <QLabel>
 #include <QScreen>
 
+#include "browser/frmSetPath.h"
+#include "browser/head_names.h"
 #include "catalogue/model_catalogue.h"
 #include "catalogue/thumbnail_page.h"
 #include "far/frmManageFARs.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
-#include "foundation/frmSetPath.h"
+#include "foundation/folders.h"
 #include "foundation/game.h"
 #include "foundation/version.h"
 #include "iff/string_segment.h"
-#include "mesh/head_files.h"
-#include "platform/display_text.h"
-#include "platform/files.h"
-#include "platform/input_guard.h"
-#include "platform/messages.h"
-#include "platform/picture_box.h"
-#include "platform/settings.h"
-#include "platform/stock_pictures.h"
+#include "preview/head_files.h"
+#include "system/files.h"
 #include "ui_frmMain.h"
 #include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/messages.h"
+#include "widgets/picture_box.h"
+#include "widgets/settings.h"
+#include "widgets/stock_pictures.h"
 
 namespace marlowick {
 namespace {
@@ -160,7 +162,7 @@ void frmMain::Form_Load() {
     }
     resetModelCatalogue();
     gsBuildModelCatalogue();
-    ignoringErrors([] { files().makeFolder(ProgramFolder + "\\ENS"); });
+    ignoringErrors([] { files().makeFolder(ensembleFolder()); });
 }
 
 void frmMain::Form_Activate() {
@@ -211,7 +213,7 @@ void frmMain::activateWithGame() {
             ui->lstUserDataDir->setCurrentItem(found.first());
         }
     }
-    ignoringErrors([] { files().makeFolder(ProgramFolder + "\\temp"); });
+    ignoringErrors([] { files().makeFolder(tempFolder()); });
 }
 
 bool frmMain::backupWanted() const {
@@ -540,11 +542,13 @@ void frmMain::cmdSelect_Click() {
     if (mblnIsPet) {
         auto& editor = theWindow<frmEditPet>();
         editor.LoadUserFile = simPath(file);
+        editor.BackupWanted = backupWanted();
         editor.showModal();
         return;
     }
     auto& editor = theWindow<frmEditSim>();
     editor.LoadUserFile = simPath(file);
+    editor.BackupWanted = backupWanted();
     editor.showModal();
 }
 
@@ -562,7 +566,8 @@ void frmMain::msPrepareSimPreview() {
         gsResetIFF(mudtIff);
         gsReadIFF(mudtIff, simPath(file));
         gsReadSTRSegment(mudtIff, strings, id, false);
-        findHeadFiles(strings);
+        const HeadNames head = headNames(strings);
+        findHeadFiles(head.mesh, head.skin);
     });
 }
 

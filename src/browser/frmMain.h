@@ -12,7 +12,7 @@
 #include "browser/neighbourhoods.h"
 #include "foundation/list.h"
 #include "iff/iff_file.h"
-#include "platform/form.h"
+#include "widgets/form.h"
 
 class QAction;
 class QLabel;

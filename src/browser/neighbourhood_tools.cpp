@@ -8,7 +8,7 @@
 #include "foundation/game.h"
 #include "iff/safe_rewrite.h"
 #include "iff/string_segment.h"
-#include "platform/files.h"
+#include "system/files.h"
 #include "wardrobe/wardrobe_fields.h"
 
 namespace marlowick {

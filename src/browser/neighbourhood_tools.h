@@ -7,7 +7,7 @@
 
 #include "foundation/list.h"
 #include "iff/iff_file.h"
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

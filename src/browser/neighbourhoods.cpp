@@ -5,8 +5,8 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
+#include "system/files.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

@@ -10,12 +10,12 @@
 #include "catalogue/thumbnail_page.h"
 #include "far/far_directory.h"
 #include "foundation/error_trap.h"
-#include "platform/display_text.h"
-#include "platform/input_guard.h"
-#include "platform/look.h"
-#include "platform/messages.h"
-#include "platform/picture_box.h"
 #include "ui_frmSelectSkin.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/look.h"
+#include "widgets/messages.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick {
 namespace {

@@ -13,7 +13,7 @@
 #include "catalogue/chosen_skin.h"
 #include "catalogue/skin_lists.h"
 #include "foundation/list.h"
-#include "platform/form.h"
+#include "widgets/form.h"
 
 namespace Ui {
 class frmSelectSkin;

@@ -4,12 +4,12 @@
 #include <functional>
 #include <unordered_set>
 
-#include "catalogue/archives.h"
 #include "catalogue/names.h"
+#include "far/archives.h"
 #include "far/far_directory.h"
-#include "foundation/game.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
+#include "foundation/folders.h"
+#include "system/files.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {
@@ -54,33 +54,22 @@ void addModels(const FarDirectory& directory, const Pass& pass) {
     }
 }
 
-// The folders that loose models lie in. In the game's own a name counts without its extension and
-// is listed in upper case; in the other two it counts up to its first "." and keeps its case.
-struct ModelFolder {
-    const char* path;
-    bool gamesOwn;
-};
-
-constexpr ModelFolder kModelFolders[] = {
-    {"\\GameData\\Skins", true},
-    {"\\ExpansionPack3\\SkinsBuy", false},
-    {"\\ExpansionShared\\SkinsBuy", false},
-};
-
 void addFolderModels(const std::string& mask, List<std::string>& models) {
     std::unordered_set<std::string> listed;
     for (int i = 1; i <= models.bound(); ++i) {
         listed.insert(upperCase(models[i]));
     }
-    for (const ModelFolder& folder : kModelFolders) {
-        for (const std::string& file : searchFiles(SimsPath + folder.path, mask + ".cmx")) {
+    // In the game's own folder a name counts without its extension and is listed in upper case; in
+    // the other two it counts up to its first "." and keeps its case.
+    for (const SkinFolder folder : skinFolders()) {
+        const bool gamesOwn = folder == SkinFolder::Game;
+        for (const std::string& file : searchFiles(skinFolder(folder), mask + ".cmx")) {
             const std::string name = cutAtDot(file);
-            const std::string tested =
-                folder.gamesOwn ? file.substr(0, file.size() - kExtension) : name;
+            const std::string tested = gamesOwn ? file.substr(0, file.size() - kExtension) : name;
             if (listed.contains(upperCase(tested))) {
                 continue;
             }
-            models.appendCounted(folder.gamesOwn ? upperCase(name) : name);
+            models.appendCounted(gamesOwn ? upperCase(name) : name);
             listed.insert(upperCase(name));
         }
     }

@@ -1,6 +1,6 @@
 #include "catalogue/names.h"
 
-#include "platform/game_text.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {

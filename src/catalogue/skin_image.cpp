@@ -2,21 +2,20 @@
 
 #include <string>
 
-#include "catalogue/archives.h"
-#include "catalogue/skin_folders.h"
+#include "far/archives.h"
 #include "far/far_directory.h"
 #include "foundation/error_trap.h"
-#include "foundation/game.h"
-#include "platform/game_text.h"
-#include "platform/path.h"
+#include "foundation/folders.h"
+#include "system/game_text.h"
+#include "system/path.h"
 
 namespace marlowick {
 namespace {
 
 bool loadFromFolders(PictureTarget& picture, std::string_view name) {
-    for (const std::string_view folder : kSkinFolders) {
+    for (const SkinFolder folder : skinFolders()) {
         const bool loaded = ignoringErrors(
-            [&] { picture.load((SimsPath + folder).child(std::string(name) + ".bmp")); });
+            [&] { picture.load(skinFolder(folder).child(std::string(name) + ".bmp")); });
         if (loaded) {
             return true;
         }
@@ -56,10 +55,6 @@ void loadFromArchives(PictureTarget& picture, const std::string& wanted) {
 }
 
 }  // namespace
-
-Path tempFolder() {
-    return ProgramFolder + "\\temp\\";
-}
 
 void gsFetchSkinImage(PictureTarget& picture, std::string_view name) {
     if (name.starts_with("***") || loadFromFolders(picture, name)) {

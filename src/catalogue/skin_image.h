@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "catalogue/chosen_skin.h"
-#include "platform/picture_target.h"
+#include "foundation/picture_target.h"
 
 namespace marlowick {
 
@@ -20,11 +20,5 @@ void showArchiveSkin(PictureTarget& picture, const Path& archive, int number);
 
 // Shows what the skin chooser has handed back: an entry of an archive or a bitmap of its own.
 void showChosenSkin(PictureTarget& picture, const ChosenSkin& chosen);
-
-// The folder of the files that a picture passes through, with its trailing backslash:
-// program folder + "\temp\".
-Path tempFolder();
-// "skintemp.bmp" in it: the last skin that came out of an archive.
-inline constexpr std::string_view kSkinTempName = "skintemp.bmp";
 
 }  // namespace marlowick

@@ -1,12 +1,11 @@
 #include "catalogue/skin_lists.h"
 
-#include "catalogue/archives.h"
 #include "catalogue/names.h"
-#include "catalogue/skin_folders.h"
+#include "far/archives.h"
 #include "far/far_directory.h"
-#include "foundation/game.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
+#include "foundation/folders.h"
+#include "system/files.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {
@@ -27,9 +26,9 @@ constexpr HandFamily kHandFamilies[] = {
     {"gm??_*.bmp", "GM"}, {"gf??_*.bmp", "GF"}, {"gu??_*.bmp", "GU"},
 };
 
-void tryFiles(std::string_view folderPath, std::string_view mask, const PictureTest& loads,
-              List<Path>& skins, std::vector<std::string>& badFiles) {
-    const Path folder = SimsPath + folderPath;
+void tryFiles(SkinFolder place, std::string_view mask, const PictureTest& loads, List<Path>& skins,
+              std::vector<std::string>& badFiles) {
+    const Path folder = skinFolder(place);
     for (const std::string& name : searchFiles(folder, mask)) {
         if (isFileName(name) && loads(folder.child(name))) {
             skins.appendCounted(folder.child(name));
@@ -76,7 +75,7 @@ void listSkinFiles(const SkinQuery& query, const PictureTest& loads, List<Path>&
     if (mask.empty()) {
         return;
     }
-    for (const std::string_view folder : kSkinFolders) {
+    for (const SkinFolder folder : skinFolders()) {
         tryFiles(folder, mask + ".bmp", loads, skins, badFiles);
     }
 }
@@ -85,7 +84,7 @@ void listHandFiles(const PictureTest& loads, List<Path>& skins,
                    std::vector<std::string>& badFiles) {
     skins.reset();
     for (const HandFamily& family : kHandFamilies) {
-        tryFiles(kGameSkins, family.mask, loads, skins, badFiles);
+        tryFiles(SkinFolder::Game, family.mask, loads, skins, badFiles);
     }
 }
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "foundation/list.h"
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

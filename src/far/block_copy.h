@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick {
 

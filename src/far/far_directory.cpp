@@ -6,9 +6,9 @@
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
-#include "platform/streams.h"
+#include "system/files.h"
+#include "system/game_text.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

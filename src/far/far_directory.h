@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "foundation/list.h"
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/game_text.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {

@@ -9,7 +9,7 @@
 
 #include "far/far_directory.h"
 #include "foundation/list.h"
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

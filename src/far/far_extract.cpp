@@ -6,7 +6,7 @@
 #include "far/far_directory.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
-#include "platform/streams.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

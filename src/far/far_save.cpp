@@ -6,11 +6,11 @@
 #include "far/block_copy.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
-#include "foundation/game.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
-#include "platform/replace_file.h"
-#include "platform/streams.h"
+#include "foundation/folders.h"
+#include "system/files.h"
+#include "system/game_text.h"
+#include "system/replace_file.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {
@@ -134,11 +134,11 @@ void writeArchive(const FarEdit& edit, const Path& temporary, const FarSaveProgr
 
 Path newArchivePath(std::string_view name) {
     const bool ends = name.size() >= 4 && equalsIgnoringCase(name.substr(name.size() - 4), ".FAR");
-    return SimsPath + "\\gamedata\\textures\\" + name + (ends ? "" : ".FAR");
+    return texturesFolder() + "\\" + name + (ends ? "" : ".FAR");
 }
 
 bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progress) {
-    const Path temporary = ProgramFolder + "\\temp\\tempfile.far";
+    const Path temporary = tempFolder() + "\\tempfile.far";
     CheckpointNumber = 2000;
     clearAndRemove(temporary);
     writeArchive(edit, temporary, progress);

@@ -10,25 +10,22 @@
 #include "far/frmOpenFAR.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
+#include "foundation/folders.h"
 #include "foundation/game.h"
-#include "platform/disk.h"
-#include "platform/display_text.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
-#include "platform/input_guard.h"
-#include "platform/messages.h"
-#include "platform/picture_box.h"
-#include "platform/stock_pictures.h"
+#include "system/disk.h"
+#include "system/files.h"
+#include "system/game_text.h"
 #include "ui_frmManageFARs.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/messages.h"
+#include "widgets/picture_box.h"
+#include "widgets/stock_pictures.h"
 
 namespace marlowick {
 namespace {
 
 constexpr int kPaintPause = 30;  // milliseconds
-
-Path scratchFolder() {
-    return ProgramFolder + "\\temp";
-}
 
 void showText(QLineEdit* box, const QString& text) {
     box->setText(text);
@@ -318,7 +315,7 @@ void frmManageFARs::lstFiles_Click() {
             ui->picFARBMP->load(mudtEdit.mudtAddedFiles[-row.Number].AddedPath);
             return;
         }
-        gsExtractFile(mudtEdit.mstrFarFile, scratchFolder(), mudtEdit.mudtFarDir, row.Number);
+        gsExtractFile(mudtEdit.mstrFarFile, tempFolder(), mudtEdit.mudtFarDir, row.Number);
         // The mark goes from the bare name, also where it stood in front of a folder: then what is
         // shown and deleted is another name.
         std::string name = gfstrFileNameOfPath(row.Text);
@@ -326,8 +323,8 @@ void frmManageFARs::lstFiles_Click() {
             name.erase(0, kDeletedMark.size());
         }
         ui->picFARBMP->setPicture(ui->picError->picture());
-        ignoringErrors([&] { ui->picFARBMP->load(scratchFolder().child(name)); });
-        files().remove(scratchFolder().child(name));
+        ignoringErrors([&] { ui->picFARBMP->load(tempFolder().child(name)); });
+        files().remove(tempFolder().child(name));
     });
 }
 

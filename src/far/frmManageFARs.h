@@ -10,8 +10,8 @@
 
 #include "far/far_edit.h"
 #include "far/far_save.h"
-#include "platform/form.h"
-#include "platform/path.h"
+#include "system/path.h"
+#include "widgets/form.h"
 
 namespace Ui {
 class frmManageFARs;

@@ -1,18 +1,11 @@
 #include "far/frmOpenFAR.h"
 
 #include "far/frmManageFARs.h"
-#include "foundation/game.h"
-#include "platform/files.h"
+#include "foundation/folders.h"
+#include "system/files.h"
 #include "ui_frmOpenFAR.h"
 
 namespace marlowick {
-namespace {
-
-Path texturesFolder() {
-    return SimsPath + "\\gamedata\\textures";
-}
-
-}  // namespace
 
 frmOpenFAR::frmOpenFAR() : ModalForm("frmOpenFAR"), ui(std::make_unique<Ui::frmOpenFAR>()) {}
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/form.h"
+#include "widgets/form.h"
 
 namespace Ui {
 class frmOpenFAR;

@@ -4,8 +4,8 @@
 #include <cstddef>
 
 #include "foundation/list.h"
-#include "platform/game_text.h"
-#include "platform/runtime_error.h"
+#include "system/game_text.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {

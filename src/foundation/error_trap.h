@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/runtime_error.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 

@@ -2,7 +2,7 @@
 // by the window that sets the path) and read everywhere.
 #pragma once
 
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/runtime_error.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 

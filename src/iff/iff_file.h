@@ -8,7 +8,7 @@
 #include <string>
 
 #include "foundation/list.h"
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

@@ -9,8 +9,8 @@
 #include "foundation/error_trap.h"
 #include "iff/byte_reader.h"
 #include "iff/iff_file.h"
-#include "platform/files.h"
-#include "platform/streams.h"
+#include "system/files.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

@@ -4,7 +4,7 @@
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "iff/iff_file.h"
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick {
 

@@ -1,9 +1,9 @@
 #include "iff/safe_rewrite.h"
 
-#include "foundation/game.h"
-#include "platform/files.h"
-#include "platform/replace_file.h"
-#include "platform/streams.h"
+#include "foundation/folders.h"
+#include "system/files.h"
+#include "system/replace_file.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {
@@ -17,10 +17,6 @@ Path clearedUserTemp() {
 }
 
 }  // namespace
-
-Path userTempFile() {
-    return ProgramFolder + "\\usertemp.iff";
-}
 
 bool writeUserTemp(IffFile& iff) {
     return gsWriteIFF(iff, clearedUserTemp());

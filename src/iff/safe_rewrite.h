@@ -6,9 +6,6 @@
 
 namespace marlowick {
 
-// The program folder's "\usertemp.iff". It stays after a save.
-Path userTempFile();
-
 // Deletes an old "\usertemp.iff" and writes the record there. Raises what the deletion raises;
 // false after a failure of the writer, which has reported it.
 bool writeUserTemp(IffFile& iff);

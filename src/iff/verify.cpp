@@ -4,7 +4,7 @@
 #include "foundation/error_trap.h"
 #include "iff/iff_file.h"
 #include "iff/string_segment.h"
-#include "platform/game_text.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {

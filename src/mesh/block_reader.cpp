@@ -3,7 +3,7 @@
 #include <bit>
 
 #include "foundation/bytes.h"
-#include "platform/runtime_error.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {

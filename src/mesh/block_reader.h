@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick {
 

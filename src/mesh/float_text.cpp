@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "platform/game_text.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {

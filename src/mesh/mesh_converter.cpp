@@ -8,7 +8,7 @@
 #include "foundation/list.h"
 #include "mesh/block_reader.h"
 #include "mesh/float_text.h"
-#include "platform/streams.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

@@ -2,7 +2,7 @@
 // docs/file-formats.md draws both.
 #pragma once
 
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "mesh/block_reader.h"
-#include "platform/runtime_error.h"
-#include "platform/streams.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

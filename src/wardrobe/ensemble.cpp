@@ -4,11 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "foundation/game.h"
-#include "platform/files.h"
-#include "platform/replace_file.h"
-#include "platform/runtime_error.h"
-#include "platform/streams.h"
+#include "system/files.h"
+#include "system/replace_file.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {
@@ -60,10 +59,6 @@ void takeLines(std::string_view text, WardrobeFields& fields) {
 constexpr std::size_t kLargestFile = 1U << 20U;
 
 }  // namespace
-
-Path ensembleFolder() {
-    return ProgramFolder + "\\ENS";
-}
 
 void loadEnsemble(const Path& path, WardrobeFields& fields) {
     const int number = streams().freeSlot();

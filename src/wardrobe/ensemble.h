@@ -2,13 +2,10 @@
 // line's meaning is its number alone; docs/file-formats.md has the table.
 #pragma once
 
-#include "platform/path.h"
+#include "system/path.h"
 #include "wardrobe/wardrobe_fields.h"
 
 namespace marlowick {
-
-// The folder of the ensembles: program folder + "\ENS".
-Path ensembleFolder();
 
 // Puts the lines into the fields as they come. Files of earlier generations have 18 or 20 lines:
 // the fields of the missing ones stay as they are. A line ends at CR LF, CR or LF, the last one

@@ -1,12 +1,13 @@
 #include "wardrobe/frmENS.h"
 
 #include "foundation/error_trap.h"
-#include "platform/display_text.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
-#include "platform/messages.h"
+#include "foundation/folders.h"
+#include "system/files.h"
+#include "system/game_text.h"
 #include "ui_frmENS.h"
 #include "wardrobe/ensemble.h"
+#include "widgets/display_text.h"
+#include "widgets/messages.h"
 
 namespace marlowick {
 namespace {

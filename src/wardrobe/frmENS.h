@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/form.h"
-#include "platform/path.h"
+#include "system/path.h"
 #include "wardrobe/wardrobe_fields.h"
+#include "widgets/form.h"
 
 namespace Ui {
 class frmENS;

@@ -5,11 +5,12 @@
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "iff/safe_rewrite.h"
-#include "platform/display_text.h"
-#include "platform/input_guard.h"
-#include "platform/picture_box.h"
 #include "ui_frmEditPet.h"
-#include "wardrobe/editor_parts.h"
+#include "wardrobe/editor_parts_view.h"
+#include "wardrobe/user_file_save.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick {
 namespace {
@@ -135,7 +136,8 @@ void frmEditPet::cmdSave_Click() {
         }
         writePet(fields_, PetStrings);
         if (saveUserFile({UserFilePath, PetFile, PetStrings, fields_.txtName,
-                          writeUserTempWithoutBitmaps})) {
+                          writeUserTempWithoutBitmaps, BackupWanted})) {
+            tellSaved(fields_.txtName);
             close();
         }
     });

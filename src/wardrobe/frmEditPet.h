@@ -7,9 +7,9 @@
 #include "catalogue/chosen_skin.h"
 #include "iff/iff_file.h"
 #include "iff/string_segment.h"
-#include "platform/form.h"
-#include "platform/path.h"
+#include "system/path.h"
 #include "wardrobe/pet_fields.h"
+#include "widgets/form.h"
 
 namespace Ui {
 class frmEditPet;
@@ -25,6 +25,8 @@ class frmEditPet : public ModalForm, public ChosenSkin {
 
     // The pet's file; set before the window is shown.
     Path LoadUserFile;
+    // Whether a save copies the old file to the backups first; set likewise.
+    bool BackupWanted = true;
 
     void Form_Load() override;
     void Form_Activate() override;

@@ -4,24 +4,25 @@
 #include <array>
 
 #include "catalogue/frmSelectSkin.h"
-#include "catalogue/skin_folders.h"
 #include "catalogue/skin_image.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
+#include "foundation/folders.h"
 #include "foundation/game.h"
 #include "iff/safe_rewrite.h"
-#include "platform/display_text.h"
-#include "platform/files.h"
-#include "platform/input_guard.h"
-#include "platform/messages.h"
-#include "platform/picture_box.h"
-#include "platform/stock_pictures.h"
+#include "system/files.h"
 #include "ui_frmEditSim.h"
 #include "wardrobe/default_names.h"
-#include "wardrobe/editor_parts.h"
+#include "wardrobe/editor_parts_view.h"
 #include "wardrobe/frmENS.h"
 #include "wardrobe/user_backup.h"
+#include "wardrobe/user_file_save.h"
 #include "wardrobe/wardrobe_rows.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/messages.h"
+#include "widgets/picture_box.h"
+#include "widgets/stock_pictures.h"
 
 namespace marlowick {
 namespace {
@@ -344,10 +345,10 @@ void frmEditSim::defaultOutfit(const DefaultCommand& command) {
     const OutfitSlot& slot = outfitSlot(command.outfit);
     PictureBox& box = picture(slot.picture);
     box.setPicture(ui->picNotFound->picture());
-    for (const std::string_view folder : kSkinFolders) {
-        const bool tried = command.inThirdPack || folder != kExpansion3Skins;
+    for (const SkinFolder folder : skinFolders()) {
+        const bool tried = command.inThirdPack || folder != SkinFolder::Expansion3;
         if (tried && ignoringErrors([&] {
-                box.load((SimsPath + folder).child(fields_.*slot.skin + ".bmp"));
+                box.load(skinFolder(folder).child(fields_.*slot.skin + ".bmp"));
             })) {
             return;
         }
@@ -451,7 +452,9 @@ void frmEditSim::cmdSave_Click() {
             return;
         }
         writeWardrobe(fields_, wardrobe_);
-        if (saveUserFile({gstrUserFile, userFile_, wardrobe_, fields_.txtName, writeUserTemp})) {
+        if (saveUserFile({gstrUserFile, userFile_, wardrobe_, fields_.txtName, writeUserTemp,
+                          BackupWanted})) {
+            tellSaved(fields_.txtName);
             close();
         }
     });

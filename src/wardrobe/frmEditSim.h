@@ -8,9 +8,9 @@
 #include "catalogue/chosen_skin.h"
 #include "iff/iff_file.h"
 #include "iff/string_segment.h"
-#include "platform/form.h"
-#include "platform/path.h"
+#include "system/path.h"
 #include "wardrobe/wardrobe_fields.h"
+#include "widgets/form.h"
 
 namespace Ui {
 class frmEditSim;
@@ -28,6 +28,8 @@ class frmEditSim : public ModalForm, public ChosenSkin {
 
     // The sim's file; set before the window is shown.
     Path LoadUserFile;
+    // Whether a save copies the old file to the backups first; set likewise.
+    bool BackupWanted = true;
     bool ConfirmDelete = false;
 
     void Form_Load() override;

@@ -4,10 +4,10 @@
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
-#include "foundation/game.h"
-#include "platform/clock.h"
-#include "platform/files.h"
-#include "platform/game_text.h"
+#include "foundation/folders.h"
+#include "system/clock.h"
+#include "system/files.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {
@@ -45,7 +45,7 @@ std::string backupName(const Path& userFile, const std::string& simName, const s
 bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
     return trapped("frmEditSim", "msMakeUserBackup", [&] {
         CheckpointNumber = 1000;
-        const Path folder = ProgramFolder + "\\Backup";
+        const Path folder = backupFolder();
         if (!files().folderExists(folder)) {
             files().makeFolder(folder);
         }

@@ -4,7 +4,7 @@
 #include <ctime>
 #include <string>
 
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick {
 

@@ -73,6 +73,7 @@ inline constexpr int kVacationRows = 34;  // more: row 35 exists
 namespace row {
 inline constexpr int kAge = 1;
 inline constexpr int kNormal = 2;
+inline constexpr int kHead = 3;
 inline constexpr int kGender = 13;
 inline constexpr int kSkinTone = 15;
 inline constexpr int kNude = 16;

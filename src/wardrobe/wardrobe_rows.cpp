@@ -1,7 +1,7 @@
 #include "wardrobe/wardrobe_rows.h"
 
 #include "foundation/error_trap.h"
-#include "platform/game_text.h"
+#include "system/game_text.h"
 
 namespace marlowick {
 namespace {

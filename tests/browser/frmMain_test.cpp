@@ -14,15 +14,15 @@
 #include "catalogue/thumbnail_page.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "foundation/startup.h"
 #include "iff/string_segment.h"
-#include "platform/display_text.h"
-#include "platform/files.h"
-#include "platform/input_guard.h"
-#include "platform/picture_box.h"
-#include "platform/settings.h"
+#include "start/startup.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
+#include "system/files.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/picture_box.h"
+#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {

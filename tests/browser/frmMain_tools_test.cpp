@@ -7,14 +7,14 @@
 
 #include "browser/frmMain.h"
 #include "foundation/error_trap.h"
-#include "foundation/startup.h"
-#include "platform/display_text.h"
-#include "platform/input_guard.h"
-#include "platform/picture_box.h"
-#include "platform/settings.h"
+#include "start/startup.h"
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/picture_box.h"
+#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "browser/neighbourhoods.h"
-#include "platform/runtime_error.h"
-#include "platform/settings.h"
-#include "platform/streams.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
+#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {

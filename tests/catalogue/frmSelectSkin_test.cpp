@@ -13,13 +13,13 @@
 #include "catalogue/model_catalogue.h"
 #include "catalogue/thumbnail_page.h"
 #include "foundation/error_trap.h"
-#include "foundation/startup.h"
-#include "platform/input_guard.h"
-#include "platform/picture_box.h"
+#include "start/startup.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/window_driver.h"
+#include "widgets/input_guard.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "platform/streams.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/files.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

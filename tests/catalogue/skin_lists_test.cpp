@@ -4,10 +4,10 @@
 
 #include <set>
 
-#include "platform/files.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <QFile>
 
-#include "platform/streams.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "far/far_directory.h"
-#include "platform/runtime_error.h"
-#include "platform/streams.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

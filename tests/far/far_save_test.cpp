@@ -5,13 +5,13 @@
 #include <fstream>
 
 #include "foundation/error_trap.h"
-#include "platform/files.h"
-#include "platform/streams.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/files.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

@@ -9,13 +9,13 @@
 #include "far/manage_fars_test.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "platform/disk.h"
-#include "platform/display_text.h"
-#include "platform/folder_list.h"
-#include "platform/input_guard.h"
-#include "platform/picture_box.h"
-#include "platform/streams.h"
 #include "support/faulty_files.h"
+#include "system/disk.h"
+#include "system/streams.h"
+#include "widgets/display_text.h"
+#include "widgets/folder_list.h"
+#include "widgets/input_guard.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick {
 namespace {

@@ -13,11 +13,11 @@
 #include "far/manage_fars_test.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "platform/disk.h"
-#include "platform/display_text.h"
-#include "platform/input_guard.h"
-#include "platform/picture_box.h"
 #include "support/user_file_builder.h"
+#include "system/disk.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick {
 namespace {

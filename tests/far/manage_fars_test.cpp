@@ -2,10 +2,10 @@
 
 #include <QSignalSpy>
 
-#include "platform/disk.h"
-#include "platform/files.h"
-#include "platform/folder_list.h"
-#include "platform/picture_box.h"
+#include "system/disk.h"
+#include "system/files.h"
+#include "widgets/folder_list.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick::test {
 

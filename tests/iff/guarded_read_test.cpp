@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "iff/iff_file.h"
-#include "platform/files.h"
-#include "platform/streams.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/files.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

@@ -3,10 +3,10 @@
 #include "iff/iff_file.h"
 #include "iff/safe_rewrite.h"
 #include "iff/string_segment.h"
-#include "platform/streams.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "iff/iff_file.h"
-#include "platform/files.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

@@ -5,12 +5,12 @@
 #include <algorithm>
 
 #include "foundation/error_trap.h"
-#include "mesh_files.h"
-#include "platform/files.h"
-#include "platform/streams.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
+#include "support/mesh_files.h"
 #include "support/test_folder.h"
+#include "system/files.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

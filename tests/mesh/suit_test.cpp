@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "mesh_files.h"
-#include "platform/streams.h"
 #include "support/error_recorder.h"
+#include "support/mesh_files.h"
 #include "support/test_folder.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

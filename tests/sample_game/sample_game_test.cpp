@@ -9,9 +9,9 @@
 #include "far/far_directory.h"
 #include "foundation/game.h"
 #include "iff/iff_file.h"
-#include "mesh/head_files.h"
-#include "platform/files.h"
+#include "preview/head_files.h"
 #include "support/test_folder.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <QRadioButton>
 
-#include "platform/click_list.h"
-#include "platform/picture_box.h"
 #include "support/window_driver.h"
+#include "widgets/click_list.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick::test {
 

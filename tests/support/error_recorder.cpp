@@ -1,8 +1,8 @@
 #include "support/error_recorder.h"
 
 #include "foundation/error_trap.h"
-#include "foundation/startup.h"
-#include "platform/runtime_error.h"
+#include "start/startup.h"
+#include "system/runtime_error.h"
 
 namespace marlowick::test {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/runtime_error.h"
+#include "system/runtime_error.h"
 
 namespace marlowick::test {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "platform/files.h"
+#include "system/files.h"
 
 namespace marlowick::test {
 

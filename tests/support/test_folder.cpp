@@ -8,8 +8,8 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "platform/settings.h"
-#include "platform/streams.h"
+#include "system/streams.h"
+#include "widgets/settings.h"
 
 namespace marlowick::test {
 namespace fs = std::filesystem;

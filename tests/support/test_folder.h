@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/path.h"
+#include "system/path.h"
 
 namespace marlowick::test {
 

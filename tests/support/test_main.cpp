@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "foundation/startup.h"
+#include "start/startup.h"
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "foundation/game.h"
-#include "platform/display_text.h"
-#include "platform/input_guard.h"
-#include "platform/settings.h"
+#include "widgets/display_text.h"
+#include "widgets/input_guard.h"
+#include "widgets/settings.h"
 
 namespace marlowick::test {
 

@@ -13,8 +13,8 @@
 #include <functional>
 #include <vector>
 
-#include "platform/form.h"
 #include "support/test_folder.h"
+#include "widgets/form.h"
 
 namespace marlowick::test {
 

@@ -10,11 +10,11 @@
 #include <utility>
 #include <vector>
 
-#include "platform/clock.h"
-#include "platform/picture_box.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
+#include "system/clock.h"
 #include "wardrobe/frmEditSim.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick::test {
 
@@ -46,6 +46,7 @@ class EditSimTest : public WindowTest {
     void open(std::function<void(QWidget&)> action) {
         auto& editor = theWindow<frmEditSim>();
         editor.LoadUserFile = folder.path("game\\UserData\\characters\\user00001.iff");
+        editor.BackupWanted = backupWanted;
         script.whenShown("frmEditSim", std::move(action));
         editor.showModal();
         EXPECT_TRUE(script.isDone());
@@ -81,6 +82,7 @@ class EditSimTest : public WindowTest {
     }
 
     std::string content;
+    bool backupWanted = false;
 };
 
 }  // namespace marlowick::test

@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/runtime_error.h"
-#include "platform/streams.h"
+#include "foundation/folders.h"
 #include "support/faulty_files.h"
 #include "support/test_folder.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {

@@ -10,14 +10,14 @@
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "iff/iff_file.h"
-#include "platform/clock.h"
-#include "platform/settings.h"
-#include "platform/streams.h"
 #include "support/archive_builder.h"
 #include "support/chooser_driver.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
+#include "system/clock.h"
+#include "system/streams.h"
+#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {
@@ -100,6 +100,7 @@ class EditPetTest : public test::WindowTest {
     void open(std::function<void(QWidget&)> action) {
         auto& editor = theWindow<frmEditPet>();
         editor.LoadUserFile = folder.path("game\\UserData2\\characters\\user00007.iff");
+        editor.BackupWanted = backupWanted;
         script.whenShown("frmEditPet", std::move(action));
         editor.showModal();
         EXPECT_TRUE(script.isDone());
@@ -121,13 +122,8 @@ class EditPetTest : public test::WindowTest {
                find<PictureBox>(window, stock)->picture();
     }
 
-    void wantBackups(bool wanted) {
-        writeSetting(setting::kBackupSavedFile, wanted ? QStringLiteral("1") : QStringLiteral("0"));
-        test::installGame(folder);
-        theWindow<frmMain>().showMain();
-    }
-
     std::string content;
+    bool backupWanted = false;
 };
 
 TEST_F(EditPetTest, ShowsThePet) {
@@ -380,7 +376,7 @@ TEST_F(EditPetTest, ARowWithoutACommaIsReportedAsTheSimsWindowAndNeverSaved) {
 
 TEST_F(EditPetTest, TheBackupIsTheUnchangedFileUnderItsCleanedName) {
     makePet();
-    wantBackups(true);
+    backupWanted = true;
     open([this](QWidget& window) { saveAndAgree(window); });
     EXPECT_TRUE(folder.read("program/Backup/user00007iff_RexRex_UserData2_20260101_120000") ==
                 content);
@@ -389,7 +385,7 @@ TEST_F(EditPetTest, TheBackupIsTheUnchangedFileUnderItsCleanedName) {
 
 TEST_F(EditPetTest, WithoutABackupNoneIsMade) {
     makePet();
-    wantBackups(false);
+    backupWanted = false;
     open([this](QWidget& window) { saveAndAgree(window); });
     EXPECT_FALSE(folder.exists("program/Backup"));
     EXPECT_FALSE(folder.read(kPetFile) == content);
@@ -397,7 +393,7 @@ TEST_F(EditPetTest, WithoutABackupNoneIsMade) {
 
 TEST_F(EditPetTest, AFailedBackupEndsTheSave) {
     makePet();
-    wantBackups(true);
+    backupWanted = true;
     folder.write("program/Backup", "a file where the folder should be");
     const test::ErrorRecorder recorder;
     open([&](QWidget& window) {
@@ -431,7 +427,7 @@ TEST_F(EditPetTest, AReadOnlyFileIsError75AndUnchanged) {
 
 TEST_F(EditPetTest, ASaveThatStopsAnywhereLeavesTheOldFileOrTheNewOne) {
     makePet();
-    wantBackups(true);
+    backupWanted = true;
     open([this](QWidget& window) { saveAndAgree(window); });
     const std::string saved = folder.read(kPetFile);
     for (int step = 1; step <= 40; ++step) {

@@ -4,12 +4,12 @@
 #include "browser/frmMain.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "foundation/startup.h"
-#include "platform/settings.h"
-#include "platform/streams.h"
+#include "start/startup.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
+#include "system/streams.h"
 #include "wardrobe/edit_sim_test.h"
+#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {
@@ -29,12 +29,6 @@ std::string inWords(const Report& report) {
 
 class EditSimFailuresTest : public EditSimTest {
   protected:
-    void wantBackups(bool wanted) {
-        writeSetting(setting::kBackupSavedFile, wanted ? QStringLiteral("1") : QStringLiteral("0"));
-        test::installGame(folder);
-        theWindow<frmMain>().showMain();
-    }
-
     // Opens the window, presses Save, closes it; nothing may be asked, nothing may change.
     std::vector<std::string> reportsOfALoadThatNeverSaves() {
         const std::string before = folder.read(kFile);
@@ -150,7 +144,7 @@ TEST_F(EditSimFailuresTest, ASimThatIsGoneMeanwhileDoesNotComeBack) {
 
 TEST_F(EditSimFailuresTest, WithoutItsBackupASaveEnds) {
     makeSim();
-    wantBackups(true);
+    backupWanted = true;
     folder.write("program/Backup", "a file where the folder should be");
     const test::ErrorRecorder recorder;
     open([this](QWidget& window) {

@@ -11,17 +11,17 @@
 #include "browser/frmMain.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "foundation/startup.h"
-#include "platform/files.h"
-#include "platform/input_guard.h"
-#include "platform/picture_box.h"
-#include "platform/settings.h"
-#include "platform/streams.h"
+#include "start/startup.h"
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
+#include "system/files.h"
+#include "system/streams.h"
 #include "wardrobe/edit_sim_test.h"
 #include "wardrobe/wardrobe_fields.h"
+#include "widgets/input_guard.h"
+#include "widgets/picture_box.h"
+#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {
@@ -291,11 +291,26 @@ TEST_F(EditSimTest, CancelAndEscLeaveNoTraceOfAChange) {
     });
 }
 
+TEST_F(EditSimTest, TheMainWindowsMenuSaysWhetherABackupIsWanted) {
+    test::installGame(folder);
+    for (const char* wanted : {"0", "1"}) {
+        makeSim();
+        writeSetting(setting::kBackupSavedFile, QString::fromLatin1(wanted));
+        writeSetting(setting::kLastNeighborhood, "Neighborhood 01   (UserData)");
+        auto& main = theWindow<frmMain>();
+        main.showMain();
+        script.whenShown("frmEditSim", [this](QWidget& window) { saveAndAgree(window); });
+        click(main, "cmdSelect");
+        EXPECT_TRUE(script.isDone());
+        EXPECT_FALSE(folder.read(kFile) == content);
+        EXPECT_EQ(folder.exists("program/Backup"), *wanted == '1');
+        destroyWindows();
+    }
+}
+
 TEST_F(EditSimTest, ABackupOfTheOldFileIsMadeIfWanted) {
     makeSim();
-    writeSetting(setting::kBackupSavedFile, "1");
-    test::installGame(folder);
-    theWindow<frmMain>().showMain();
+    backupWanted = true;
     open([this](QWidget& window) { saveAndAgree(window); });
     const std::vector<std::string> backups = searchFiles(folder.path("program\\Backup"), "*");
     ASSERT_EQ(backups, std::vector<std::string>{"user00001iff_MaraQuill_UserData_20260101_120000"});
@@ -304,9 +319,7 @@ TEST_F(EditSimTest, ABackupOfTheOldFileIsMadeIfWanted) {
 
 TEST_F(EditSimTest, WithoutTheWishThereIsNoBackupAndNoFolder) {
     makeSim();
-    writeSetting(setting::kBackupSavedFile, "0");
-    test::installGame(folder);
-    theWindow<frmMain>().showMain();
+    backupWanted = false;
     open([this](QWidget& window) { saveAndAgree(window); });
     EXPECT_FALSE(folder.exists("program/Backup"));
     EXPECT_FALSE(folder.read(kFile) == content);
@@ -358,9 +371,7 @@ TEST_F(EditSimTest, AReadOnlyFileIsErrorSeventyFiveAtTheLastStageAndUnchanged) {
 // nothing of success, and the sim's file is as it was.
 TEST_F(EditSimTest, ASaveEndsAfterAnyFailedStep) {
     makeSim();
-    writeSetting(setting::kBackupSavedFile, "1");
-    test::installGame(folder);
-    theWindow<frmMain>().showMain();
+    backupWanted = true;
     int steps = 0;
     for (int failAt = 1; failAt <= 40; ++failAt) {
         std::filesystem::remove_all(folder.program() / "Backup");

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/clock.h"
-#include "platform/files.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
+#include "system/clock.h"
+#include "system/files.h"
 
 namespace marlowick {
 namespace {

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "foundation/error_trap.h"
-#include "platform/runtime_error.h"
 #include "support/error_recorder.h"
 #include "support/user_file_builder.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {

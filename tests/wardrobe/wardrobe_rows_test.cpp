@@ -4,8 +4,8 @@
 
 #include <map>
 
-#include "platform/runtime_error.h"
 #include "support/user_file_builder.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {

@@ -15,20 +15,20 @@
 #include <algorithm>
 
 #include "browser/frmMain.h"
+#include "browser/frmSetPath.h"
 #include "catalogue/frmSelectSkin.h"
 #include "far/frmManageFARs.h"
 #include "foundation/error_trap.h"
-#include "foundation/frmSetPath.h"
-#include "foundation/frmTitle.h"
 #include "foundation/game.h"
-#include "platform/messages.h"
-#include "platform/picture_box.h"
+#include "start/frmTitle.h"
 #include "support/archive_builder.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
 #include "wardrobe/frmENS.h"
 #include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
+#include "widgets/messages.h"
+#include "widgets/picture_box.h"
 
 namespace marlowick {
 namespace {

@@ -4,9 +4,9 @@
 #include <QDir>
 #include <cstdio>
 
-#include "platform/display_text.h"
-#include "platform/files.h"
-#include "platform/settings.h"
+#include "system/files.h"
+#include "widgets/display_text.h"
+#include "widgets/settings.h"
 
 int main(int argc, char** argv) {
     using namespace marlowick;

@@ -15,8 +15,8 @@
 #include <cstdlib>
 #include <utility>
 
-#include "platform/form.h"
-#include "platform/input_guard.h"
+#include "widgets/form.h"
+#include "widgets/input_guard.h"
 
 namespace marlowick::tour {
 namespace {

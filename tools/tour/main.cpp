@@ -13,11 +13,11 @@
 #include "driver.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
-#include "foundation/startup.h"
-#include "platform/display_text.h"
-#include "platform/form.h"
-#include "platform/settings.h"
+#include "start/startup.h"
 #include "user_file_report.h"
+#include "widgets/display_text.h"
+#include "widgets/form.h"
+#include "widgets/settings.h"
 
 namespace {
 

@@ -1,0 +1,65 @@
+#include "start/startup.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "start/frmErrorDialog.h"
+#include "start/frmTitle.h"
+#include "system/files.h"
+#include "widgets/display_text.h"
+#include "widgets/look.h"
+#include "widgets/messages.h"
+
+// Pictures in a static library have to be asked for by name, and outside of any namespace.
+static void loadResources() {
+    Q_INIT_RESOURCE(marlowick);
+}
+
+namespace marlowick {
+namespace {
+
+void warnOfReadOnlyFolder() {
+    if (files().canWriteInto(ProgramFolder)) {
+        return;
+    }
+    showMessage(QStringLiteral("Program Folder Can Not Be Written"), MessageIcon::Exclamation,
+                MessageButtons::Ok,
+                QStringLiteral("Marlowick can not write into its own folder:\n%1\n"
+                               "It keeps pictures, backups and the files that it saves there. "
+                               "Please move the program to a folder that you can write into.")
+                    .arg(toDisplay(ProgramFolder)));
+}
+
+}  // namespace
+
+void prepareApplication() {
+    keepSystemBoxesAway();
+    loadResources();
+    QApplication::setApplicationName(QStringLiteral("Marlowick"));
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setQuitOnLastWindowClosed(false);
+    applyLook();
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/icons/marlowick-%1.png").arg(size));
+    }
+    QApplication::setWindowIcon(icon);
+    installErrorWindow();
+}
+
+void installErrorWindow() {
+    setErrorTrap([] { theWindow<frmErrorDialog>().showModal(); });
+}
+
+void findProgramFolder() {
+    ProgramFolder = toPath(QCoreApplication::applicationDirPath().replace('/', '\\'));
+}
+
+void startProgram() {
+    warnOfReadOnlyFolder();
+    theWindow<frmTitle>().showModal();
+}
+
+}  // namespace marlowick

@@ -1,0 +1,33 @@
+#include "system/clock.h"
+
+#include <utility>
+
+namespace marlowick {
+namespace {
+
+std::function<std::tm()>& clockInUse() {
+    static std::function<std::tm()> clock;
+    return clock;
+}
+
+}  // namespace
+
+std::tm localTime() {
+    if (clockInUse()) {
+        return clockInUse()();
+    }
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &now);
+#else
+    localtime_r(&now, &local);
+#endif
+    return local;
+}
+
+void setClock(std::function<std::tm()> clock) {
+    clockInUse() = std::move(clock);
+}
+
+}  // namespace marlowick

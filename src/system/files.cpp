@@ -1,0 +1,80 @@
+#include "system/files.h"
+
+#include "system/game_text.h"
+#include "system/runtime_error.h"
+
+namespace marlowick {
+namespace {
+
+FileSystem* inUse = nullptr;
+
+constexpr std::size_t kBlock = 1U << 18U;
+
+std::vector<std::string> search(const Path& folder, std::string_view mask, bool folders) {
+    std::vector<std::string> names;
+    for (FolderEntry& entry : files().list(folder)) {
+        if ((folders || !entry.isFolder) && matchesMask(entry.name, mask)) {
+            names.push_back(std::move(entry.name));
+        }
+    }
+    return names;
+}
+
+}  // namespace
+
+FileSystem& files() {
+    return inUse != nullptr ? *inUse : nativeFileSystem();
+}
+
+FileSystem* setFileSystem(FileSystem* fileSystem) {
+    FileSystem* before = inUse;
+    inUse = fileSystem;
+    return before;
+}
+
+std::vector<std::string> searchFiles(const Path& folder, std::string_view mask) {
+    return search(folder, mask, false);
+}
+
+std::vector<std::string> searchFilesAndFolders(const Path& folder, std::string_view mask) {
+    return search(folder, mask, true);
+}
+
+std::string readWholeFile(const Path& path) {
+    const std::unique_ptr<File> file = files().open(path, OpenMode::Input);
+    std::string content(static_cast<std::size_t>(file->size()), '\0');
+    content.resize(file->read(content.data(), content.size()));
+    return content;
+}
+
+void writeWholeFile(const Path& path, std::string_view content) {
+    files().open(path, OpenMode::Output)->write(content);
+}
+
+void copyFile(const Path& source, const Path& target) {
+    const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
+    const std::unique_ptr<File> to = files().open(target, OpenMode::Output);
+    std::string block(kBlock, '\0');
+    for (;;) {
+        const std::size_t count = from->read(block.data(), block.size());
+        if (count == 0) {
+            break;
+        }
+        to->write(std::string_view(block).substr(0, count));
+    }
+}
+
+void removeIfPresent(const Path& path) {
+    if (files().fileExists(path)) {
+        files().remove(path);
+    }
+}
+
+void clearAndRemove(const Path& path) {
+    if (files().fileExists(path)) {
+        files().clearAttributes(path);
+        files().remove(path);
+    }
+}
+
+}  // namespace marlowick

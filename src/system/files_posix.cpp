@@ -1,0 +1,381 @@
+// The file system of Linux and its kin. It looks names up without regard to
+// letter case, as the game's own platform does, and takes the owner's write
+// permission for the read-only mark.
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "system/files.h"
+#include "system/folder_order.h"
+#include "system/runtime_error.h"
+
+namespace marlowick {
+namespace {
+
+std::string nativeText(const Path& path) {
+    std::string native = path.text();
+    std::replace(native.begin(), native.end(), '\\', '/');
+    return native;
+}
+
+bool isFolderAt(const std::string& native) {
+    struct stat status {};
+    return ::stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool isPresent(const std::string& native) {
+    struct stat status {};
+    return ::lstat(native.c_str(), &status) == 0;
+}
+
+std::vector<NativeEntry> readFolder(const std::string& native) {
+    std::vector<NativeEntry> entries;
+    DIR* handle = ::opendir(native.empty() ? "." : native.c_str());
+    if (handle == nullptr) {
+        return entries;
+    }
+    while (const dirent* entry = ::readdir(handle)) {
+        const std::string name = entry->d_name;
+        if (name == "." || name == "..") {
+            continue;
+        }
+        const bool unsure = entry->d_type == DT_UNKNOWN || entry->d_type == DT_LNK;
+        const bool folder = unsure ? isFolderAt(native + "/" + name) : entry->d_type == DT_DIR;
+        entries.push_back({name, folder});
+    }
+    ::closedir(handle);
+    return entries;
+}
+
+// The name of an entry of a folder that equals the wanted one but for case; empty if none does.
+std::string findIgnoringCase(const std::string& folder, const std::string& wanted) {
+    const std::u16string folded = foldedName(wanted);
+    std::string best;
+    for (const NativeEntry& entry : readFolder(folder)) {
+        if (foldedName(entry.name) == folded && (best.empty() || entry.name < best)) {
+            best = entry.name;
+        }
+    }
+    return best;
+}
+
+// The path as the machine wants it. Pieces that don't exist stay as they are written.
+std::string resolve(const Path& path) {
+    std::string native = nativeText(path);
+    if (isPresent(native)) {
+        return native;
+    }
+    const std::size_t lastSlash = native.rfind('/');
+    if (native.ends_with(kNewFileEnding) && lastSlash != std::string::npos) {
+        return resolve(Path(native.substr(0, lastSlash))) + native.substr(lastSlash);
+    }
+    std::string found = native.starts_with('/') ? "/" : "";
+    std::size_t start = 0;
+    bool missing = false;
+    while (start < native.size()) {
+        const std::size_t slash = std::min(native.find('/', start), native.size());
+        const std::string piece = native.substr(start, slash - start);
+        start = slash + 1;
+        if (piece.empty()) {
+            continue;
+        }
+        std::string name = piece;
+        if (!missing && !isPresent(std::string(found).append(piece))) {
+            name = findIgnoringCase(found, piece);
+            if (name.empty()) {
+                missing = true;
+                name = piece;
+            }
+        }
+        found += name;
+        if (start <= native.size()) {
+            found += '/';
+        }
+    }
+    return found;
+}
+
+int numberOfErrno(int code) {
+    struct Row {
+        int code;
+        int number;
+    };
+    static constexpr std::array<Row, 13> kRows = {{
+        {ENOENT, error::kFileNotFound},
+        {ENOTDIR, error::kPathNotFound},
+        {EACCES, error::kPathFileAccess},
+        {EPERM, error::kPathFileAccess},
+        {EROFS, error::kPathFileAccess},
+        {EISDIR, error::kPathFileAccess},
+        {EEXIST, error::kFileAlreadyExists},
+        {ENOSPC, error::kDiskFull},
+        {EDQUOT, error::kDiskFull},
+        {EMFILE, error::kTooManyFiles},
+        {ETXTBSY, error::kPermissionDenied},
+        {EBUSY, error::kPermissionDenied},
+        {ENAMETOOLONG, error::kBadFileName},
+    }};
+    for (const Row& row : kRows) {
+        if (row.code == code) {
+            return row.number;
+        }
+    }
+    return error::kDeviceIo;
+}
+
+[[noreturn]] void fail(int code, const std::string& native) {
+    if (code == ENOENT) {
+        const std::size_t slash = native.rfind('/');
+        const std::string folder = slash == std::string::npos ? "." : native.substr(0, slash + 1);
+        throw RuntimeError(isFolderAt(folder) ? error::kFileNotFound : error::kPathNotFound);
+    }
+    throw RuntimeError(numberOfErrno(code));
+}
+
+bool hasReadOnlyMark(const struct stat& status) {
+    return (status.st_mode & S_IWUSR) == 0;
+}
+
+class PosixFile : public File {
+  public:
+    PosixFile(int handle, bool writable) : handle_(handle), writable_(writable) {}
+    ~PosixFile() override { ::close(handle_); }
+    PosixFile(const PosixFile&) = delete;
+    PosixFile& operator=(const PosixFile&) = delete;
+
+    std::size_t read(char* data, std::size_t size) override {
+        std::size_t done = 0;
+        while (done < size) {
+            const ssize_t count = ::read(handle_, data + done, size - done);
+            if (count < 0 && errno == EINTR) {
+                continue;
+            }
+            if (count < 0) {
+                throw RuntimeError(numberOfErrno(errno));
+            }
+            if (count == 0) {
+                break;
+            }
+            done += static_cast<std::size_t>(count);
+        }
+        return done;
+    }
+
+    void write(std::string_view data) override {
+        if (!writable_) {
+            throw RuntimeError(error::kPathFileAccess);
+        }
+        while (!data.empty()) {
+            const ssize_t count = ::write(handle_, data.data(), data.size());
+            if (count < 0 && errno == EINTR) {
+                continue;
+            }
+            if (count < 0) {
+                throw RuntimeError(numberOfErrno(errno));
+            }
+            data.remove_prefix(static_cast<std::size_t>(count));
+        }
+    }
+
+    void seek(std::int64_t position) override {
+        if (position < 0) {
+            throw RuntimeError(error::kBadRecordNumber);
+        }
+        if (::lseek(handle_, position, SEEK_SET) < 0) {
+            throw RuntimeError(error::kDeviceIo);
+        }
+    }
+
+    std::int64_t position() override { return ::lseek(handle_, 0, SEEK_CUR); }
+
+    std::int64_t size() override {
+        struct stat status {};
+        if (::fstat(handle_, &status) != 0) {
+            throw RuntimeError(error::kDeviceIo);
+        }
+        return status.st_size;
+    }
+
+    void flush() override {
+        if (::fsync(handle_) != 0) {
+            throw RuntimeError(numberOfErrno(errno));
+        }
+    }
+
+  private:
+    int handle_;
+    bool writable_;
+};
+
+class PosixFileSystem : public FileSystem {
+  public:
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        const std::string native = resolve(path);
+        struct stat status {};
+        const bool exists = ::stat(native.c_str(), &status) == 0;
+        if (exists && !S_ISREG(status.st_mode)) {
+            throw RuntimeError(error::kPathFileAccess);
+        }
+        const bool readOnly = exists && hasReadOnlyMark(status);
+        switch (mode) {
+            case OpenMode::Input:
+                return make(native, O_RDONLY, false);
+            case OpenMode::Output:
+                if (readOnly) {
+                    throw RuntimeError(error::kPathFileAccess);
+                }
+                return make(native, O_WRONLY | O_CREAT | O_TRUNC, true);
+            case OpenMode::CreateNew:
+                return make(native, O_WRONLY | O_CREAT | O_EXCL, true);
+            case OpenMode::Binary:
+                break;
+        }
+        if (!exists) {
+            return make(native, O_RDWR | O_CREAT, true);
+        }
+        if (!readOnly) {
+            const int handle = ::open(native.c_str(), O_RDWR | O_CLOEXEC);
+            if (handle >= 0) {
+                return std::make_unique<PosixFile>(handle, true);
+            }
+            if (errno != EACCES && errno != EROFS && errno != EPERM && errno != ETXTBSY) {
+                fail(errno, native);
+            }
+        }
+        return make(native, O_RDONLY, false);
+    }
+
+    std::vector<FolderEntry> list(const Path& folder) override {
+        return inFolderOrder(readFolder(resolve(folder)));
+    }
+
+    bool fileExists(const Path& path) override {
+        struct stat status {};
+        return ::stat(resolve(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+    }
+
+    bool folderExists(const Path& path) override { return isFolderAt(resolve(path)); }
+
+    std::int64_t length(const Path& path) override {
+        const std::string native = resolve(path);
+        struct stat status {};
+        if (::stat(native.c_str(), &status) != 0) {
+            fail(errno, native);
+        }
+        if (S_ISDIR(status.st_mode)) {
+            throw RuntimeError(error::kFileNotFound);
+        }
+        return status.st_size;
+    }
+
+    void remove(const Path& path) override {
+        const std::string native = resolve(path);
+        struct stat status {};
+        if (::stat(native.c_str(), &status) == 0) {
+            if (S_ISDIR(status.st_mode)) {
+                throw RuntimeError(error::kFileNotFound);
+            }
+            if (hasReadOnlyMark(status)) {
+                throw RuntimeError(error::kPathFileAccess);
+            }
+        }
+        if (::unlink(native.c_str()) != 0) {
+            fail(errno, native);
+        }
+    }
+
+    void makeFolder(const Path& path) override {
+        const std::string native = resolve(path);
+        if (::mkdir(native.c_str(), 0777) != 0) {
+            throw RuntimeError(errno == ENOENT ? error::kPathNotFound : error::kPathFileAccess);
+        }
+    }
+
+    bool isReadOnly(const Path& path) override {
+        struct stat status {};
+        return ::stat(resolve(path).c_str(), &status) == 0 && hasReadOnlyMark(status);
+    }
+
+    void clearAttributes(const Path& path) override {
+        const std::string native = resolve(path);
+        struct stat status {};
+        if (::stat(native.c_str(), &status) == 0 && hasReadOnlyMark(status) &&
+            ::chmod(native.c_str(), (status.st_mode & 07777U) | S_IWUSR) != 0) {
+            fail(errno, native);
+        }
+    }
+
+    void copyAttributes(const Path& source, const Path& target) override {
+        struct stat status {};
+        const std::string native = resolve(target);
+        if (::stat(resolve(source).c_str(), &status) != 0) {
+            return;
+        }
+        // The owner can be kept by a superuser alone; for anybody else it is the same already.
+        if (::chown(native.c_str(), status.st_uid, status.st_gid) != 0) {
+            errno = 0;
+        }
+        if (::chmod(native.c_str(), status.st_mode & 07777U) != 0) {
+            fail(errno, native);
+        }
+    }
+
+    Path followLinks(const Path& path) override {
+        std::array<char, PATH_MAX> buffer{};
+        const char* real = ::realpath(resolve(path).c_str(), buffer.data());
+        if (real == nullptr) {
+            return path;
+        }
+        std::string text = real;
+        std::replace(text.begin(), text.end(), '/', '\\');
+        return Path(text);
+    }
+
+    void rename(const Path& source, const Path& target) override {
+        const std::string to = resolve(target);
+        if (std::rename(resolve(source).c_str(), to.c_str()) != 0) {
+            fail(errno, to);
+        }
+        const std::size_t slash = to.rfind('/');
+        const std::string folder = slash == std::string::npos ? "." : to.substr(0, slash + 1);
+        const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (handle >= 0) {
+            ::fsync(handle);
+            ::close(handle);
+        }
+    }
+
+    bool canWriteInto(const Path& folder) override {
+        return ::access(resolve(folder).c_str(), W_OK | X_OK) == 0;
+    }
+
+  private:
+    static std::unique_ptr<File> make(const std::string& native, int flags, bool writable) {
+        const int handle = ::open(native.c_str(), flags | O_CLOEXEC, 0666);
+        if (handle < 0) {
+            fail(errno, native);
+        }
+        return std::make_unique<PosixFile>(handle, writable);
+    }
+};
+
+}  // namespace
+
+void keepSystemBoxesAway() {}
+
+FileSystem& nativeFileSystem() {
+    static PosixFileSystem instance;
+    return instance;
+}
+
+}  // namespace marlowick

@@ -1,0 +1,82 @@
+#include "system/replace_file.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "system/files.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::size_t kBlock = 32768;
+
+void copyAll(const Path& source, File& to, const std::function<void()>& afterBlock) {
+    const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
+    std::string block(kBlock, '\0');
+    for (;;) {
+        const std::size_t count = from->read(block.data(), block.size());
+        if (count == 0) {
+            return;
+        }
+        to.write(std::string_view(block).substr(0, count));
+        if (afterBlock) {
+            afterBlock();
+        }
+    }
+}
+
+void makeBeside(const Path& beside, const std::function<void(File&)>& fill) {
+    const std::unique_ptr<File> to = files().open(beside, OpenMode::CreateNew);
+    fill(*to);
+    to->flush();
+}
+
+void discard(const Path& beside) {
+    try {
+        clearAndRemove(beside);
+    } catch (const RuntimeError&) {
+        // The first failure is the one to report; the leftover harms nobody.
+    }
+}
+
+void replaceWith(const std::function<void(File&)>& fill, const Path& target,
+                 ReadOnlyTarget readOnly) {
+    streams().letGo(target);
+    const bool exists = files().fileExists(target);
+    if (exists && readOnly == ReadOnlyTarget::Refuse && files().isReadOnly(target)) {
+        throw RuntimeError(error::kPathFileAccess);
+    }
+    const Path place = exists ? files().followLinks(target) : target;
+    const Path beside = place + kNewFileEnding;
+    clearAndRemove(beside);
+    try {
+        makeBeside(beside, fill);
+        if (exists) {
+            files().copyAttributes(place, beside);
+            if (readOnly == ReadOnlyTarget::Replace) {
+                files().clearAttributes(beside);
+            }
+        }
+        files().rename(beside, place);
+    } catch (...) {
+        const RuntimeError failure = currentError();
+        discard(beside);
+        throw RuntimeError(failure);
+    }
+}
+
+}  // namespace
+
+void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                 const std::function<void()>& afterBlock) {
+    replaceWith([&](File& to) { copyAll(source, to, afterBlock); }, target, readOnly);
+}
+
+void replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly) {
+    replaceWith([&](File& to) { to.write(content); }, target, readOnly);
+}
+
+}  // namespace marlowick

@@ -1,0 +1,29 @@
+// The one way in which a player's file gets new content.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "system/path.h"
+
+namespace marlowick {
+
+enum class ReadOnlyTarget {
+    Refuse,   // a read-only target is error 75 and stays as it is
+    Replace,  // the new file has normal attributes, whatever the old one's are
+};
+
+// Gives target the content of source. The content is first put whole into a new file beside the
+// target, flushed to the disk, and then takes the target's name in one step: at every moment the
+// target is the old file or the new one. source stays. The target keeps its access rights.
+// The program's own leftover handles on the target are let go first.
+// Raises 75 for a read-only target (Refuse), and whatever a step of the work raises; the target is
+// then untouched and the new file beside it is removed as far as possible.
+// afterBlock runs behind each block that was copied.
+void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                 const std::function<void()>& afterBlock = {});
+
+// The same with content from memory.
+void replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly);
+
+}  // namespace marlowick

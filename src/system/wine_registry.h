@@ -1,0 +1,34 @@
+// The registry as Wine keeps it: a text file of the prefix, "system.reg", with the keys of
+// HKEY_LOCAL_MACHINE. Its bytes may be anything; nothing here raises an error.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "system/path.h"
+
+namespace marlowick {
+
+// A plain text value ("name"="text") of a key, as UTF-8; the first one that fits if the file holds
+// several. Key and name are UTF-8 and blind to case; the key starts below the root, as in
+// "Software\\Wine". Nothing if the file has no such key, or the key no such value or one of
+// another type, or if the text doesn't end.
+std::optional<std::string> wineRegistryText(std::string_view systemReg, std::string_view key,
+                                            std::string_view valueName);
+
+// A text value of HKEY_LOCAL_MACHINE as a 32-bit program sees it that runs in the default prefix
+// (".wine") of the home folder: the key's 32-bit form is looked up first, then the key itself. A
+// text that begins with a drive letter is turned into a path of this machine through the prefix's
+// folder "dosdevices". length is the size of the caller's buffer in bytes with the zero byte, which
+// the text must fit into as a game text; what follows a zero byte in the text is left out. "ERROR"
+// if there is no such value, it is too long, it isn't empty and no path, its drive doesn't exist,
+// or the registry is no file of an ordinary size.
+std::string wineRegistryPath(const Path& home, std::string_view key, std::string_view valueName,
+                             int length);
+
+// The key under which a 32-bit program finds what it asks for on a 64-bit system:
+// "Software\\Maxis" becomes "Software\\Wow6432Node\\Maxis". Other keys stay.
+std::string keyOf32Bit(std::string_view key);
+
+}  // namespace marlowick

@@ -1,0 +1,44 @@
+#include "wardrobe/editor_parts_view.h"
+
+#include "foundation/error_trap.h"
+#include "foundation/game.h"
+#include "widgets/display_text.h"
+#include "widgets/messages.h"
+#include "widgets/picture_box.h"
+#include "widgets/stock_pictures.h"
+
+namespace marlowick {
+
+QImage notFoundCard() {
+    return wordCard(
+        {256, 256},
+        QStringLiteral("The bitmap can not be displayed.\n\nIt was not found, is compressed or is "
+                       "invalid."),
+        16);
+}
+
+QImage webNotFoundCard() {
+    return questionCard({44, 44});
+}
+
+QImage noBitmapsCard() {
+    return wordCard({200, 40}, QStringLiteral("Bitmap not present in sim IFF file"), 11);
+}
+
+void showPortrait(const Portrait& portrait) {
+    if (!ignoringErrors([&] { portrait.picture->load(ProgramFolder + portrait.file); })) {
+        portrait.picture->setPicture(portrait.stock->picture());
+    }
+}
+
+bool saveWanted(const std::string& name) {
+    return confirmAction(QStringLiteral("Make changes to ") + toDisplay(name) +
+                         QStringLiteral("?\nAre You Sure?"));
+}
+
+void tellSaved(const std::string& name) {
+    showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
+                toDisplay(name) + QStringLiteral(" has been saved."));
+}
+
+}  // namespace marlowick

@@ -1,0 +1,32 @@
+// What the windows of a sim and of a pet show alike.
+#pragma once
+
+#include <QImage>
+#include <string>
+
+namespace marlowick {
+
+class PictureBox;
+
+// The stock pictures: a skin that is nowhere or can't be shown, and portraits that the file doesn't
+// hold.
+QImage notFoundCard();
+QImage webNotFoundCard();
+QImage noBitmapsCard();
+
+// A portrait, the file in the program folder that gsDumpBMPs leaves it in, and what shows without
+// it.
+struct Portrait {
+    PictureBox* picture;
+    const char* file;
+    const PictureBox* stock;
+};
+void showPortrait(const Portrait& portrait);
+
+// Asks whether changes to a sim or pet of that name are to be saved.
+bool saveWanted(const std::string& name);
+
+// Tells that it has been saved.
+void tellSaved(const std::string& name);
+
+}  // namespace marlowick

@@ -1,0 +1,87 @@
+#include "widgets/click_list.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+#include <utility>
+
+#include "system/game_text.h"
+#include "widgets/display_text.h"
+
+namespace marlowick {
+namespace {
+
+// A line whose tool tip tells it whole, also after its text has changed.
+class Line : public QListWidgetItem {
+  public:
+    using QListWidgetItem::QListWidgetItem;
+
+    QVariant data(int role) const override {
+        return role == Qt::ToolTipRole ? toToolTip(text()) : QListWidgetItem::data(role);
+    }
+};
+
+}  // namespace
+
+void ClickList::setLines(const std::vector<std::string>& gameTexts) {
+    clear();
+    for (const std::string& text : gameTexts) {
+        addItem(new Line(toDisplay(text)));
+    }
+}
+
+std::string ClickList::line() const {
+    const QList<QListWidgetItem*> chosen = selectedItems();
+    return chosen.isEmpty() ? std::string() : toGameText(chosen.first()->text());
+}
+
+QItemSelectionModel::SelectionFlags ClickList::selectionCommand(const QModelIndex& index,
+                                                                const QEvent* event) const {
+    if (selectionMode() != SingleSelection) {
+        return QListWidget::selectionCommand(index, event);
+    }
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+void ClickList::mousePressEvent(QMouseEvent* event) {
+    pressed_ = true;
+    QListWidget::mousePressEvent(event);
+}
+
+void ClickList::mouseReleaseEvent(QMouseEvent* event) {
+    QListWidget::mouseReleaseEvent(event);
+    if (std::exchange(pressed_, false) && !selectedItems().isEmpty()) {
+        Q_EMIT lineClicked();
+    }
+}
+
+// Where nothing is chosen yet, the first arrow chooses the line that the list stands on; else the
+// first line could hardly be reached, and a single line not at all.
+void ClickList::keyPressEvent(QKeyEvent* event) {
+    const bool arrow =
+        event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_Home;
+    if (arrow && selectionMode() == SingleSelection && currentItem() != nullptr &&
+        selectedItems().isEmpty()) {
+        setCurrentItem(currentItem());
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+}
+
+// A list that takes the focus makes a line current without selecting it: nothing is chosen then.
+void ClickList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListWidget::selectionChanged(selected, deselected);
+    if (!pressed_ && !selected.isEmpty()) {
+        Q_EMIT lineClicked();
+    }
+}
+
+std::vector<std::string> sortedLines(std::vector<std::string> gameTexts) {
+    std::stable_sort(gameTexts.begin(), gameTexts.end(),
+                     [](const std::string& left, const std::string& right) {
+                         return compareIgnoringCase(left, right) < 0;
+                     });
+    return gameTexts;
+}
+
+}  // namespace marlowick

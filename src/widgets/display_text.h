@@ -1,0 +1,25 @@
+// The one place where texts of the game and of the program become texts of the
+// screen and back.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "system/path.h"
+
+namespace marlowick {
+
+// Game text (Windows-1252 bytes) to a text on the screen, and back; a character
+// without a byte becomes "?".
+QString toDisplay(std::string_view gameText);
+std::string toGameText(const QString& text);
+
+// A text as the tool tip that shows it: what looks like markup ("<b>") is shown as it stands.
+QString toToolTip(const QString& text);
+
+// A path as a person reads it, and a path from a text box.
+QString toDisplay(const Path& path);
+Path toPath(const QString& text);
+
+}  // namespace marlowick

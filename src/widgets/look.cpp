@@ -1,0 +1,64 @@
+#include "widgets/look.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
+#include <QProxyStyle>
+#include <QStringList>
+#include <QStyleOption>
+#include <algorithm>
+
+namespace marlowick {
+namespace {
+
+constexpr int kFontPixels = 12;
+
+#ifdef _WIN32
+constexpr const char* kStyle = "windowsvista";
+// Wine has the name of the system's font, but not the font: what it takes instead may be one with
+// serifs. Of Liberation Sans it drops thin letters at some sizes.
+const QStringList kFamilies = {QStringLiteral("Segoe UI"), QStringLiteral("Tahoma"),
+                               QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans"),
+                               QStringLiteral("Arial")};
+#else
+// One look on every desktop.
+constexpr const char* kStyle = "Fusion";
+const QStringList kFamilies = {QStringLiteral("DejaVu Sans")};
+#endif
+
+// A command takes the focus from its list: the chosen line stays as plain to see as before.
+class PlainSelection : public QProxyStyle {
+  public:
+    using QProxyStyle::QProxyStyle;
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        const auto* line = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+        if (element != CE_ItemViewItem || line == nullptr) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionViewItem active = *line;
+        active.state |= State_Active;
+        QProxyStyle::drawControl(element, &active, painter, widget);
+    }
+};
+
+}  // namespace
+
+QString styleKey() {
+    return QString::fromLatin1(kStyle);
+}
+
+void applyLook() {
+    QApplication::setStyle(new PlainSelection(styleKey()));
+    QFont font = QApplication::font();
+    const auto family = std::find_if(kFamilies.begin(), kFamilies.end(), [](const QString& name) {
+        return QFontDatabase::hasFamily(name);
+    });
+    font.setFamily(family != kFamilies.end() ? *family : kFamilies.first());
+    font.setPixelSize(kFontPixels);
+    QApplication::setFont(font);
+}
+
+}  // namespace marlowick

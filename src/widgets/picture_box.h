@@ -1,0 +1,80 @@
+// The picture control. It shows a loaded picture, or an image that is painted on
+// it piece by piece and kept, and draws outlines on top that aren't kept. All
+// positions are device-independent pixels from the upper left corner, from 0.
+#pragma once
+
+#include <QColor>
+#include <QFrame>
+#include <QImage>
+#include <QList>
+#include <QPixmap>
+#include <QRect>
+#include <optional>
+
+#include "foundation/picture_target.h"
+
+namespace marlowick {
+
+// A bitmap file as an image. Raises 53 or 76 for a missing file and 481 for one that can't be
+// decoded.
+QImage decodePicture(const Path& path);
+
+class PictureBox : public QFrame, public PictureTarget {
+    Q_OBJECT
+  public:
+    explicit PictureBox(QWidget* parent = nullptr);
+
+    // The loaded picture: shown whole, in the middle, made smaller only if it is larger than the
+    // control. A null image blanks the control.
+    void load(const Path& path) override;
+    void setPicture(const QImage& picture);
+    const QImage& picture() const { return picture_; }
+
+    // Painting that stays. A box with a loaded picture loses it at the first painting.
+    void clear();
+    void paint(const QImage& image, QPoint position);
+    void paintScaled(const QImage& image, const QRect& target);
+    void fill(const QRect& area, const QColor& colour);
+    void print(const QString& text, QPoint position);
+    // What has been painted, at its natural size.
+    QImage painted() const;
+
+    // Draws an unfilled box on top, in place of one that lies at the same place. A box in the
+    // button-face colour just goes.
+    void outline(const QRect& box, const QColor& colour);
+    // Draws two boxes, one just inside the other, in white, or takes them away: the frame of a
+    // chosen cell.
+    void frame(const QRect& cell, bool visible);
+    QColor outlineAt(const QRect& box) const;  // invalid if there is none
+    void clearOutlines();
+    QColor buttonFace() const;
+
+  Q_SIGNALS:
+    void mouseDown(QPoint position);
+    void mouseMoved(QPoint position);
+    void doubleClicked();
+    // Arrow keys and Enter, for a control that takes the focus.
+    void arrowPressed(int columns, int rows);
+    void enterPressed();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    struct Outline {
+        QRect box;
+        QColor colour;
+    };
+    QPixmap& canvas();
+
+    QImage picture_;
+    QPixmap canvas_;
+    QList<Outline> outlines_;
+    std::optional<QPoint> pressed_;  // the last mouse down on what is shown
+};
+
+}  // namespace marlowick

@@ -1,0 +1,118 @@
+#include "system/files.h"
+
+#include <gtest/gtest.h>
+
+#include "support/error_recorder.h"
+#include "support/test_folder.h"
+
+namespace marlowick {
+namespace {
+
+using test::errorOf;
+
+class FilesTest : public ::testing::Test {
+  protected:
+    test::TestFolder folder;
+};
+
+TEST_F(FilesTest, FindsNamesWithoutRegardToLetterCase) {
+    folder.write("game/GameData/Skins/Face.BMP", "picture");
+    EXPECT_EQ(readWholeFile(folder.path("game\\gamedata\\SKINS\\face.bmp")), "picture");
+    EXPECT_TRUE(files().fileExists(folder.path("GAME\\GAMEDATA\\skins\\FACE.bmp")));
+    EXPECT_TRUE(files().folderExists(folder.path("game\\gameDATA")));
+    EXPECT_FALSE(files().fileExists(folder.path("game\\gamedata")));
+}
+
+TEST_F(FilesTest, WritesOverAFileOfAnotherCase) {
+    folder.write("program/web_image.BMP", "old content");
+    writeWholeFile(folder.path("program\\Web_Image.Bmp"), "new");
+    EXPECT_EQ(folder.read("program/web_image.BMP"), "new");
+}
+
+TEST_F(FilesTest, TreatsADoubledSeparatorAsOne) {
+    folder.write("program/temp/a", "x");
+    EXPECT_EQ(readWholeFile(folder.path("program\\temp\\\\a")), "x");
+}
+
+TEST_F(FilesTest, ListsInTheOrderOfUpperCaseLetters) {
+    for (const char* name : {"user2.iff", "USER10.iff", "User1.IFF", "user_1.iff", "other.txt"}) {
+        folder.write(std::string("game/c/") + name, "");
+    }
+    folder.write("game/c/user0.iff/inside", "");
+    const std::vector<std::string> expected = {"User1.IFF", "USER10.iff", "user2.iff",
+                                               "user_1.iff"};
+    EXPECT_EQ(searchFiles(folder.path("game\\c"), "user*.iff"), expected);
+    EXPECT_EQ(searchFilesAndFolders(folder.path("game\\c"), "user*.iff").front(), "user0.iff");
+    EXPECT_TRUE(searchFiles(folder.path("game\\missing"), "*").empty());
+}
+
+TEST_F(FilesTest, ListsAFolderWhosePathEndsInASeparator) {
+    folder.write("game/Skins/face.bmp", "");
+    EXPECT_EQ(searchFiles(folder.path("game") + "\\skins\\", "*.BMP"),
+              std::vector<std::string>{"face.bmp"});
+    EXPECT_TRUE(files().folderExists(folder.path("game") + "\\skins\\"));
+    EXPECT_TRUE(files().canWriteInto(folder.path("game") + "\\skins\\"));
+}
+
+#ifndef _WIN32
+TEST_F(FilesTest, ListsANameWithoutAGameTextWithQuestionMarks) {
+    folder.write("game/user\xCE\xB1.iff", "");
+    EXPECT_EQ(searchFiles(folder.path("game"), "user*.iff"), std::vector<std::string>{"user?.iff"});
+}
+#endif
+
+TEST_F(FilesTest, RaisesTheClassicNumbers) {
+    folder.write("game/file", "x");
+    EXPECT_EQ(errorOf([&] { readWholeFile(folder.path("game\\none")); }), 53);
+    EXPECT_EQ(errorOf([&] { readWholeFile(folder.path("none\\none")); }), 76);
+    EXPECT_EQ(errorOf([&] { readWholeFile(folder.path("game")); }), 75);
+    EXPECT_EQ(errorOf([&] { files().remove(folder.path("game\\none")); }), 53);
+    EXPECT_EQ(errorOf([&] { files().makeFolder(folder.path("game")); }), 75);
+    EXPECT_EQ(errorOf([&] { files().makeFolder(folder.path("none\\x")); }), 76);
+    EXPECT_EQ(errorOf([&] { files().length(folder.path("game\\none")); }), 53);
+    EXPECT_EQ(errorOf([&] { files().open(folder.path("game\\file"), OpenMode::CreateNew); }), 58);
+    const auto file = files().open(folder.path("game\\file"), OpenMode::Input);
+    EXPECT_EQ(errorOf([&] { file->seek(-1); }), 63);
+}
+
+TEST_F(FilesTest, BinaryAccessMakesAMissingFileAndTruncatesNothing) {
+    files().open(folder.path("game\\new"), OpenMode::Binary);
+    EXPECT_TRUE(folder.exists("game/new"));
+    folder.write("game/old", "0123456789");
+    files().open(folder.path("game\\old"), OpenMode::Binary)->write("abc");
+    EXPECT_EQ(folder.read("game/old"), "abc3456789");
+    EXPECT_EQ(errorOf([&] { files().open(folder.path("none\\new"), OpenMode::Binary); }), 76);
+}
+
+TEST_F(FilesTest, HonoursTheReadOnlyMark) {
+    folder.write("game/marked", "keep");
+    folder.makeReadOnly("game/marked");
+    const Path path = folder.path("game\\marked");
+    EXPECT_TRUE(files().isReadOnly(path));
+    EXPECT_EQ(errorOf([&] { files().remove(path); }), 75);
+    EXPECT_EQ(errorOf([&] { writeWholeFile(path, "other"); }), 75);
+    {
+        const auto file = files().open(path, OpenMode::Binary);
+        std::string content(4, ' ');
+        EXPECT_EQ(file->read(content.data(), 4), 4U);
+        EXPECT_EQ(content, "keep");
+        EXPECT_EQ(errorOf([&] { file->write("x"); }), 75);
+    }
+    files().clearAttributes(path);
+    EXPECT_FALSE(files().isReadOnly(path));
+    writeWholeFile(path, "other");
+    EXPECT_EQ(folder.read("game/marked"), "other");
+}
+
+TEST_F(FilesTest, CopiesLargeFilesWhole) {
+    std::string content(700001, '\0');
+    for (std::size_t i = 0; i < content.size(); ++i) {
+        content[i] = static_cast<char>(i * 7 + i / 251);
+    }
+    folder.write("game/large", content);
+    copyFile(folder.path("game\\large"), folder.path("game\\copy"));
+    EXPECT_EQ(folder.read("game/copy"), content);
+}
+
+}  // namespace
+}  // namespace marlowick

@@ -1,0 +1,154 @@
+#include "system/replace_file.h"
+
+#include <gtest/gtest.h>
+
+#include "support/faulty_files.h"
+#include "support/test_folder.h"
+#include "system/files.h"
+#include "system/runtime_error.h"
+#include "system/streams.h"
+
+namespace marlowick {
+namespace {
+
+const std::string kOld(70000, 'o');
+const std::string kNew(100000, 'n');
+
+class ReplaceFileTest : public ::testing::Test {
+  protected:
+    ReplaceFileTest() {
+        folder.write("program/usertemp.iff", kNew);
+        folder.write("game/user1.iff", kOld);
+    }
+
+    void replace(ReadOnlyTarget readOnly = ReadOnlyTarget::Refuse) {
+        replaceFile(folder.path("program\\usertemp.iff"), folder.path("game\\user1.iff"), readOnly);
+    }
+
+    std::size_t filesInGame() { return searchFiles(folder.path("game"), "*").size(); }
+
+    test::TestFolder folder;
+};
+
+TEST_F(ReplaceFileTest, PutsTheNewContentInTheOldFilesPlace) {
+    replace();
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+    EXPECT_EQ(folder.read("program/usertemp.iff"), kNew);
+    EXPECT_EQ(filesInGame(), 1U);
+}
+
+TEST_F(ReplaceFileTest, MakesAMissingTarget) {
+    std::filesystem::remove(folder.game() / "user1.iff");
+    replace();
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+}
+
+TEST_F(ReplaceFileTest, KeepsTheNamesCaseOnDisk) {
+    std::filesystem::rename(folder.game() / "user1.iff", folder.game() / "USER1.Iff");
+    replace();
+    EXPECT_EQ(folder.read("game/USER1.Iff"), kNew);
+    EXPECT_EQ(filesInGame(), 1U);
+}
+
+TEST_F(ReplaceFileTest, RefusesAReadOnlyTarget) {
+    folder.makeReadOnly("game/user1.iff");
+    try {
+        replace();
+        ADD_FAILURE();
+    } catch (const RuntimeError& failure) {
+        EXPECT_EQ(failure.number(), 75);
+    }
+    EXPECT_EQ(folder.read("game/user1.iff"), kOld);
+    EXPECT_EQ(filesInGame(), 1U);
+}
+
+TEST_F(ReplaceFileTest, ReplacesAReadOnlyTargetWhereThatIsMeant) {
+    folder.makeReadOnly("game/user1.iff");
+    replace(ReadOnlyTarget::Replace);
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+}
+
+TEST_F(ReplaceFileTest, LetsGoOfTheProgramsOwnHandle) {
+    streams().open(slot::kUserFile, folder.path("game\\USER1.iff"), OpenMode::Binary);
+    replace();
+    EXPECT_FALSE(streams().isOpen(slot::kUserFile));
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+}
+
+TEST_F(ReplaceFileTest, ALeftoverOfAnEarlierEndIsNoHindrance) {
+    folder.write("game/user1.iff.marlowick-new", "half");
+    replace();
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+    EXPECT_EQ(filesInGame(), 1U);
+}
+
+#ifndef _WIN32
+TEST_F(ReplaceFileTest, ALinkedFileIsReplacedWhereItLies) {
+    folder.write("elsewhere/real.iff", kOld);
+    std::filesystem::remove(folder.game() / "user1.iff");
+    std::filesystem::create_symlink(folder.root() / "elsewhere/real.iff",
+                                    folder.game() / "user1.iff");
+    replace();
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.game() / "user1.iff"));
+    EXPECT_EQ(folder.read("elsewhere/real.iff"), kNew);
+}
+
+TEST_F(ReplaceFileTest, KeepsTheRightsOfTheFile) {
+    namespace fs = std::filesystem;
+    fs::permissions(folder.game() / "user1.iff",
+                    fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    replace();
+    EXPECT_EQ(fs::status(folder.game() / "user1.iff").permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+#endif
+
+// At every step of the work, whether it fails once or the machine stops there, the target is the
+// old file or the new one, whole.
+TEST_F(ReplaceFileTest, NoFailureLosesTheFile) {
+    int changes = 0;
+    {
+        const test::FaultyFiles counting(0, test::FaultyFiles::Fault::Fail);
+        replace();
+        changes = counting.changes();
+    }
+    ASSERT_GE(changes, 6);
+    for (const auto fault : {test::FaultyFiles::Fault::Fail, test::FaultyFiles::Fault::Stop}) {
+        for (int failAt = 1; failAt <= changes; ++failAt) {
+            folder.write("game/user1.iff", kOld);
+            {
+                const test::FaultyFiles faulty(failAt, fault);
+                EXPECT_THROW(replace(), RuntimeError) << failAt;
+            }
+            EXPECT_EQ(folder.read("game/user1.iff"), kOld) << failAt;
+            if (fault == test::FaultyFiles::Fault::Fail) {
+                EXPECT_EQ(filesInGame(), 1U) << failAt;
+            }
+        }
+    }
+}
+
+TEST_F(ReplaceFileTest, AReplacementThatFailsLeavesTheReadOnlyMark) {
+    int changes = 0;
+    folder.makeReadOnly("game/user1.iff");
+    {
+        const test::FaultyFiles counting(0, test::FaultyFiles::Fault::Fail);
+        replace(ReadOnlyTarget::Replace);
+        changes = counting.changes();
+    }
+    EXPECT_FALSE(files().isReadOnly(folder.path("game\\user1.iff")));
+    folder.write("game/user1.iff", kOld);
+    folder.makeReadOnly("game/user1.iff");
+    for (int failAt = 1; failAt <= changes; ++failAt) {
+        {
+            const test::FaultyFiles faulty(failAt, test::FaultyFiles::Fault::Fail);
+            EXPECT_THROW(replace(ReadOnlyTarget::Replace), RuntimeError) << failAt;
+        }
+        EXPECT_EQ(folder.read("game/user1.iff"), kOld) << failAt;
+        EXPECT_TRUE(files().isReadOnly(folder.path("game\\user1.iff"))) << failAt;
+        EXPECT_EQ(filesInGame(), 1U) << failAt;
+    }
+}
+
+}  // namespace
+}  // namespace marlowick
