@@ -42,13 +42,19 @@ if [ $# -gt 0 ]; then
     echo "The game came out as on this system, byte for byte."
 fi
 
-# picture_of TITLE NAME: waits for the window and leaves a picture of the screen.
+# picture_of TITLE NAME: waits for the window and leaves a picture of the screen. A search fails too
+# where another window goes away under it, so it is made again until the time is up.
 picture_of() {
-    if ! timeout 60 xdotool search --sync --onlyvisible --name "^$1\$" >/dev/null; then
-        echo "The window \"$1\" never came." >&2
-        import -window root build/wine-program/failure.png
-        exit 1
-    fi
+    local tries=0
+    until xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; do
+        tries=$((tries + 1))
+        if [ "$tries" -gt 240 ]; then
+            echo "The window \"$1\" never came." >&2
+            import -window root build/wine-program/failure.png
+            exit 1
+        fi
+        sleep 0.25
+    done
     sleep 1
     import -window root "build/wine-program/$2.png"
     echo "   $1"
