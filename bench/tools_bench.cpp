@@ -30,9 +30,8 @@ std::string wardrobe(const std::string& formal) {
     strings.Entries[1].Text = "adult";
     strings.Entries[31].Text = formal;
     IffFile iff;
-    const std::string id = gfstrHexToBytes(kWardrobeId);
-    iff.Segments.append({0, "STR#", {}, id, {}, {}});
-    gsWriteSTRSegment(iff, strings, id, false);
+    iff.Segments.append({0, "STR#", {}, gfstrHexToBytes(kWardrobeId), {}, {}});
+    writeWardrobeTable(iff, strings);
     return iff.Segments[1].Data;
 }
 

@@ -520,7 +520,7 @@ void frmMain::msDisplaySim(const std::string& fileName) {
         showPortraits();
         showObjectName(fileName);
         StrSegment strings;
-        gsReadSTRSegment(mudtIff, strings, gfstrHexToBytes(kWardrobeId), false);
+        readWardrobeTable(mudtIff, strings);
         const std::string& species = strings.Entries[1].Text;
         mblnIsPet = species == "dog" || species == "kat";
     });
@@ -555,8 +555,7 @@ void frmMain::cmdSelect_Click() {
 void frmMain::msPrepareSimPreview() {
     trapped("frmMain", "msPrepareSimPreview", [&] {
         StrSegment strings;
-        const std::string id = gfstrHexToBytes(kWardrobeId);
-        gsReadSTRSegment(mudtIff, strings, id, false);
+        readWardrobeTable(mudtIff, strings);
         ui->cmdFocus->setFocus();
         const std::string file = fileInCell(mlngSelected);
         if (ui->lstUserDataDir->line().empty() || ui->txtSimName->text().isEmpty() ||
@@ -565,7 +564,7 @@ void frmMain::msPrepareSimPreview() {
         }
         gsResetIFF(mudtIff);
         gsReadIFF(mudtIff, simPath(file));
-        gsReadSTRSegment(mudtIff, strings, id, false);
+        readWardrobeTable(mudtIff, strings);
         const HeadNames head = headNames(strings);
         findHeadFiles(head.mesh, head.skin);
     });

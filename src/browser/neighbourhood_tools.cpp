@@ -4,7 +4,6 @@
 
 #include "browser/neighbourhoods.h"
 #include "catalogue/names.h"
-#include "foundation/bytes.h"
 #include "foundation/game.h"
 #include "iff/safe_rewrite.h"
 #include "iff/string_segment.h"
@@ -13,9 +12,6 @@
 
 namespace marlowick {
 namespace {
-
-constexpr int kBodyRow = row::kNormal;
-constexpr int kHeadRow = 3;
 
 constexpr std::string_view kPinkHand = "guao_pinkg";
 constexpr const char* kFormalHandLeft = "HfLO,HAND=gfao_bride";
@@ -62,8 +58,8 @@ void takeName(const IffFile& iff, std::string& name) {
     }
 }
 
-bool rewrite(IffFile& iff, const StrSegment& strings, const std::string& id, const Path& file) {
-    if (!gsWriteSTRSegment(iff, strings, id, false) || !writeUserTemp(iff)) {
+bool rewrite(IffFile& iff, const StrSegment& strings, const Path& file) {
+    if (!writeWardrobeTable(iff, strings) || !writeUserTemp(iff)) {
         return false;
     }
     replaceUserFile(file);
@@ -72,14 +68,13 @@ bool rewrite(IffFile& iff, const StrSegment& strings, const std::string& id, con
 
 // Rewrites each file that change, which works on its rows, gives true for.
 bool repair(const SimWalk& walk, bool (*change)(StrSegment& strings)) {
-    const std::string id = gfstrHexToBytes(kWardrobeId);
     StrSegment strings;
     return forEachSim(walk, [&](const std::string& /*name*/, const Path& file) {
         // A table that was read only in part must not be written.
-        if (!gsReadSTRSegment(walk.iff, strings, id, false)) {
+        if (!readWardrobeTable(walk.iff, strings)) {
             return false;
         }
-        return !change(strings) || rewrite(walk.iff, strings, id, file);
+        return !change(strings) || rewrite(walk.iff, strings, file);
     });
 }
 
@@ -137,15 +132,14 @@ Path bodySkinsFile() {
 void exportSkinNames(const SimWalk& walk) {
     const std::unique_ptr<File> heads = files().open(headSkinsFile(), OpenMode::Output);
     const std::unique_ptr<File> bodies = files().open(bodySkinsFile(), OpenMode::Output);
-    const std::string id = gfstrHexToBytes(kWardrobeId);
     StrSegment strings;
     std::string simName;
     forEachSim(walk, [&](const std::string& name, const Path& /*file*/) {
         takeName(walk.iff, simName);
-        gsReadSTRSegment(walk.iff, strings, id, false);
+        readWardrobeTable(walk.iff, strings);
         const std::string start = name + ";" + simName + ";";
-        bodies->write(start + skinOfRow(strings.Entries[kBodyRow].Text) + "\r\n");
-        heads->write(start + skinOfRow(strings.Entries[kHeadRow].Text) + "\r\n");
+        bodies->write(start + skinOfRow(strings.Entries[row::kNormal].Text) + "\r\n");
+        heads->write(start + skinOfRow(strings.Entries[row::kHead].Text) + "\r\n");
         return true;
     });
 }

@@ -103,4 +103,12 @@ bool gsWriteSTRSegment(IffFile& iff, const StrSegment& strings, std::string_view
     });
 }
 
+bool readWardrobeTable(const IffFile& iff, StrSegment& strings) {
+    return gsReadSTRSegment(iff, strings, gfstrHexToBytes(kWardrobeId), false);
+}
+
+bool writeWardrobeTable(IffFile& iff, const StrSegment& strings) {
+    return gsWriteSTRSegment(iff, strings, gfstrHexToBytes(kWardrobeId), false);
+}
+
 }  // namespace marlowick

@@ -35,4 +35,8 @@ bool gsReadSTRSegment(const IffFile& iff, StrSegment& strings, std::string_view 
 // record in memory only. Trapped; false after a failure.
 bool gsWriteSTRSegment(IffFile& iff, const StrSegment& strings, std::string_view id, bool ctss);
 
+// The same for the one table that this program works on: the wardrobe's rows.
+bool readWardrobeTable(const IffFile& iff, StrSegment& strings);
+bool writeWardrobeTable(IffFile& iff, const StrSegment& strings);
+
 }  // namespace marlowick

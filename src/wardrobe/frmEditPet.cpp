@@ -2,7 +2,6 @@
 
 #include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
-#include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "iff/safe_rewrite.h"
 #include "ui_frmEditPet.h"
@@ -49,7 +48,7 @@ void frmEditPet::Form_Load() {
     setFixedSize(kWindowSize);
     UserFilePath = LoadUserFile;
     const bool read = gsReadIFF(PetFile, UserFilePath);
-    const bool parsed = gsReadSTRSegment(PetFile, PetStrings, gfstrHexToBytes(kWardrobeId), false);
+    const bool parsed = readWardrobeTable(PetFile, PetStrings);
     const bool shown = msDisplayPet();
     loaded_ = read && parsed && shown;
 }

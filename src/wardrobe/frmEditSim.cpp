@@ -5,7 +5,6 @@
 
 #include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
-#include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
 #include "foundation/game.h"
@@ -221,7 +220,7 @@ void frmEditSim::msLoadUserData() {
     gstrUserFile = LoadUserFile;
     msClearUserData();
     const bool read = gsReadIFF(userFile_, gstrUserFile);
-    const bool parsed = gsReadSTRSegment(userFile_, wardrobe_, gfstrHexToBytes(kWardrobeId), false);
+    const bool parsed = readWardrobeTable(userFile_, wardrobe_);
     const bool shown = msDisplayUserData();
     loaded_ = read && parsed && shown;
 }

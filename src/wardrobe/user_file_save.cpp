@@ -1,6 +1,5 @@
 #include "wardrobe/user_file_save.h"
 
-#include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "iff/safe_rewrite.h"
 #include "wardrobe/user_backup.h"
@@ -9,8 +8,7 @@ namespace marlowick {
 
 bool saveUserFile(const UserFileSave& save) {
     CheckpointNumber = 3000;
-    if (!gsWriteSTRSegment(save.record, save.rows, gfstrHexToBytes(kWardrobeId), false) ||
-        !save.writeTemp(save.record)) {
+    if (!writeWardrobeTable(save.record, save.rows) || !save.writeTemp(save.record)) {
         return false;
     }
     if (save.backupWanted && !msMakeUserBackup(save.userFile, save.name)) {
