@@ -15,6 +15,7 @@
 #include "foundation/folders.h"
 #include "foundation/game.h"
 #include "foundation/version.h"
+#include "iff/sim_names.h"
 #include "iff/string_segment.h"
 #include "preview/head_files.h"
 #include "system/files.h"

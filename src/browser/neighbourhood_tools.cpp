@@ -6,6 +6,7 @@
 #include "catalogue/names.h"
 #include "foundation/game.h"
 #include "iff/safe_rewrite.h"
+#include "iff/sim_names.h"
 #include "iff/string_segment.h"
 #include "system/files.h"
 #include "wardrobe/wardrobe_fields.h"
@@ -47,15 +48,6 @@ bool forEachSim(const SimWalk& walk,
         walk.afterFile();
     }
     return true;
-}
-
-// The name in the last name table; without one, the name stays.
-void takeName(const IffFile& iff, std::string& name) {
-    for (int i = 1; i <= iff.Segments.bound(); ++i) {
-        if (iff.Segments[i].Type == "CTSS") {
-            name = catalogueName(iff.Segments[i]);
-        }
-    }
 }
 
 bool rewrite(IffFile& iff, const StrSegment& strings, const Path& file) {
@@ -135,7 +127,8 @@ void exportSkinNames(const SimWalk& walk) {
     StrSegment strings;
     std::string simName;
     forEachSim(walk, [&](const std::string& name, const Path& /*file*/) {
-        takeName(walk.iff, simName);
+        // A file without a name keeps that of the file before it.
+        simName = lastCatalogueName(walk.iff).value_or(simName);
         readWardrobeTable(walk.iff, strings);
         const std::string start = name + ";" + simName + ";";
         bodies->write(start + skinOfRow(strings.Entries[row::kNormal].Text) + "\r\n");

@@ -16,7 +16,6 @@ class ByteReader {
 
     std::size_t position() const { return position_; }
     std::size_t left() const { return content_.size() - std::min(position_, content_.size()); }
-    void back(std::size_t count) { position_ -= count; }
 
     // Exactly count bytes, zeros behind the end; moves behind them.
     std::string take(std::size_t count) {

@@ -80,15 +80,6 @@ bool gfblnVerifyUserIFF(IffFile& iff);
 bool gsDumpBMPs(const IffFile& iff);
 void dumpBitmaps(const IffFile& iff);
 
-// Helpers for readers of the record.
-
-// True if the label, cut at its first zero byte, begins with "user" in any letter case and the
-// segment is an "OBJD".
-bool isUserObject(const IffSegment& segment);
-
-// The display name in a "CTSS" segment's Data: from the sixth byte on, cut at the first zero byte.
-std::string catalogueName(const IffSegment& segment);
-
 // Reading of the map, from the reader's position on; used by the readers above. gsReadRSMP traps
 // (modIFFsupport); false after a failure, and its caller goes on where the reader then stands.
 // gfstrQuickReadRSMP gives the reason of a failure instead.

@@ -23,13 +23,9 @@ constexpr std::int32_t kNoMapAsText = 0x30303030;  // the four characters "0000"
 // How much a segment may claim beyond the end of its file before it is taken for a lie.
 constexpr std::int64_t kLargestClaim = 256LL << 20U;
 
-// Reads the map that the reader stands on, moves the reader behind it.
-using MapReader = std::function<void(IffFile& iff, ByteReader& reader)>;
-
-// Ends the guarded reading with a reason that is already in words.
-struct MapUnreadable {
-    std::string reason;
-};
+// Reads the map that the reader stands on, moves the reader behind it; false ends the reading of
+// the file there.
+using MapReader = std::function<bool(IffFile& iff, ByteReader& reader)>;
 
 // Positions in a user file are 32 bits wide: one that is larger (7) can't be a sim.
 std::string readOpenFile(File& file) {
@@ -76,9 +72,9 @@ void readSegments(IffFile& iff, std::string_view content, std::size_t start,
     // One lone byte at the end is no segment.
     while (reader.left() > 1) {
         if (content.substr(reader.position(), 4) == "rsmp") {
-            readMap(iff, reader);
-            if (reader.left() <= static_cast<std::size_t>(kSegmentHead)) {
-                break;
+            const bool goesOn = readMap(iff, reader);
+            if (!goesOn || reader.left() <= static_cast<std::size_t>(kSegmentHead)) {
+                return;
             }
             // What follows a map is taken for a segment, even a second map.
         }
@@ -116,6 +112,7 @@ bool gsReadIFF(IffFile& iff, const Path& path) {
     const bool read = trapped("modIFFsupport", "gsReadIFF", [&] {
         readUserFile(iff, path, [&](IffFile& file, ByteReader& reader) {
             mapRead = gsReadRSMP(file, reader) && mapRead;
+            return true;
         });
     });
     return read && mapRead;
@@ -124,14 +121,13 @@ bool gsReadIFF(IffFile& iff, const Path& path) {
 std::string gfstrQuickReadIFF(IffFile& iff, const Path& path) {
     std::string reason;
     try {
-        readUserFile(iff, path, [](IffFile& file, ByteReader& reader) {
-            std::string unreadable = gfstrQuickReadRSMP(file, reader);
+        readUserFile(iff, path, [&](IffFile& file, ByteReader& reader) {
+            const std::string unreadable = gfstrQuickReadRSMP(file, reader);
             if (!unreadable.empty()) {
-                throw MapUnreadable{std::move(unreadable)};
+                reason = unreadable + " (RSMP)";
             }
+            return reason.empty();
         });
-    } catch (const MapUnreadable& map) {
-        reason = map.reason + " (RSMP)";
     } catch (...) {
         reason = errorText(currentError());
     }

@@ -1,6 +1,7 @@
 // The resource map of a user file: types, and for each the offset, id and label of
 // its segments. Labels keep their terminator and pad byte, so that writing the map
 // back needs no rule.
+#include <limits>
 #include <map>
 #include <string>
 #include <utility>
@@ -14,9 +15,10 @@ namespace marlowick {
 namespace {
 
 constexpr std::size_t kMapHead = 88;
-constexpr std::int32_t kMostReadableEntries = 1000;
 
-struct UnreadableCount {};
+// How many entries a row may claim: in a guarded reading, and in the other one.
+constexpr std::int32_t kMostReadableEntries = 1000;
+constexpr std::int32_t kAnyCount = std::numeric_limits<std::int32_t>::max();
 
 // A list sized from 1 to 0, or to a negative number, is an error.
 void checkCount(std::int32_t count) {
@@ -51,12 +53,14 @@ std::string readLabel(ByteReader& reader, std::size_t mapStart) {
     }
 }
 
-void readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart, bool guarded) {
+// False, with no entry read, if the row claims more than mostEntries.
+bool readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart,
+                 std::int32_t mostEntries) {
     CheckpointNumber = 2000;
     type.TypeCode = reader.take(4);
     type.EntryCount = gflngLittleEndianToLong(reader.take(4));
-    if (guarded && type.EntryCount > kMostReadableEntries) {
-        throw UnreadableCount{};
+    if (type.EntryCount > mostEntries) {
+        return false;
     }
     checkCount(type.EntryCount);
     type.Entries.reset();
@@ -68,9 +72,11 @@ void readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart, bool 
         entry.EntryLabel = readLabel(reader, mapStart);
         type.Entries.appendCounted(std::move(entry));
     }
+    return true;
 }
 
-void readMap(IffFile& iff, ByteReader& reader, bool guarded) {
+// False if a type row claims more than mostEntries; reading ends there.
+bool readMap(IffFile& iff, ByteReader& reader, std::int32_t mostEntries) {
     CheckpointNumber = 1000;
     const std::size_t mapStart = reader.position();
     iff.RsmpHeader = reader.take(kMapHead);
@@ -81,8 +87,11 @@ void readMap(IffFile& iff, ByteReader& reader, bool guarded) {
     // The lists grow with what the file holds, not with what it claims.
     for (std::int32_t row = 1; row <= iff.RsmpTypeCount; ++row) {
         iff.RsmpTypes.appendCounted({});
-        readTypeRow(iff.RsmpTypes[row], reader, mapStart, guarded);
+        if (!readTypeRow(iff.RsmpTypes[row], reader, mapStart, mostEntries)) {
+            return false;
+        }
     }
+    return true;
 }
 
 // What a row and a segment share: the type in file order and the resource id, high byte first.
@@ -104,15 +113,12 @@ std::map<MapKey, RsmpEntry*> firstRows(IffFile& iff) {
 }  // namespace
 
 bool gsReadRSMP(IffFile& iff, ByteReader& reader) {
-    return trapped("modIFFsupport", "gsReadRSMP", [&] { readMap(iff, reader, false); });
+    return trapped("modIFFsupport", "gsReadRSMP", [&] { readMap(iff, reader, kAnyCount); });
 }
 
 std::string gfstrQuickReadRSMP(IffFile& iff, ByteReader& reader) {
     try {
-        readMap(iff, reader, true);
-        return {};
-    } catch (const UnreadableCount&) {
-        return "RSMP UNREADABLE";
+        return readMap(iff, reader, kMostReadableEntries) ? "" : "RSMP UNREADABLE";
     } catch (...) {
         return errorText(currentError());
     }

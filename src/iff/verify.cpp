@@ -3,13 +3,11 @@
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "iff/iff_file.h"
+#include "iff/sim_names.h"
 #include "iff/string_segment.h"
-#include "system/game_text.h"
 
 namespace marlowick {
 namespace {
-
-constexpr std::size_t kNameStart = 5;  // behind format, count and language
 
 bool anySegment(const IffFile& iff, const std::function<bool(const IffSegment&)>& test) {
     for (int i = 1; i <= iff.Segments.bound(); ++i) {
@@ -26,18 +24,10 @@ bool isSegment(const IffSegment& segment, std::string_view type, std::string_vie
 
 }  // namespace
 
-bool isUserObject(const IffSegment& segment) {
-    return segment.Type == "OBJD" &&
-           lowerCase(gfstrTrimAtNull(segment.Label).substr(0, 4)) == "user";
-}
-
-std::string catalogueName(const IffSegment& segment) {
-    return segment.Data.size() <= kNameStart ? std::string()
-                                             : gfstrTrimAtNull(segment.Data.substr(kNameStart));
-}
-
 bool gfblnVerifyUserIFF(IffFile& iff) {
     bool valid = false;
+    // No module bears this name. A report from here has always shown it, and whoever looks a
+    // report up by its module must go on finding it.
     trapped("BrindleMain", "gfblnVerifyUserIFF", [&] {
         const std::string wardrobe = gfstrHexToBytes(kWardrobeId);
         const std::string name("\x07\xD0\x00\x10", 4);

@@ -1,7 +1,7 @@
 #include "wardrobe/pet_fields.h"
 
-#include "foundation/bytes.h"
 #include "foundation/error_trap.h"
+#include "iff/sim_names.h"
 #include "wardrobe/wardrobe_fields.h"
 #include "wardrobe/wardrobe_rows.h"
 
@@ -34,18 +34,8 @@ void readPet(const StrSegment& strings, PetFields& fields) {
 }
 
 void readPetName(const IffFile& iff, PetFields& fields) {
-    std::string label;
-    std::string name;
-    for (int i = 1; i <= iff.Segments.bound(); ++i) {
-        const IffSegment& segment = iff.Segments[i];
-        if (isUserObject(segment)) {
-            label = objectLabel(segment);
-        }
-        if (segment.Type == "CTSS") {
-            name = catalogueName(segment);
-        }
-    }
-    fields.txtName = shownName(label, name);
+    fields.txtName =
+        shownName(lastUserLabel(iff).value_or(""), lastCatalogueName(iff).value_or(""));
 }
 
 void writePet(const PetFields& fields, StrSegment& strings) {

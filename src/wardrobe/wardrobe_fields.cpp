@@ -5,6 +5,7 @@
 #include "catalogue/names.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
+#include "iff/sim_names.h"
 
 namespace marlowick {
 
@@ -192,12 +193,6 @@ std::string skinOfRow(std::string_view rowText) {
     return std::string(equals == std::string_view::npos ? rowText : rowText.substr(equals + 1));
 }
 
-std::string objectLabel(const IffSegment& segment) {
-    std::string label = gfstrTrimAtNull(segment.Label);
-    label.erase(label.find_last_not_of(' ') + 1);
-    return label;
-}
-
 std::string shownName(std::string_view name, std::string_view inBrackets) {
     return std::string(name) + "  (" + std::string(inBrackets) + ")";
 }
@@ -220,19 +215,13 @@ void readWardrobe(const StrSegment& strings, WardrobeFields& fields) {
 }
 
 void readSimName(IffFile& iff, WardrobeFields& fields) {
-    std::string name;
     for (int i = 1; i <= iff.Segments.bound(); ++i) {
-        IffSegment& segment = iff.Segments[i];
-        segment.Label = gfstrTrimAtNull(segment.Label);
-        segment.Label.resize(kLabelWidth, ' ');
-        if (isUserObject(segment)) {
-            fields.txtName = objectLabel(segment);
-        }
-        if (segment.Type == "CTSS") {
-            name = catalogueName(segment);
-        }
+        std::string& label = iff.Segments[i].Label;
+        label = gfstrTrimAtNull(label);
+        label.resize(kLabelWidth, ' ');
     }
-    fields.txtName = shownName(name, fields.txtName);
+    fields.txtName =
+        shownName(lastCatalogueName(iff).value_or(""), lastUserLabel(iff).value_or(fields.txtName));
 }
 
 void readPerson(const StrSegment& strings, WardrobeFields& fields) {

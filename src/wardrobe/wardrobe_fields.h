@@ -99,9 +99,6 @@ inline constexpr std::string_view kSuperstarOnly = "*** SUPERSTAR ADULTS ONLY **
 std::string bodyOfRow(std::string_view rowText);
 std::string skinOfRow(std::string_view rowText);
 
-// The label of an object, cut at its first zero byte and without trailing blanks.
-std::string objectLabel(const IffSegment& segment);
-
 // What txtName reads: of a sim the catalogue name and, in brackets, the label of its object; of a
 // pet the other way round.
 std::string shownName(std::string_view name, std::string_view inBrackets);
