@@ -92,9 +92,7 @@ std::string defaultHand(HandPose pose, const StrSegment& strings, const Wardrobe
     if (pose == HandPose::Formal) {
         return fields.isFemale() ? "gfao_bride" : "";
     }
-    const char* stem =
-        pose == HandPose::Closed ? "huac" : (pose == HandPose::Open ? "huao" : "huap");
-    return stem + strings.Entries[row::kSkinTone].Text;
+    return handPair(pose).defaultStem + strings.Entries[row::kSkinTone].Text;
 }
 
 }  // namespace marlowick

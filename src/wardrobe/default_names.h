@@ -4,6 +4,7 @@
 #include <string>
 
 #include "iff/string_segment.h"
+#include "wardrobe/hands.h"
 #include "wardrobe/wardrobe_fields.h"
 
 namespace marlowick {
@@ -12,8 +13,6 @@ namespace marlowick {
 // 9 of txtNormalBody as they stand, the tone from the raw row 15, the generation from the number
 // of rows. Where the game has no default the fields stay as they are.
 void setDefaultOutfit(Outfit outfit, const StrSegment& strings, WardrobeFields& fields);
-
-enum class HandPose { Closed, Open, Point, Formal };
 
 // The name of the game's own hand for a pose; empty for a man's formal hands.
 std::string defaultHand(HandPose pose, const StrSegment& strings, const WardrobeFields& fields);

@@ -1,7 +1,7 @@
 #include "wardrobe/frmEditSim.h"
 
 #include <QTabBar>
-#include <array>
+#include <utility>
 
 #include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
@@ -39,38 +39,12 @@ constexpr Outfit kPictureOrder[] = {Outfit::Normal,  Outfit::Swimsuit, Outfit::F
 struct frmEditSim::ChangeCommand {
     Outfit outfit;
     const char* button;
-    const char* event;
 };
 
 const frmEditSim::ChangeCommand frmEditSim::kChangeCommands[] = {
-    {Outfit::Normal, "cmdChangeNormal", "cmdChangeNormal_Click"},
-    {Outfit::Swimsuit, "cmdChangeSwimsuit", "cmdChangeSwimsuit_Click"},
-    {Outfit::Formal, "cmdChangeFormal", "cmdChangeFormal_Click"},
-    {Outfit::Pajamas, "cmdChangePajamas", "cmdChangePajamas_Click"},
-    {Outfit::Winter, "cmdChangeWinter", "cmdChangeWinter_Click"},
-    {Outfit::Fashion, "cmdChangeFashion", "cmdChangeFashion_Click"},
-};
-
-struct frmEditSim::HandChange {
-    Field field;
-    const char* picture;
-    const char* button;
-    const char* event;
-};
-
-using F = WardrobeFields;
-
-const frmEditSim::HandChange frmEditSim::kHandChanges[] = {
-    {&F::txtHandClosedLeft, "picHandClosedLeft", "cmdleftClosedHand", "cmdleftClosedHand_Click"},
-    {&F::txtHandClosedRight, "picHandClosedRight", "cmdRightClosedHand",
-     "cmdRightClosedHand_Click"},
-    {&F::txtHandOpenLeft, "picHandOpenLeft", "cmdLeftOpenHand", "cmdLeftOpenHand_Click"},
-    {&F::txtHandOpenRight, "picHandOpenRight", "cmdRightOpenHand", "cmdRightOpenHand_Click"},
-    {&F::txtHandPointLeft, "picHandPointLeft", "cmdLeftPointHand", "cmdLeftPointHand_Click"},
-    {&F::txtHandPointRight, "picHandPointRight", "cmdRightPointHand", "cmdRightPointHand_Click"},
-    {&F::txtHandFormalLeft, "picHandFormalLeft", "cmdLeftFormalHand", "cmdLeftFormalHand_Click"},
-    {&F::txtHandFormalRight, "picHandFormalRight", "cmdRightFormalHand",
-     "cmdRightFormalHand_Click"},
+    {Outfit::Normal, "cmdChangeNormal"}, {Outfit::Swimsuit, "cmdChangeSwimsuit"},
+    {Outfit::Formal, "cmdChangeFormal"}, {Outfit::Pajamas, "cmdChangePajamas"},
+    {Outfit::Winter, "cmdChangeWinter"}, {Outfit::Fashion, "cmdChangeFashion"},
 };
 
 // Default commands. Their pictures come from folders alone, never from archives.
@@ -78,51 +52,14 @@ struct frmEditSim::DefaultCommand {
     Outfit outfit;
     bool inThirdPack;  // the folder of the third expansion pack is tried too
     const char* button;
-    const char* event;
     const char* prompt;
 };
 
 const frmEditSim::DefaultCommand frmEditSim::kDefaultCommands[] = {
-    {Outfit::Swimsuit, true, "cmdDefaultSwimsuit", "cmdDefaultSwimsuit_Click",
-     "Restore swimsuit to the default?"},
-    {Outfit::Formal, true, "cmdDefaultFormal", "cmdDefaultFormal_Click",
-     "Restore formal to the default?"},
-    {Outfit::Pajamas, true, "cmdDefaultPajamas", "cmdDefaultPajamas_Click",
-     "Restore pajamas to the default?"},
-    {Outfit::Winter, false, "cmdDefaultWinter", "cmdDefaultWinter_Click",
-     "Restore winter clothes to the default?"},
-};
-
-// The four poses. A Default command fetches the pictures of shownPose, which for closed and
-// pointing hands is the other one: the pose itself shows its old skin until the window is opened
-// again.
-struct frmEditSim::HandPair {
-    HandPose pose;
-    HandPose shownPose;
-    Field left;
-    Field right;
-    const char* leftPicture;
-    const char* rightPicture;
-    const char* copyButton;
-    const char* copyEvent;
-    const char* defaultButton;
-    const char* defaultEvent;
-    const char* prompt;
-};
-
-const frmEditSim::HandPair frmEditSim::kHandPairs[] = {
-    {HandPose::Closed, HandPose::Point, &F::txtHandClosedLeft, &F::txtHandClosedRight,
-     "picHandClosedLeft", "picHandClosedRight", "cmdCopyLeftClosed", "cmdCopyLeftClosed_Click",
-     "cmdDefClosedHands", "cmdDefClosedHands_Click", "Restore closed hands to the default?"},
-    {HandPose::Open, HandPose::Open, &F::txtHandOpenLeft, &F::txtHandOpenRight, "picHandOpenLeft",
-     "picHandOpenRight", "cmdCopyOpenLeft", "cmdCopyOpenLeft_Click", "cmdDefOpenHands",
-     "cmdDefOpenHands_Click", "Restore open hands to the default?"},
-    {HandPose::Point, HandPose::Closed, &F::txtHandPointLeft, &F::txtHandPointRight,
-     "picHandPointLeft", "picHandPointRight", "cmdCopyPointLeft", "cmdCopyPointLeft_Click",
-     "cmdDefPointHands", "cmdDefPointHands_Click", "Restore point hands to the default?"},
-    {HandPose::Formal, HandPose::Formal, &F::txtHandFormalLeft, &F::txtHandFormalRight,
-     "picHandFormalLeft", "picHandFormalRight", "cmdCopyFormalLeft", "cmdCopyFormalLeft_Click",
-     "cmdDefFormalHands", "cmdDefFormalHands_Click", "Restore formal hands to the default?"},
+    {Outfit::Swimsuit, true, "cmdDefaultSwimsuit", "Restore swimsuit to the default?"},
+    {Outfit::Formal, true, "cmdDefaultFormal", "Restore formal to the default?"},
+    {Outfit::Pajamas, true, "cmdDefaultPajamas", "Restore pajamas to the default?"},
+    {Outfit::Winter, false, "cmdDefaultWinter", "Restore winter clothes to the default?"},
 };
 
 frmEditSim::frmEditSim() : ModalForm("frmEditSim"), ui(std::make_unique<Ui::frmEditSim>()) {}
@@ -142,10 +79,10 @@ void frmEditSim::buildControls() {
     connectOutfitCommands();
     connectHandCommands();
     connectBodyTypes();
-    onClick(ui->cmdEnsLoad, "cmdEnsLoad_Click", [this] { cmdEnsLoad_Click(); });
-    onClick(ui->cmdEnsSave, "cmdEnsSave_Click", [this] { cmdEnsSave_Click(); });
-    onClick(ui->cmdSave, "cmdSave_Click", [this] { cmdSave_Click(); });
-    onClick(ui->cmdCancel, "cmdCancel_Click", [this] {
+    onButton("cmdEnsLoad", [this] { cmdEnsLoad_Click(); });
+    onButton("cmdEnsSave", [this] { cmdEnsSave_Click(); });
+    onButton("cmdSave", [this] { cmdSave_Click(); });
+    onButton("cmdCancel", [this] {
         takeFocus();
         close();
     });
@@ -162,39 +99,41 @@ void frmEditSim::makeStockPictures() {
 
 void frmEditSim::connectOutfitCommands() {
     for (const ChangeCommand& command : kChangeCommands) {
-        onClick(findChild<QAbstractButton*>(QString::fromLatin1(command.button)), command.event,
-                [this, &command] { changeOutfit(command); });
+        onButton(command.button, [this, &command] { changeOutfit(command); });
     }
     for (const DefaultCommand& command : kDefaultCommands) {
-        onClick(findChild<QAbstractButton*>(QString::fromLatin1(command.button)), command.event,
-                [this, &command] { defaultOutfit(command); });
+        onButton(command.button, [this, &command] { defaultOutfit(command); });
     }
 }
 
 void frmEditSim::connectHandCommands() {
-    for (const HandChange& command : kHandChanges) {
-        onClick(findChild<QAbstractButton*>(QString::fromLatin1(command.button)), command.event,
-                [this, &command] { changeHand(command); });
-    }
     for (const HandPair& pair : kHandPairs) {
-        onClick(findChild<QAbstractButton*>(QString::fromLatin1(pair.copyButton)), pair.copyEvent,
-                [this, &pair] { copyLeftHand(pair); });
-        onClick(findChild<QAbstractButton*>(QString::fromLatin1(pair.defaultButton)),
-                pair.defaultEvent, [this, &pair] { defaultHands(pair); });
+        for (const Hand* hand : {&pair.left, &pair.right}) {
+            onButton(hand->changeButton, [this, hand] { changeHand(*hand); });
+        }
+        onButton(pair.copyButton, [this, &pair] { copyLeftHand(pair); });
+        onButton(pair.defaultButton, [this, &pair] { defaultHands(pair); });
     }
-    onClick(ui->cmdNormalFormalHands, "cmdNormalFormalHands_Click",
-            [this] { cmdNormalFormalHands_Click(); });
+    onButton("cmdNormalFormalHands", [this] { cmdNormalFormalHands_Click(); });
 }
 
 void frmEditSim::connectBodyTypes() {
-    const std::array<QRadioButton*, 3> options = {ui->optFit, ui->optFat, ui->optSkinny};
-    for (std::size_t i = 0; i < options.size(); ++i) {
-        connect(options.at(i), &QRadioButton::toggled, this, [this, i](bool checked) {
+    for (const BodyTypeOption& choice : kBodyTypes) {
+        connect(option(choice), &QRadioButton::toggled, this, [this, &choice](bool checked) {
             if (checked) {
-                fields_.bodyType = static_cast<BodyType>(i);
+                fields_.bodyType = choice.type;
             }
         });
     }
+}
+
+void frmEditSim::onButton(const char* button, std::function<void()> command) {
+    onClick(findChild<QAbstractButton*>(QString::fromLatin1(button)),
+            std::string(button) + "_Click", std::move(command));
+}
+
+QRadioButton* frmEditSim::option(const BodyTypeOption& choice) const {
+    return findChild<QRadioButton*>(QString::fromLatin1(choice.button));
 }
 
 PictureBox& frmEditSim::picture(const char* name) const {
@@ -275,8 +214,7 @@ void frmEditSim::showFields() {
         box->setCursorPosition(0);
         box->setToolTip(toToolTip(box->text()));
     }
-    const std::array<QRadioButton*, 3> options = {ui->optFit, ui->optFat, ui->optSkinny};
-    options.at(static_cast<std::size_t>(fields_.bodyType))->setChecked(true);
+    option(bodyTypeOption(fields_.bodyType))->setChecked(true);
 }
 
 void frmEditSim::showSkin(const char* name, const std::string& skin) {
@@ -294,7 +232,13 @@ void frmEditSim::showPictures(bool childCards) {
             showSkin(slot.picture, fields_.*slot.skin);
         }
     }
-    for (const HandSlot& hand : kHandSlots) {
+    for (const HandPair& pair : kHandPairs) {
+        showHands(pair);
+    }
+}
+
+void frmEditSim::showHands(const HandPair& pair) {
+    for (const Hand& hand : {pair.left, pair.right}) {
         showSkin(hand.picture, fields_.*hand.field);
     }
 }
@@ -309,29 +253,28 @@ void frmEditSim::showChoice(const char* name) {
 
 // The body type comes from the options, so that a person may pick a body of another type.
 void frmEditSim::changeOutfit(const ChangeCommand& command) {
-    trapped("frmEditSim", command.event, [&] {
-        CheckpointNumber = 1000;
-        takeFocus();
-        const OutfitSlot& slot = outfitSlot(command.outfit);
-        if (slot.adultsOnly && !fields_.isAdult()) {
-            return;
-        }
-        auto& chooser = theWindow<frmSelectSkin>();
-        chooser.SkinData = skinRequest(fields_, wardrobe_, slot.letter);
-        chooser.HandMode = false;
-        chooser.SelectMode = kSelectSimSkin;
-        chooser.choose(*this);
-        if (SelectedSkin.empty()) {
-            return;
-        }
-        CheckpointNumber = 3000;
-        const std::size_t comma = SelectedSkin.find(',');
-        fields_.*slot.body = SelectedSkin.substr(0, comma);
-        fields_.*slot.skin = SelectedSkin.substr(comma + 1);
-        showFields();
-        CheckpointNumber = 4000;
-        showChoice(slot.picture);
-    });
+    CheckpointNumber = 1000;
+    takeFocus();
+    const OutfitSlot& slot = outfitSlot(command.outfit);
+    if (slot.adultsOnly && !fields_.isAdult()) {
+        return;
+    }
+    CheckpointNumber = 2000;
+    auto& chooser = theWindow<frmSelectSkin>();
+    chooser.SkinData = skinRequest(fields_, wardrobe_, slot.letter);
+    chooser.HandMode = false;
+    chooser.SelectMode = kSelectSimSkin;
+    chooser.choose(*this);
+    if (SelectedSkin.empty()) {
+        return;
+    }
+    CheckpointNumber = 3000;
+    const std::size_t comma = SelectedSkin.find(',');
+    fields_.*slot.body = SelectedSkin.substr(0, comma);
+    fields_.*slot.skin = SelectedSkin.substr(comma + 1);
+    showFields();
+    CheckpointNumber = 4000;
+    showChoice(slot.picture);
 }
 
 void frmEditSim::defaultOutfit(const DefaultCommand& command) {
@@ -356,64 +299,56 @@ void frmEditSim::defaultOutfit(const DefaultCommand& command) {
 
 // Commands on hands.
 
-void frmEditSim::changeHand(const HandChange& command) {
-    trapped("frmEditSim", command.event, [&] {
-        takeFocus();
-        auto& chooser = theWindow<frmSelectSkin>();
-        chooser.HandMode = true;
-        chooser.SelectMode = kSelectHand;
-        chooser.choose(*this);
-        if (SelectedSkin.empty()) {
-            return;
-        }
-        fields_.*command.field = SelectedSkin;
-        showFields();
-        showChoice(command.picture);
-    });
+void frmEditSim::changeHand(const Hand& hand) {
+    takeFocus();
+    auto& chooser = theWindow<frmSelectSkin>();
+    chooser.HandMode = true;
+    chooser.SelectMode = kSelectHand;
+    chooser.choose(*this);
+    if (SelectedSkin.empty()) {
+        return;
+    }
+    fields_.*hand.field = SelectedSkin;
+    showFields();
+    showChoice(hand.picture);
 }
 
 void frmEditSim::copyLeftHand(const HandPair& pair) {
     takeFocus();
-    fields_.*pair.right = fields_.*pair.left;
+    fields_.*pair.right.field = fields_.*pair.left.field;
     showFields();
-    picture(pair.rightPicture).setPicture(picture(pair.leftPicture).picture());
+    picture(pair.right.picture).setPicture(picture(pair.left.picture).picture());
 }
 
 void frmEditSim::defaultHands(const HandPair& pair) {
     takeFocus();
-    if (!confirmAction(QString::fromLatin1(pair.prompt) + QStringLiteral("\nAre You Sure?"))) {
+    if (!confirmAction(QString::fromLatin1(pair.defaultPrompt) +
+                       QStringLiteral("\nAre You Sure?"))) {
         return;
     }
     const std::string hand = defaultHand(pair.pose, wardrobe_, fields_);
-    fields_.*pair.left = hand;
-    fields_.*pair.right = hand;
+    fields_.*pair.left.field = hand;
+    fields_.*pair.right.field = hand;
     showFields();
-    for (const HandPair& shown : kHandPairs) {
-        if (shown.pose == pair.shownPose) {
-            showSkin(shown.leftPicture, fields_.*shown.left);
-            showSkin(shown.rightPicture, fields_.*shown.right);
-        }
-    }
+    showHands(handPair(pair.fetchedPose));
 }
 
 void frmEditSim::cmdNormalFormalHands_Click() {
-    trapped("frmEditSim", "cmdNormalFormalHands_Click", [&] {
-        takeFocus();
-        if (!confirmAction(QStringLiteral("Formal hands are the same as normal\n"
-                                          "hands if the formal hands' string is\n"
-                                          "left blank. This is the default for \n"
-                                          "male sims.\n"
-                                          "\n"
-                                          "Change formal hands to normal?\n"
-                                          "Are You Sure?"))) {
-            return;
-        }
-        fields_.txtHandFormalLeft.clear();
-        fields_.txtHandFormalRight.clear();
-        showFields();
-        ui->picHandFormalLeft->setPicture(ui->picHandNotFound->picture());
-        ui->picHandFormalRight->setPicture(ui->picHandFormalLeft->picture());
-    });
+    takeFocus();
+    if (!confirmAction(QStringLiteral("Formal hands are the same as normal\n"
+                                      "hands if the formal hands' string is\n"
+                                      "left blank. This is the default for \n"
+                                      "male sims.\n"
+                                      "\n"
+                                      "Change formal hands to normal?\n"
+                                      "Are You Sure?"))) {
+        return;
+    }
+    fields_.txtHandFormalLeft.clear();
+    fields_.txtHandFormalRight.clear();
+    showFields();
+    ui->picHandFormalLeft->setPicture(ui->picHandNotFound->picture());
+    ui->picHandFormalRight->setPicture(ui->picHandFormalLeft->picture());
 }
 
 // Ensembles.
@@ -441,22 +376,20 @@ void frmEditSim::cmdEnsLoad_Click() {
 // Saving.
 
 void frmEditSim::cmdSave_Click() {
-    trapped("frmEditSim", "cmdSave_Click", [&] {
-        CheckpointNumber = 1000;
-        takeFocus();
-        if (fields_.txtName.empty() || !loaded_) {
-            return;
-        }
-        if (!saveWanted(fields_.txtName)) {
-            return;
-        }
-        writeWardrobe(fields_, wardrobe_);
-        if (saveUserFile({gstrUserFile, userFile_, wardrobe_, fields_.txtName, writeUserTemp,
-                          BackupWanted})) {
-            tellSaved(fields_.txtName);
-            close();
-        }
-    });
+    CheckpointNumber = 1000;
+    takeFocus();
+    if (fields_.txtName.empty() || !loaded_) {
+        return;
+    }
+    if (!saveWanted(fields_.txtName)) {
+        return;
+    }
+    writeWardrobe(fields_, wardrobe_);
+    if (saveUserFile(
+            {gstrUserFile, userFile_, wardrobe_, fields_.txtName, writeUserTemp, BackupWanted})) {
+        tellSaved(fields_.txtName);
+        close();
+    }
 }
 
 }  // namespace marlowick

@@ -2,6 +2,7 @@
 // Nothing reaches the sim's file before Save.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -9,8 +10,11 @@
 #include "iff/iff_file.h"
 #include "iff/string_segment.h"
 #include "system/path.h"
+#include "wardrobe/hands.h"
 #include "wardrobe/wardrobe_fields.h"
 #include "widgets/form.h"
+
+class QRadioButton;
 
 namespace Ui {
 class frmEditSim;
@@ -40,18 +44,17 @@ class frmEditSim : public ModalForm, public ChosenSkin {
 
   private:
     struct ChangeCommand;
-    struct HandChange;
     struct DefaultCommand;
-    struct HandPair;
     static const ChangeCommand kChangeCommands[];
-    static const HandChange kHandChanges[];
     static const DefaultCommand kDefaultCommands[];
-    static const HandPair kHandPairs[];
 
     void makeStockPictures();
     void connectOutfitCommands();
     void connectHandCommands();
     void connectBodyTypes();
+    // Runs a command at each click of the button of that name; its failures are reported under the
+    // button's name and "_Click".
+    void onButton(const char* button, std::function<void()> command);
 
     void msLoadUserData();
     void msClearUserData();
@@ -61,10 +64,11 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     // Fills the pictures of all outfits and hands; a child's adult outfits show the card for
     // children if childCards is set.
     void showPictures(bool childCards);
+    void showHands(const HandPair& pair);
     void showSkin(const char* picture, const std::string& skin);
 
     void changeOutfit(const ChangeCommand& command);
-    void changeHand(const HandChange& command);
+    void changeHand(const Hand& hand);
     // Puts what the chooser has handed back into a picture.
     void showChoice(const char* picture);
     void cmdEnsLoad_Click();
@@ -76,6 +80,7 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     void cmdSave_Click();
 
     PictureBox& picture(const char* name) const;
+    QRadioButton* option(const BodyTypeOption& choice) const;
     void takeFocus();
 
     std::unique_ptr<Ui::frmEditSim> ui;

@@ -1,11 +1,11 @@
 #include "wardrobe/wardrobe_fields.h"
 
-#include <algorithm>
-
 #include "catalogue/names.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "iff/sim_names.h"
+#include "system/game_text.h"
+#include "wardrobe/hands.h"
 
 namespace marlowick {
 
@@ -50,16 +50,10 @@ const std::array<OutfitSlot, 7> kOutfitSlots = {{
     {Outfit::Fashion, 'H', &F::txtFashionBody, &F::txtFashionSkin, "picFashion", true},
 }};
 
-// In the order in which the pictures are shown.
-const std::array<HandSlot, 8> kHandSlots = {{
-    {18, &F::txtHandOpenLeft, "picHandOpenLeft"},
-    {19, &F::txtHandOpenRight, "picHandOpenRight"},
-    {22, &F::txtHandClosedLeft, "picHandClosedLeft"},
-    {23, &F::txtHandClosedRight, "picHandClosedRight"},
-    {20, &F::txtHandPointLeft, "picHandPointLeft"},
-    {21, &F::txtHandPointRight, "picHandPointRight"},
-    {29, &F::txtHandFormalLeft, "picHandFormalLeft"},
-    {30, &F::txtHandFormalRight, "picHandFormalRight"},
+const std::array<BodyTypeOption, 3> kBodyTypes = {{
+    {BodyType::Fit, "fit", "optFit"},
+    {BodyType::Fat, "fat", "optFat"},
+    {BodyType::Skinny, "skn", "optSkinny"},
 }};
 
 namespace {
@@ -70,9 +64,9 @@ constexpr std::size_t kLabelWidth = 64;
 struct Rows {
     const StrSegment& strings;
     WardrobeFields& fields;
-    int count = strings.Entries.bound();
-    bool adult = strings.Entries[row::kAge].Text == "adult";
 
+    int count() const { return strings.Entries.bound(); }
+    bool adult() const { return text(row::kAge) == "adult"; }
     const std::string& text(int number) const { return strings.Entries[number].Text; }
 
     void split(int number, Outfit outfit) const { split(text(number), outfit); }
@@ -99,20 +93,18 @@ struct Rows {
 void readNormal(const Rows& rows) {
     const std::string& whole = rows.text(row::kNormal);
     rows.split(whole.substr(0, whole.find(';')), Outfit::Normal);
-    const std::string type = bodyType(rows.fields.txtNormalBody);
-    if (type == "FIT") {
-        rows.fields.bodyType = BodyType::Fit;
-    } else if (type == "FAT") {
-        rows.fields.bodyType = BodyType::Fat;
-    } else if (type == "SKN") {
-        rows.fields.bodyType = BodyType::Skinny;
+    const std::string code = bodyType(rows.fields.txtNormalBody);
+    for (const BodyTypeOption& option : kBodyTypes) {
+        if (equalsIgnoringCase(code, option.code)) {
+            rows.fields.bodyType = option.type;
+        }
     }
 }
 
 void readSwimsuit(const Rows& rows) {
-    if (rows.count > kHotDateRows) {
+    if (rows.count() > kHotDateRows) {
         rows.splitUnlessEmpty(row::kSwimsuit, Outfit::Swimsuit);
-    } else if (rows.count > kBaseRows && rows.adult) {
+    } else if (rows.count() > kBaseRows && rows.adult()) {
         rows.split(row::kSwimsuit, Outfit::Swimsuit);
     } else {
         rows.split(row::kFirstSwimsuit, Outfit::Swimsuit);
@@ -120,15 +112,15 @@ void readSwimsuit(const Rows& rows) {
 }
 
 void readFormal(const Rows& rows) {
-    if (rows.count > kHotDateRows) {
+    if (rows.count() > kHotDateRows) {
         if (rows.text(row::kFormal) == kAdded) {
             rows.mark(Outfit::Formal, kAdultsOnly);
         } else {
             rows.splitUnlessEmpty(row::kFormal, Outfit::Formal);
         }
-    } else if (rows.count > kBaseRows && rows.adult) {
+    } else if (rows.count() > kBaseRows && rows.adult()) {
         rows.splitUnlessEmpty(row::kFormal, Outfit::Formal);
-    } else if (!rows.adult) {
+    } else if (!rows.adult()) {
         rows.mark(Outfit::Formal, kAdultsOnly);
     } else {
         rows.splitUnlessEmpty(row::kFirstFormal, Outfit::Formal);
@@ -136,9 +128,9 @@ void readFormal(const Rows& rows) {
 }
 
 void readPajamas(const Rows& rows) {
-    if (rows.count > kHotDateRows) {
+    if (rows.count() > kHotDateRows) {
         rows.splitUnlessEmpty(row::kPajamas, Outfit::Pajamas);
-    } else if (rows.count <= kBaseRows || !rows.adult) {
+    } else if (rows.count() <= kBaseRows || !rows.adult()) {
         rows.mark(Outfit::Pajamas, kHotDateOnly);
     } else {
         rows.split(row::kPajamas, Outfit::Pajamas);
@@ -146,7 +138,7 @@ void readPajamas(const Rows& rows) {
 }
 
 void readWinter(const Rows& rows) {
-    if (rows.count <= kHotDateRows) {
+    if (rows.count() <= kHotDateRows) {
         rows.mark(Outfit::Winter, kVacationOnly);
     } else {
         rows.split(row::kWinter, Outfit::Winter);
@@ -154,7 +146,7 @@ void readWinter(const Rows& rows) {
 }
 
 void readFashion(const Rows& rows) {
-    if (rows.count <= kVacationRows || !rows.adult) {
+    if (rows.count() <= kVacationRows || !rows.adult()) {
         rows.mark(Outfit::Fashion, kSuperstarOnly);
     } else {
         rows.split(row::kFashion, Outfit::Fashion);
@@ -166,15 +158,20 @@ void readNude(const Rows& rows) {
 }
 
 void readHands(const Rows& rows) {
-    // The formal hands come first, so that a table that ends early fails there.
-    for (const int number : {29, 30, 18, 19, 20, 21, 22, 23}) {
-        const auto* slot = std::find_if(kHandSlots.begin(), kHandSlots.end(),
-                                        [&](const HandSlot& s) { return s.row == number; });
-        rows.fields.*slot->field = skinOfRow(rows.text(number));
+    // The formal hands come first, so that a table that ends early fails before any hand is read.
+    for (const HandPose pose :
+         {HandPose::Formal, HandPose::Open, HandPose::Closed, HandPose::Point}) {
+        for (const Hand& hand : {handPair(pose).left, handPair(pose).right}) {
+            rows.fields.*hand.field = skinOfRow(rows.text(hand.row));
+        }
     }
 }
 
 }  // namespace
+
+const BodyTypeOption& bodyTypeOption(BodyType type) {
+    return kBodyTypes.at(static_cast<std::size_t>(type));
+}
 
 const OutfitSlot& outfitSlot(Outfit outfit) {
     return kOutfitSlots.at(static_cast<std::size_t>(outfit));
@@ -206,7 +203,6 @@ void readWardrobe(const StrSegment& strings, WardrobeFields& fields) {
         {1000, readNormal}, {1100, readSwimsuit}, {1200, readFormal}, {1300, readPajamas},
         {1350, readWinter}, {1400, readFashion},  {1450, readNude},   {2000, readHands},
     };
-    CheckpointNumber = kStages[0].checkpoint;
     const Rows rows{strings, fields};
     for (const Stage& stage : kStages) {
         CheckpointNumber = stage.checkpoint;
@@ -231,12 +227,10 @@ void readPerson(const StrSegment& strings, WardrobeFields& fields) {
 }
 
 std::string skinRequest(const WardrobeFields& fields, const StrSegment& strings, char letter) {
-    static constexpr std::string_view kTypes[] = {"fit", "fat", "skn"};
     std::string request = fields.isFemale() ? "f" : "m";
     request += fields.isAdult() ? 'a' : 'c';
-    CheckpointNumber = 2000;
     request += strings.Entries[row::kSkinTone].Text;
-    request += fields.isAdult() ? kTypes[static_cast<std::size_t>(fields.bodyType)] : "chd";
+    request += fields.isAdult() ? bodyTypeOption(fields.bodyType).code : "chd";
     return request + letter;
 }
 

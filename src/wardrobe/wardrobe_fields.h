@@ -14,6 +14,15 @@ namespace marlowick {
 
 enum class BodyType { Fit, Fat, Skinny };
 
+// How a body type reads in names, in lower case, and the option of the window that chooses it.
+struct BodyTypeOption {
+    BodyType type;
+    std::string_view code;
+    const char* button;
+};
+extern const std::array<BodyTypeOption, 3> kBodyTypes;
+const BodyTypeOption& bodyTypeOption(BodyType type);
+
 struct WardrobeFields {
     std::string txtName, txtAge, txtGender, txtSkinTone;
     std::string txtNormalBody, txtNormalSkin;
@@ -55,14 +64,6 @@ struct OutfitSlot {
 };
 extern const std::array<OutfitSlot, 7> kOutfitSlots;
 const OutfitSlot& outfitSlot(Outfit outfit);
-
-// The eight hands: rows of the table, fields, pictures.
-struct HandSlot {
-    int row;
-    Field field;
-    const char* picture;
-};
-extern const std::array<HandSlot, 8> kHandSlots;
 
 // The generations, by the number of rows of the wardrobe table.
 inline constexpr int kBaseRows = 30;      // more: rows 31 to 33 exist
@@ -115,7 +116,7 @@ void readSimName(IffFile& iff, WardrobeFields& fields);
 void readPerson(const StrSegment& strings, WardrobeFields& fields);
 
 // The request to the skin chooser for an outfit: gender, age, the raw tone of row 15, body type,
-// letter.
+// letter. Raises 9 for a table without that row.
 std::string skinRequest(const WardrobeFields& fields, const StrSegment& strings, char letter);
 
 }  // namespace marlowick

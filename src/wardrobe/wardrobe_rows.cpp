@@ -2,6 +2,7 @@
 
 #include "foundation/error_trap.h"
 #include "system/game_text.h"
+#include "wardrobe/hands.h"
 
 namespace marlowick {
 namespace {
@@ -44,29 +45,41 @@ void fillChildRows(StrSegment& strings) {
     }
 }
 
-// The rows that only later generations of the file have. Age is row 1 as it stands.
-void writeLaterRows(const WardrobeFields& fields, StrSegment& strings) {
-    const int count = strings.Entries.bound();
+// The rows that each generation of the file added. Age is row 1 as it stands.
+
+void writeHotDateRows(const WardrobeFields& fields, StrSegment& strings) {
+    strings.Entries[row::kFormal].Text = formalText(fields);
+    strings.Entries[row::kSwimsuit].Text = outfitText(fields, Outfit::Swimsuit);
+    strings.Entries[row::kPajamas].Text = outfitText(fields, Outfit::Pajamas);
+}
+
+void writeVacationRows(const WardrobeFields& fields, StrSegment& strings) {
     const std::string& age = strings.Entries[row::kAge].Text;
-    const bool adult = age == "adult";
-    if (count <= kHotDateRows && (count <= kBaseRows || !adult)) {
-        return;
+    writeHotDateRows(fields, strings);
+    if (age != "adult") {
+        strings.Entries[row::kFormal].Text = kAdded;
     }
-    const auto put = [&](int number, std::string text) {
-        strings.Entries[number].Text = std::move(text);
-    };
-    put(row::kFormal, count <= kHotDateRows || adult ? formalText(fields) : std::string(kAdded));
-    put(row::kSwimsuit, outfitText(fields, Outfit::Swimsuit));
-    put(row::kPajamas, outfitText(fields, Outfit::Pajamas));
-    if (count <= kHotDateRows) {
-        return;
-    }
-    put(row::kWinter, outfitText(fields, Outfit::Winter));
+    strings.Entries[row::kWinter].Text = outfitText(fields, Outfit::Winter);
     if (age == "child") {
         fillChildRows(strings);
     }
+}
+
+void writeSuperstarRows(const WardrobeFields& fields, StrSegment& strings) {
+    writeVacationRows(fields, strings);
+    const bool adult = strings.Entries[row::kAge].Text == "adult";
+    strings.Entries[row::kFashion].Text =
+        adult ? outfitText(fields, Outfit::Fashion) : std::string(kAdded);
+}
+
+void writeLaterRows(const WardrobeFields& fields, StrSegment& strings) {
+    const int count = strings.Entries.bound();
     if (count > kVacationRows) {
-        put(row::kFashion, adult ? outfitText(fields, Outfit::Fashion) : std::string(kAdded));
+        writeSuperstarRows(fields, strings);
+    } else if (count > kHotDateRows) {
+        writeVacationRows(fields, strings);
+    } else if (count > kBaseRows && strings.Entries[row::kAge].Text == "adult") {
+        writeHotDateRows(fields, strings);
     }
 }
 
@@ -77,28 +90,15 @@ std::string handPrefix(const WardrobeFields& fields, std::string_view sideAndPos
 }
 
 void writeHands(const WardrobeFields& fields, StrSegment& strings) {
-    struct Hand {
-        int row;
-        const char* sideAndPose;
-        Field field;
-    };
-    static constexpr Hand kNormalHands[] = {
-        {18, "LO", &WardrobeFields::txtHandOpenLeft},
-        {19, "RO", &WardrobeFields::txtHandOpenRight},
-        {20, "LP", &WardrobeFields::txtHandPointLeft},
-        {21, "RP", &WardrobeFields::txtHandPointRight},
-        {22, "LC", &WardrobeFields::txtHandClosedLeft},
-        {23, "RC", &WardrobeFields::txtHandClosedRight},
-    };
-    for (const Hand& hand : kNormalHands) {
-        strings.Entries[hand.row].Text = handPrefix(fields, hand.sideAndPose) + fields.*hand.field;
-    }
     // Formal hands are worn as a pair or not at all.
-    const bool worn = !fields.txtHandFormalLeft.empty() && !fields.txtHandFormalRight.empty();
-    strings.Entries[row::kFormalHandLeft].Text =
-        worn ? handPrefix(fields, "LO") + fields.txtHandFormalLeft : std::string();
-    strings.Entries[row::kFormalHandRight].Text =
-        worn ? handPrefix(fields, "RO") + fields.txtHandFormalRight : std::string();
+    const bool formalWorn = !fields.txtHandFormalLeft.empty() && !fields.txtHandFormalRight.empty();
+    for (const HandPair& pair : kHandPairs) {
+        const bool worn = pair.pose != HandPose::Formal || formalWorn;
+        for (const Hand& hand : {pair.left, pair.right}) {
+            strings.Entries[hand.row].Text =
+                worn ? handPrefix(fields, hand.sideAndPose) + fields.*hand.field : std::string();
+        }
+    }
 }
 
 }  // namespace

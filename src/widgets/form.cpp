@@ -48,11 +48,12 @@ QWidget* frontWindow() {
     return formStack().isEmpty() ? nullptr : dynamic_cast<QWidget*>(formStack().last());
 }
 
-void FormEvents::onClick(QAbstractButton* button, const char* event,
+void FormEvents::onClick(QAbstractButton* button, std::string event,
                          std::function<void()> handler) {
-    QObject::connect(
-        button, &QAbstractButton::clicked, button,
-        [this, event, handler = std::move(handler)] { runEvent(windowName(), event, handler); });
+    QObject::connect(button, &QAbstractButton::clicked, button,
+                     [this, event = std::move(event), handler = std::move(handler)] {
+                         runEvent(windowName(), event.c_str(), handler);
+                     });
 }
 
 ModalForm::ModalForm(const char* name) : FormEvents(name) {

@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QPointer>
 #include <functional>
+#include <string>
 
 namespace marlowick {
 
@@ -26,8 +27,8 @@ class FormEvents {
     virtual void Form_Unload() {}
 
   protected:
-    // Runs a handler at each click of a button; event is the handler's name, a literal.
-    void onClick(QAbstractButton* button, const char* event, std::function<void()> handler);
+    // Runs a handler at each click of a button; event is the handler's name.
+    void onClick(QAbstractButton* button, std::string event, std::function<void()> handler);
 
   private:
     const char* name_;

@@ -87,6 +87,18 @@ TEST_F(EditSimFailuresTest, AFileWithoutAWardrobeNeverSaves) {
     EXPECT_EQ(reportsOfALoadThatNeverSaves(), Reports{"9 frmEditSim msDisplayUserData 1000"});
 }
 
+TEST_F(EditSimFailuresTest, ARequestWithoutAToneIsReportedAtItsStage) {
+    makeSim({.count = 14});
+    const test::ErrorRecorder recorder;
+    open([&](QWidget& window) {
+        const std::size_t ofTheLoad = recorder.reports().size();
+        click(window, "cmdChangeNormal");
+        ASSERT_EQ(recorder.reports().size(), ofTheLoad + 1);
+        EXPECT_EQ(inWords(recorder.reports().back()), "9 frmEditSim cmdChangeNormal_Click 2000");
+        click(window, "cmdCancel");
+    });
+}
+
 // The wardrobe was read and shows, but a part of the file behind it wasn't.
 TEST_F(EditSimFailuresTest, AFileThatCouldNotBeReadToItsEndNeverSaves) {
     const std::string broken = "AAAA" + test::big32(75) + std::string(68, '\0');

@@ -25,9 +25,14 @@ class WardrobeRowsTest : public ::testing::Test {
         for (const OutfitSlot& slot : kOutfitSlots) {
             set(slot.body, slot.skin, std::string(1, slot.letter).c_str());
         }
-        for (const HandSlot& hand : kHandSlots) {
-            fields.*hand.field = "Hand" + std::to_string(hand.row);
-        }
+        fields.txtHandOpenLeft = "Hand18";
+        fields.txtHandOpenRight = "Hand19";
+        fields.txtHandPointLeft = "Hand20";
+        fields.txtHandPointRight = "Hand21";
+        fields.txtHandClosedLeft = "Hand22";
+        fields.txtHandClosedRight = "Hand23";
+        fields.txtHandFormalLeft = "Hand29";
+        fields.txtHandFormalRight = "Hand30";
     }
 
     void load(const SimRows& sim) {
