@@ -2,13 +2,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
 #include <QScreen>
 
 #include "browser/frmSetPath.h"
 #include "browser/head_names.h"
 #include "catalogue/model_catalogue.h"
-#include "catalogue/thumbnail_page.h"
+#include "catalogue/thumbnail_page_view.h"
 #include "far/frmManageFARs.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -35,34 +34,6 @@ namespace {
 constexpr int kWindowHeight = 582;
 constexpr int kLowScreen = 640;
 constexpr int kBlinkMilliseconds = 333;
-constexpr int kThumbSize = 45;
-constexpr QSize kNameSize(64, 20);
-
-// Where the sim's unpacked pictures are looked for, and the height at which each is painted.
-struct Portrait {
-    const char* file;
-    int y;
-};
-
-constexpr Portrait kPortraits[] = {
-    {"\\web_image.bmp", 0}, {"\\faces.bmp", 64}, {"\\relimages.bmp", 128}};
-
-QPoint imagePosition(int cell) {
-    const page::Position corner = page::corner(cell);
-    return {corner.x + 2 + 9, corner.y + 2};
-}
-
-// Two lines of it fit under a thumbnail.
-QFont nameFont() {
-    QFont font = QApplication::font();
-    for (int pixels = 10; pixels > 6; --pixels) {
-        font.setPixelSize(pixels);
-        if (2 * QFontMetrics(font).lineSpacing() <= kNameSize.height()) {
-            break;
-        }
-    }
-    return font;
-}
 
 }  // namespace
 
@@ -70,39 +41,19 @@ frmMain::frmMain()
     : FormEvents("frmMain"), ui(std::make_unique<Ui::frmMain>()), Timer1(new QTimer(this)) {
     ui->setupUi(this);
     Timer1->setObjectName(QStringLiteral("Timer1"));
-    ui->picNotFound->setPicture(questionCard({kThumbSize, kThumbSize}));
-    ui->picCanNotLoad->setPicture(brokenFileCard({kThumbSize, kThumbSize}));
-    QFont small = font();
-    small.setPixelSize(10);
-    ui->picSim->setFont(small);
-    makeNameLabels();
+    ui->picNotFound->setPicture(questionCard({kPortraitSize, kPortraitSize}));
+    ui->picCanNotLoad->setPicture(brokenFileCard({kPortraitSize, kPortraitSize}));
     connectControls();
 }
 
 frmMain::~frmMain() = default;
 
-void frmMain::makeNameLabels() {
-    const QFont font = nameFont();
-    for (int cell = 0; cell < page::kCells; ++cell) {
-        auto* label = new QLabel(ui->picThumbs);
-        label->setObjectName(QStringLiteral("lblSimName"));
-        label->setProperty("Index", cell);
-        const page::Position corner = page::corner(cell);
-        label->setGeometry(QRect(QPoint(corner.x + 2, corner.y + 48), kNameSize));
-        label->setFont(font);
-        label->setTextFormat(Qt::PlainText);
-        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        lblSimName.at(static_cast<std::size_t>(cell)) = label;
-    }
-}
-
 void frmMain::connectControls() {
     onClick(ui->cmdSelect, "cmdSelect_Click", [this] { cmdSelect_Click(); });
-    onClick(ui->cmdFirst, "cmdFirst_Click", [this] { cmdFirst_Click(); });
-    onClick(ui->cmdPrevious, "cmdPrevious_Click", [this] { cmdPrevious_Click(); });
-    onClick(ui->cmdNext, "cmdNext_Click", [this] { cmdNext_Click(); });
-    onClick(ui->cmdLast, "cmdLast_Click", [this] { cmdLast_Click(); });
+    onClick(ui->cmdFirst, "cmdFirst_Click", [this] { turnPage(&SimPage::goToFirst); });
+    onClick(ui->cmdPrevious, "cmdPrevious_Click", [this] { turnPage(&SimPage::goToPrevious); });
+    onClick(ui->cmdNext, "cmdNext_Click", [this] { turnPage(&SimPage::goToNext); });
+    onClick(ui->cmdLast, "cmdLast_Click", [this] { turnPage(&SimPage::goToLast); });
     connect(ui->lstUserDataDir, &ClickList::lineClicked, this, [this] {
         runEvent("frmMain", "lstUserDataDir_Click", [this] { lstUserDataDir_Click(); });
     });
@@ -157,10 +108,8 @@ void frmMain::Form_Load() {
     }
     ui->smenuBackup->setChecked(readSettingAsNumber(setting::kBackupSavedFile) == 1);
     SimsPath = toPath(readSetting(setting::kSimsLocation));
-    masSimFiles.reset();
-    for (int cell = 0; cell < page::kCells; ++cell) {
-        setName(cell, QString());
-    }
+    page_.setFiles({});
+    ui->picThumbs->clearPage();
     resetModelCatalogue();
     gsBuildModelCatalogue();
     ignoringErrors([] { files().makeFolder(ensembleFolder()); });
@@ -203,7 +152,7 @@ void frmMain::showPathMessages() {
 }
 
 void frmMain::activateWithGame() {
-    if (masSimFiles.bound() == 0) {
+    if (page_.files().bound() == 0) {
         msGetUserDataDirs();
         msFillUserDataList();
         const QString last = readSetting(setting::kLastNeighborhood);
@@ -256,7 +205,7 @@ void frmMain::lstUserDataDir_Click() {
     }
     clearSim();
     mstrUserDataDir = folderOfLine(line);
-    mlngPage = 0;
+    page_.goToFirst();
     msGetFileNames();
     msLoadSimImages();
 }
@@ -266,9 +215,9 @@ void frmMain::msGetFileNames() {
         const InputGuard guard;
         setPointer(Pointer::Hourglass);
         repaintWindows();
-        masSimFiles.reset();
+        page_.setFiles({});
         ui->picSim->clear();
-        masSimFiles = findSimFiles(mstrUserDataDir);
+        page_.setFiles(findSimFiles(mstrUserDataDir));
         setPointer(Pointer::Default);
     });
 }
@@ -278,12 +227,14 @@ void frmMain::msGetSimFileNames() {
         const InputGuard guard;
         setPointer(Pointer::Hourglass);
         repaintWindows();
-        masSimFiles.reset();
+        page_.setFiles({});
         mudtBadFiles.reset();
         const List<std::string> found = findSimFiles(mstrUserDataDir);
+        List<std::string> good;
         for (int i = 1; i <= found.bound(); ++i) {
-            sortOutSimFile(mudtIff, mstrUserDataDir, found[i], masSimFiles, mudtBadFiles);
+            sortOutSimFile(mudtIff, mstrUserDataDir, found[i], good, mudtBadFiles);
         }
+        page_.setFiles(std::move(good));
         setPointer(Pointer::Default);
         if (mudtBadFiles.bound() > 0) {
             msReportBadFiles();
@@ -304,31 +255,10 @@ Path frmMain::simPath(const std::string& fileName) const {
 
 // The page.
 
-void frmMain::setName(int cell, const QString& name) {
-    QLabel* label = lblSimName.at(static_cast<std::size_t>(cell));
-    // Long names break in two; a word that is too long even so is shortened.
-    const QFontMetrics metrics(label->font());
-    QStringList lines = name.split(QLatin1Char('\n'));
-    const auto fitted = [&](const QString& line) {
-        return metrics.elidedText(line, Qt::ElideRight, kNameSize.width());
-    };
-    if (lines.size() == 1 && fitted(name) != name) {
-        const qsizetype blank = name.indexOf(QLatin1Char(' '));
-        if (blank > 0) {
-            lines = {name.left(blank), name.mid(blank + 1)};
-        }
-    }
-    for (QString& line : lines) {
-        line = fitted(line);
-    }
-    label->setText(lines.join(QLatin1Char('\n')));
-    label->setAccessibleName(name);
-}
-
-void frmMain::paintCell(int cell, const std::string& fileName) {
-    if (!readSimFile(mudtIff, mstrUserDataDir, fileName).empty()) {
-        ui->picThumbs->paint(ui->picCanNotLoad->picture(), imagePosition(cell));
-        setName(cell, QStringLiteral("* ERROR *\n Can't Load!!"));
+void frmMain::paintCell(int cell) {
+    if (!readSimFile(mudtIff, mstrUserDataDir, page_.fileIn(cell)).empty()) {
+        ui->picThumbs->paintPortrait(cell, ui->picCanNotLoad->picture());
+        ui->picThumbs->setName(cell, QStringLiteral("* ERROR *\n Can't Load!!"));
         return;
     }
     ignoringErrors([] { removeIfPresent(ProgramFolder + "\\Web_Image.Bmp"); });
@@ -336,98 +266,48 @@ void frmMain::paintCell(int cell, const std::string& fileName) {
     if (!ignoringErrors([&] { ui->picLoad->load(ProgramFolder + "\\Web_Image.Bmp"); })) {
         ui->picLoad->setPicture(ui->picNotFound->picture());
     }
-    ui->picThumbs->paint(ui->picLoad->picture(), imagePosition(cell));
-    for (int i = 1; i <= mudtIff.Segments.bound(); ++i) {
-        if (mudtIff.Segments[i].Type == "CTSS") {
-            setName(cell, toDisplay(catalogueName(mudtIff.Segments[i])));
-            break;
-        }
-    }
+    ui->picThumbs->paintPortrait(cell, ui->picLoad->picture());
+    ui->picThumbs->setName(cell, toDisplay(firstCatalogueName(mudtIff).value_or(std::string())));
 }
 
 void frmMain::msLoadSimImages() {
     trapped("frmMain", "msLoadSimImages", [&] {
         CheckpointNumber = 1000;
-        ui->picThumbs->clear();
-        for (int cell = 0; cell < page::kCells; ++cell) {
-            setName(cell, QString());
-        }
-        // A page of -1 stands for an empty list.
-        if (masSimFiles.bound() == 0) {
+        ui->picThumbs->clearPage();
+        const int cells = page_.filledCells();
+        if (cells == 0) {
             return;
         }
         const InputGuard guard;
         setPointer(Pointer::Hourglass);
         repaintWindows();
-        const int count = masSimFiles.bound();
         CheckpointNumber = 2000;
-        for (int cell = 0; cell < page::kCells; ++cell) {
-            const int entry = page::entryOf(mlngPage, cell);
-            if (entry > count) {
-                break;
-            }
-            paintCell(cell, masSimFiles[entry]);
+        for (int cell = 0; cell < cells; ++cell) {
+            paintCell(cell);
             repaintWindows();
             CheckpointNumber = 2000;
         }
         CheckpointNumber = 3000;
-        mlngSelected = 0;
-        msDisplaySim(masSimFiles[page::entryOf(mlngPage, 0)]);
+        page_.select(0);
+        msDisplaySim(page_.selectedFile());
         ui->txtPageCount->setText(
-            QStringLiteral("Page %1 of %2").arg(mlngPage + 1).arg(page::pageCount(count)));
+            QStringLiteral("Page %1 of %2").arg(page_.number() + 1).arg(page_.pageCount()));
         setPointer(Pointer::Default);
     });
 }
 
-void frmMain::goToPage(int pageNumber) {
-    mlngPage = pageNumber;
-    msLoadSimImages();
-}
-
-void frmMain::cmdFirst_Click() {
+void frmMain::turnPage(bool (SimPage::*turn)()) {
     ui->cmdFocus->setFocus();
-    if (mlngPage != 0) {
-        goToPage(0);
+    if ((page_.*turn)()) {
+        msLoadSimImages();
     }
-}
-
-void frmMain::cmdPrevious_Click() {
-    ui->cmdFocus->setFocus();
-    if (mlngPage > 0) {
-        goToPage(mlngPage - 1);
-    }
-}
-
-void frmMain::cmdNext_Click() {
-    ui->cmdFocus->setFocus();
-    if (page::lastPage(masSimFiles.bound()) > mlngPage) {
-        goToPage(mlngPage + 1);
-    }
-}
-
-void frmMain::cmdLast_Click() {
-    ui->cmdFocus->setFocus();
-    const int last = page::lastPage(masSimFiles.bound());
-    if (last != mlngPage) {
-        goToPage(last);
-    }
-}
-
-std::string frmMain::fileInCell(int cell) const {
-    const int entry = page::entryOf(mlngPage, cell);
-    return entry >= 1 && entry <= masSimFiles.bound() ? masSimFiles[entry] : std::string();
-}
-
-void frmMain::outlineCell(int cell, bool visible) {
-    const page::Position corner = page::corner(cell);
-    ui->picThumbs->frame({corner.x, corner.y, page::kPitch, page::kPitch}, visible);
 }
 
 void frmMain::picThumbs_MouseDown(QPoint position) {
     trapped("frmMain", "picThumbs_MouseDown", [&] {
-        outlineCell(mlngSelected, false);
-        mlngSelected = page::cellAt(position.x(), position.y());
-        const std::string file = fileInCell(mlngSelected);
+        ui->picThumbs->frameCell(page_.selected(), false);
+        page_.select(page::cellAt(position.x(), position.y()));
+        const std::string file = page_.selectedFile();
         if (file.empty()) {
             clearSim();
             return;
@@ -437,17 +317,15 @@ void frmMain::picThumbs_MouseDown(QPoint position) {
 }
 
 void frmMain::picThumbs_MouseMove(QPoint position) {
-    if (masSimFiles.bound() > 0) {
-        ui->picThumbs->setToolTip(
-            toToolTip(toDisplay(fileInCell(page::cellAt(position.x(), position.y())))));
+    if (page_.files().bound() > 0) {
+        ui->picThumbs->tellFile(page_.fileIn(page::cellAt(position.x(), position.y())));
     }
 }
 
 void frmMain::moveSelection(int columns, int rows) {
-    const int cell = page::cellBeside(mlngSelected, columns, rows);
+    const int cell = page::cellBeside(page_.selected(), columns, rows);
     if (cell >= 0) {
-        const page::Position corner = page::corner(cell);
-        picThumbs_MouseDown({corner.x + page::kPitch / 2, corner.y + page::kPitch / 2});
+        picThumbs_MouseDown(cellBox(cell).center());
     }
 }
 
@@ -456,14 +334,13 @@ void frmMain::Timer1_Timer() {
         return;
     }
     mblnBlink = !mblnBlink;
-    outlineCell(mlngSelected, !mblnBlink);
+    ui->picThumbs->frameCell(page_.selected(), !mblnBlink);
 }
 
 // The chosen sim.
 
 void frmMain::clearSim() {
-    ui->picSim->clear();
-    ui->picSim->setToolTip(QString());
+    ui->picSim->clearSim();
     ui->txtSimName->clear();
     ui->txtSimName->setToolTip(QString());
 }
@@ -471,55 +348,24 @@ void frmMain::clearSim() {
 void frmMain::showUnreadable(const std::string& fileName, const std::string& reason) {
     const QString name = toDisplay(fileName);
     ui->txtSimName->setText(QStringLiteral("* ERROR * Can not load ") + name);
-    ui->picSim->paint(ui->picCanNotLoad->picture(), {0, 0});
-    const QString lines[] = {
-        QStringLiteral("The selected sim file"),
-        toDisplay(mstrUserDataDir) + QStringLiteral("\\characters\\") + name,
-        QStringLiteral("can not be loaded. The error returned was:"),
-        toDisplay(reason),
-    };
-    int y = 48;
-    for (const QString& line : lines) {
-        ui->picSim->print(line, {2, y});
-        y += 12;
-    }
-    ui->picSim->setToolTip(toToolTip(toDisplay(reason)));
-}
-
-void frmMain::showPortraits() {
-    for (const Portrait& portrait : kPortraits) {
-        ignoringErrors([&] { removeIfPresent(ProgramFolder + portrait.file); });
-    }
-    ignoringErrors([&] { dumpBitmaps(mudtIff); });
-    for (const Portrait& portrait : kPortraits) {
-        ui->picLoad->setPicture(ui->picNotFound->picture());
-        ignoringErrors([&] { ui->picLoad->load(ProgramFolder + portrait.file); });
-        ui->picSim->paint(ui->picLoad->picture(), {0, portrait.y});
-    }
-}
-
-void frmMain::showObjectName(const std::string& fileName) {
-    ui->txtSimName->setText(toDisplay(fileName));
-    for (int i = 1; i <= mudtIff.Segments.bound(); ++i) {
-        if (isUserObject(mudtIff.Segments[i])) {
-            ui->txtSimName->setText(toDisplay(gfstrTrimAtNull(mudtIff.Segments[i].Label)));
-            break;
-        }
-    }
-    ui->txtSimName->setCursorPosition(0);
+    ui->picSim->showUnreadable(
+        ui->picCanNotLoad->picture(),
+        {QStringLiteral("The selected sim file"),
+         toDisplay(mstrUserDataDir) + QStringLiteral("\\characters\\") + name,
+         QStringLiteral("can not be loaded. The error returned was:"), toDisplay(reason)});
 }
 
 void frmMain::msDisplaySim(const std::string& fileName) {
     trapped("frmMain", "msDisplaySim", [&] {
         const std::string reason = readSimFile(mudtIff, mstrUserDataDir, fileName);
-        ui->picSim->clear();
-        ui->picSim->setToolTip(QString());
+        ui->picSim->clearSim();
         if (!reason.empty()) {
             showUnreadable(fileName, reason);
             return;
         }
-        showPortraits();
-        showObjectName(fileName);
+        ui->picSim->showPictures(mudtIff, *ui->picLoad, ui->picNotFound->picture());
+        ui->txtSimName->setText(toDisplay(firstUserLabel(mudtIff).value_or(fileName)));
+        ui->txtSimName->setCursorPosition(0);
         StrSegment strings;
         readWardrobeTable(mudtIff, strings);
         const std::string& species = strings.Entries[1].Text;
@@ -530,7 +376,7 @@ void frmMain::msDisplaySim(const std::string& fileName) {
 
 void frmMain::cmdSelect_Click() {
     ui->cmdFocus->setFocus();
-    const std::string file = fileInCell(mlngSelected);
+    const std::string file = page_.selectedFile();
     if (ui->lstUserDataDir->line().empty() || ui->txtSimName->text().isEmpty() || file.empty()) {
         return;
     }
@@ -558,7 +404,7 @@ void frmMain::msPrepareSimPreview() {
         StrSegment strings;
         readWardrobeTable(mudtIff, strings);
         ui->cmdFocus->setFocus();
-        const std::string file = fileInCell(mlngSelected);
+        const std::string file = page_.selectedFile();
         if (ui->lstUserDataDir->line().empty() || ui->txtSimName->text().isEmpty() ||
             file.empty()) {
             return;
@@ -598,7 +444,7 @@ bool frmMain::walkSims(const std::function<bool(const SimWalk&)>& tool) {
     {
         const InputGuard guard;
         repaintWindows();
-        done = tool({mstrUserDataDir, masSimFiles, mudtIff, repaintWindows});
+        done = tool({mstrUserDataDir, page_.files(), mudtIff, repaintWindows});
     }
     setPointer(Pointer::Default);
     return done;
@@ -606,7 +452,7 @@ bool frmMain::walkSims(const std::function<bool(const SimWalk&)>& tool) {
 
 void frmMain::smenuExport_Click() {
     trapped("frmMain", "smenuExport_Click", [&] {
-        if (masSimFiles.bound() == 0) {
+        if (page_.files().bound() == 0) {
             return;
         }
         walkSims([](const SimWalk& walk) {
@@ -623,7 +469,7 @@ void frmMain::smenuExport_Click() {
 void frmMain::repairSims(const QString& question, bool (*tool)(const SimWalk&)) {
     trapped("frmMain", "smenuFix_Click", [&] {
         if (!confirmAction(question + QStringLiteral("\n\nDo you wish to proceed?")) ||
-            masSimFiles.bound() == 0) {
+            page_.files().bound() == 0) {
             return;
         }
         if (walkSims(tool)) {

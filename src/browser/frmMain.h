@@ -3,19 +3,18 @@
 
 #include <QMainWindow>
 #include <QTimer>
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "browser/neighbourhood_tools.h"
 #include "browser/neighbourhoods.h"
+#include "browser/sim_page.h"
 #include "foundation/list.h"
 #include "iff/iff_file.h"
 #include "widgets/form.h"
 
 class QAction;
-class QLabel;
 
 namespace Ui {
 class frmMain;
@@ -52,7 +51,6 @@ class frmMain : public QMainWindow, public FormEvents {
   private:
     void connectControls();
     void connectMenu(QAction* action, const char* event, void (frmMain::*handler)());
-    void makeNameLabels();
     void showPathMessages();
     void activateWithGame();
 
@@ -63,24 +61,15 @@ class frmMain : public QMainWindow, public FormEvents {
     void msLoadSimImages();
     void msDisplaySim(const std::string& fileName);
 
-    void paintCell(int cell, const std::string& fileName);
+    void paintCell(int cell);
     void clearSim();
     void showUnreadable(const std::string& fileName, const std::string& reason);
-    void showPortraits();
-    void showObjectName(const std::string& fileName);
-    void outlineCell(int cell, bool visible);
-    void setName(int cell, const QString& name);
-    std::string fileInCell(int cell) const;
     Path simPath(const std::string& fileName) const;
-    void goToPage(int pageNumber);
+    void turnPage(bool (SimPage::*turn)());
     bool walkSims(const std::function<bool(const SimWalk&)>& tool);
     void repairSims(const QString& question, bool (*tool)(const SimWalk&));
 
     void lstUserDataDir_Click();
-    void cmdFirst_Click();
-    void cmdPrevious_Click();
-    void cmdNext_Click();
-    void cmdLast_Click();
     void cmdSelect_Click();
     void picThumbs_MouseDown(QPoint position);
     void picThumbs_MouseMove(QPoint position);
@@ -96,14 +85,11 @@ class frmMain : public QMainWindow, public FormEvents {
 
     std::unique_ptr<Ui::frmMain> ui;
     QTimer* Timer1;
-    std::array<QLabel*, 49> lblSimName{};
 
     List<std::string> masUserDataDirs;
     std::string mstrUserDataDir;
-    List<std::string> masSimFiles;
     List<BadFile> mudtBadFiles;
-    int mlngPage = 0;
-    int mlngSelected = 0;
+    SimPage page_;
     bool mblnIsPet = false;
     bool mblnBlink = false;
     IffFile mudtIff;

@@ -8,6 +8,7 @@
 #include "catalogue/model_catalogue.h"
 #include "catalogue/skin_image.h"
 #include "catalogue/thumbnail_page.h"
+#include "catalogue/thumbnail_page_view.h"
 #include "far/far_directory.h"
 #include "foundation/error_trap.h"
 #include "ui_frmSelectSkin.h"
@@ -59,11 +60,6 @@ class SmallMarks : public QProxyStyle {
         }
     }
 };
-
-QRect cellBox(int cell) {
-    const page::Position corner = page::corner(cell);
-    return {corner.x, corner.y, page::kPitch, page::kPitch};
-}
 
 }  // namespace
 

@@ -20,6 +20,24 @@ std::string catalogueName(const IffSegment& segment) {
                                              : gfstrTrimAtNull(segment.Data.substr(kNameStart));
 }
 
+std::optional<std::string> firstUserLabel(const IffFile& iff) {
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        if (isUserObject(iff.Segments[i])) {
+            return gfstrTrimAtNull(iff.Segments[i].Label);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> firstCatalogueName(const IffFile& iff) {
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        if (iff.Segments[i].Type == "CTSS") {
+            return catalogueName(iff.Segments[i]);
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<std::string> lastUserLabel(const IffFile& iff) {
     for (int i = iff.Segments.bound(); i >= 1; --i) {
         if (isUserObject(iff.Segments[i])) {

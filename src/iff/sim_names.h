@@ -16,6 +16,11 @@ bool isUserObject(const IffSegment& segment);
 // The display name in a "CTSS" segment's Data: from the sixth byte on, cut at the first zero byte.
 std::string catalogueName(const IffSegment& segment);
 
+// The label of the first user object, cut at its first zero byte, and the name in the first "CTSS"
+// segment: what the page of sims shows. Nothing in a file without one.
+std::optional<std::string> firstUserLabel(const IffFile& iff);
+std::optional<std::string> firstCatalogueName(const IffFile& iff);
+
 // The label of the last user object, cut at its first zero byte and without trailing blanks, and
 // the name in the last "CTSS" segment; nothing in a file without one.
 std::optional<std::string> lastUserLabel(const IffFile& iff);

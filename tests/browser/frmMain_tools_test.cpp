@@ -1,11 +1,9 @@
 // The commands of the menu Tools, as a person uses them.
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QListWidget>
 #include <QTimer>
 
-#include "browser/frmMain.h"
+#include "browser/main_window_test.h"
 #include "foundation/error_trap.h"
 #include "start/startup.h"
 #include "support/faulty_files.h"
@@ -21,6 +19,7 @@ namespace {
 
 using test::find;
 using test::simFile;
+using test::simPlace;
 using test::simRows;
 using test::textOf;
 
@@ -35,15 +34,9 @@ const char* const kPinkQuestion =
     "will have their formal hands restored to the proper default for their gender.\n\nDo you wish "
     "to proceed?";
 
-class MainToolsTest : public test::WindowTest {
+class MainToolsTest : public test::MainWindowTest {
   protected:
     MainToolsTest() { test::installGame(folder); }
-
-    static std::string place(int number) {
-        char name[60];
-        std::snprintf(name, sizeof name, "game/UserData/Characters/user%05d.iff", number);
-        return name;
-    }
 
     // A woman in a swimsuit of another body type, with pink hands.
     static std::vector<std::string> damagedRows() {
@@ -55,31 +48,15 @@ class MainToolsTest : public test::WindowTest {
 
     void makeDamaged(int count) {
         for (int number = 1; number <= count; ++number) {
-            folder.write(place(number), simFile(damagedRows()));
+            folder.write(simPlace(number), simFile(damagedRows()));
         }
-    }
-
-    // Shows the window on the first neighbourhood.
-    frmMain& show() {
-        auto& window = theWindow<frmMain>();
-        window.showMain();
-        auto* list = find<QListWidget>(window, "lstUserDataDir");
-        if (list->count() > 0) {
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                              list->visualItemRect(list->item(0)).center());
-        }
-        return window;
-    }
-
-    static void choose(QWidget& window, const char* entry) {
-        window.findChild<QAction*>(entry)->trigger();
     }
 
     // How many of the sims' rows read so.
     int simsWith(std::size_t row, const std::string& text, int count) {
         int found = 0;
         for (int number = 1; number <= count; ++number) {
-            found += test::rowsOfFile(folder.read(place(number)))[row - 1] == text ? 1 : 0;
+            found += test::rowsOfFile(folder.read(simPlace(number)))[row - 1] == text ? 1 : 0;
         }
         return found;
     }
@@ -91,11 +68,11 @@ class MainToolsTest : public test::WindowTest {
 
 TEST_F(MainToolsTest, TheRepairsAskFirst) {
     makeDamaged(1);
-    frmMain& window = show();
+    frmMain& window = showFirst();
     script.answer(QMessageBox::No);
     script.answer(QMessageBox::No);
-    choose(window, "smenuFix");
-    choose(window, "smenuPinkHands");
+    chooseCommand(window, "smenuFix");
+    chooseCommand(window, "smenuPinkHands");
     ASSERT_EQ(script.messages().size(), 2U);
     EXPECT_EQ(script.messages()[0].text, kFixQuestion);
     EXPECT_EQ(script.messages()[1].text, kPinkQuestion);
@@ -104,16 +81,16 @@ TEST_F(MainToolsTest, TheRepairsAskFirst) {
         EXPECT_EQ(question.icon, QMessageBox::Question);
         EXPECT_TRUE(question.yesNo);
     }
-    EXPECT_TRUE(folder.read(place(1)) == simFile(damagedRows()));
+    EXPECT_TRUE(folder.read(simPlace(1)) == simFile(damagedRows()));
 }
 
 TEST_F(MainToolsTest, TheRepairsWorkOnAllPagesAndTellWhenTheyAreDone) {
     makeDamaged(51);
-    frmMain& window = show();
+    frmMain& window = showFirst();
     for (const char* entry : {"smenuFix", "smenuPinkHands"}) {
         script.answer(QMessageBox::Yes);
         script.answer();
-        choose(window, entry);
+        chooseCommand(window, entry);
         const test::SeenMessage& end = script.messages().back();
         EXPECT_EQ(end.title, "Success");
         EXPECT_EQ(end.text, "Operation Complete");
@@ -126,21 +103,21 @@ TEST_F(MainToolsTest, TheRepairsWorkOnAllPagesAndTellWhenTheyAreDone) {
 }
 
 TEST_F(MainToolsTest, TheEndIsToldEvenIfNothingChanged) {
-    folder.write(place(1), simFile(simRows({.count = 30})));
-    frmMain& window = show();
+    folder.write(simPlace(1), simFile(simRows({.count = 30})));
+    frmMain& window = showFirst();
     script.answer(QMessageBox::Yes);
     script.answer();
-    choose(window, "smenuFix");
+    chooseCommand(window, "smenuFix");
     EXPECT_EQ(script.messages().back().text, "Operation Complete");
 }
 
 TEST_F(MainToolsTest, WithoutSimsTheQuestionIsAll) {
-    frmMain& window = show();
+    frmMain& window = showFirst();
     script.answer(QMessageBox::Yes);
-    choose(window, "smenuFix");
+    chooseCommand(window, "smenuFix");
     script.answer(QMessageBox::Yes);
-    choose(window, "smenuPinkHands");
-    choose(window, "smenuExport");
+    chooseCommand(window, "smenuPinkHands");
+    chooseCommand(window, "smenuExport");
     EXPECT_EQ(script.messages().size(), 2U);
     EXPECT_FALSE(folder.exists("program/headskins.txt"));
     EXPECT_FALSE(folder.exists("program/bodyskins.txt"));
@@ -148,14 +125,14 @@ TEST_F(MainToolsTest, WithoutSimsTheQuestionIsAll) {
 
 TEST_F(MainToolsTest, ThePageStaysAsItWas) {
     makeDamaged(2);
-    frmMain& window = show();
+    frmMain& window = showFirst();
     const QImage page = find<PictureBox>(window, "picThumbs")->painted();
     const QImage sim = find<PictureBox>(window, "picSim")->painted();
     const QString name = textOf(window, "txtSimName");
-    folder.write(place(1), simFile(damagedRows(), "New Name", "user00001 - New Name"));
+    folder.write(simPlace(1), simFile(damagedRows(), "New Name", "user00001 - New Name"));
     script.answer(QMessageBox::Yes);
     script.answer();
-    choose(window, "smenuFix");
+    chooseCommand(window, "smenuFix");
     EXPECT_TRUE(find<PictureBox>(window, "picThumbs")->painted() == page);
     EXPECT_TRUE(find<PictureBox>(window, "picSim")->painted() == sim);
     EXPECT_EQ(textOf(window, "txtSimName"), name);
@@ -164,9 +141,9 @@ TEST_F(MainToolsTest, ThePageStaysAsItWas) {
 
 TEST_F(MainToolsTest, TheExportTellsWhereItsListsLie) {
     makeDamaged(1);
-    frmMain& window = show();
+    frmMain& window = showFirst();
     script.answer();
-    choose(window, "smenuExport");
+    chooseCommand(window, "smenuExport");
     ASSERT_EQ(script.messages().size(), 1U);
     EXPECT_EQ(script.messages()[0].title, "Export Complete");
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Information);
@@ -183,7 +160,7 @@ TEST_F(MainToolsTest, TheExportTellsWhereItsListsLie) {
 // While a tool runs, the window paints under a busy pointer, and nothing else can be started.
 TEST_F(MainToolsTest, NobodyStartsASecondCommandMeanwhile) {
     makeDamaged(60);
-    frmMain& window = show();
+    frmMain& window = showFirst();
     for (const char* entry : {"smenuFix", "smenuPinkHands", "smenuExport"}) {
         int looks = 0;
         QTimer timer;
@@ -200,7 +177,7 @@ TEST_F(MainToolsTest, NobodyStartsASecondCommandMeanwhile) {
             script.answer(QMessageBox::Yes);
         }
         script.answer();
-        choose(window, entry);
+        chooseCommand(window, entry);
         timer.stop();
         EXPECT_GE(looks, 60) << entry;
         EXPECT_TRUE(window.isVisible());
@@ -210,9 +187,9 @@ TEST_F(MainToolsTest, NobodyStartsASecondCommandMeanwhile) {
 
 // Each report is closed by its frame; the command is over then, without a word of success.
 TEST_F(MainToolsTest, FailuresAreReportedUnderTheNamesOfTheCommands) {
-    folder.write(place(1), simFile(simRows({})));
-    frmMain& window = show();
-    folder.write(place(1), simFile({"adult", "row 2"}));
+    folder.write(simPlace(1), simFile(simRows({})));
+    frmMain& window = showFirst();
+    folder.write(simPlace(1), simFile({"adult", "row 2"}));
     installErrorWindow();
     struct Case {
         const char* entry;
@@ -224,23 +201,23 @@ TEST_F(MainToolsTest, FailuresAreReportedUnderTheNamesOfTheCommands) {
             script.answer(QMessageBox::Yes);
         }
         script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
-        choose(window, c.entry);
+        chooseCommand(window, c.entry);
         EXPECT_TRUE(script.isDone());
         EXPECT_EQ(reported(), c.report);
         EXPECT_FALSE(pointerIsBusy());
         EXPECT_FALSE(InputGuard::isActive());
     }
-    folder.write(place(1), simFile(simRows({.count = 31})));
+    folder.write(simPlace(1), simFile(simRows({.count = 31})));
     script.answer(QMessageBox::Yes);
     script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
-    choose(window, "smenuFix");
+    chooseCommand(window, "smenuFix");
     EXPECT_TRUE(script.isDone());
     EXPECT_EQ(reported(), "9 frmMain smenuFix_Click");
 }
 
 TEST_F(MainToolsTest, ARepairEndsWithTheFirstRewriteThatFailed) {
     makeDamaged(3);
-    frmMain& window = show();
+    frmMain& window = showFirst();
     installErrorWindow();
     script.answer(QMessageBox::Yes);
     script.whenShown("frmErrorDialog", [](QWidget& report) {
@@ -249,25 +226,25 @@ TEST_F(MainToolsTest, ARepairEndsWithTheFirstRewriteThatFailed) {
     });
     {
         const test::FaultyFiles faulty(1, test::FaultyFiles::Fault::Fail);
-        choose(window, "smenuFix");
+        chooseCommand(window, "smenuFix");
     }
     EXPECT_TRUE(script.isDone());
     EXPECT_EQ(reported(), "57 modIFFsupport gsWriteIFF");
     EXPECT_EQ(script.messages().size(), 1U);
     EXPECT_FALSE(pointerIsBusy());
     for (int number = 1; number <= 3; ++number) {
-        EXPECT_TRUE(folder.read(place(number)) == simFile(damagedRows()));
+        EXPECT_TRUE(folder.read(simPlace(number)) == simFile(damagedRows()));
     }
 }
 
 TEST_F(MainToolsTest, AReadOnlySimIsReportedAndTheRepairEnds) {
     makeDamaged(3);
-    folder.makeReadOnly(place(2));
-    frmMain& window = show();
+    folder.makeReadOnly(simPlace(2));
+    frmMain& window = showFirst();
     installErrorWindow();
     script.answer(QMessageBox::Yes);
     script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
-    choose(window, "smenuPinkHands");
+    chooseCommand(window, "smenuPinkHands");
     EXPECT_TRUE(script.isDone());
     EXPECT_EQ(reported(), "75 frmMain smenuFix_Click");
     EXPECT_EQ(simsWith(29, "HfLO,HAND=gfao_bride", 1), 1);

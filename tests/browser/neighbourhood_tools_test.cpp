@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "browser/neighbourhoods.h"
+#include "browser/sim_files.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/test_folder.h"
@@ -17,6 +18,7 @@ namespace {
 using test::FaultyFiles;
 using test::segment;
 using test::simFile;
+using test::simPlace;
 using test::simRows;
 using test::stringTable;
 
@@ -39,17 +41,13 @@ std::string unreadableFile() {
 
 class ToolsTest : public ::testing::Test {
   protected:
-    static std::string place(int number) {
-        return "game/UserData/Characters/user0000" + std::to_string(number) + ".iff";
-    }
-
-    void put(int number, const std::string& content) { folder.write(place(number), content); }
-    std::string sim(int number) const { return folder.read(place(number)); }
+    void put(int number, const std::string& content) { folder.write(simPlace(number), content); }
+    std::string sim(int number) const { return folder.read(simPlace(number)); }
 
     // A file that stays as it is: a repair that wants to write it fails.
     void putReadOnly(int number, const std::string& content) {
         put(number, content);
-        folder.makeReadOnly(place(number));
+        folder.makeReadOnly(simPlace(number));
     }
 
     SimWalk walk() {

@@ -5,7 +5,7 @@
 namespace marlowick {
 namespace {
 
-TEST(SimPageTest, CellsLieSevenInARow) {
+TEST(ThumbnailPageTest, CellsLieSevenInARow) {
     EXPECT_EQ(page::corner(0).x, 0);
     EXPECT_EQ(page::corner(8).x, 68);
     EXPECT_EQ(page::corner(8).y, 68);
@@ -13,7 +13,7 @@ TEST(SimPageTest, CellsLieSevenInARow) {
     EXPECT_EQ(page::corner(48).y, 408);
 }
 
-TEST(SimPageTest, TheBorderCountsAsAnEighthColumn) {
+TEST(ThumbnailPageTest, TheBorderCountsAsAnEighthColumn) {
     EXPECT_EQ(page::cellAt(0, 0), 0);
     EXPECT_EQ(page::cellAt(67, 67), 0);
     EXPECT_EQ(page::cellAt(68, 0), 1);
@@ -23,7 +23,7 @@ TEST(SimPageTest, TheBorderCountsAsAnEighthColumn) {
     EXPECT_EQ(page::cellAt(480, 480), 56);
 }
 
-TEST(SimPageTest, CountsPagesAndEntries) {
+TEST(ThumbnailPageTest, CountsPagesAndEntries) {
     EXPECT_EQ(page::pageCount(49), 1);
     EXPECT_EQ(page::pageCount(50), 2);
     EXPECT_EQ(page::lastPage(49), 0);

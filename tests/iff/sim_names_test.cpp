@@ -41,6 +41,18 @@ TEST_F(SimNamesTest, TheNameBeginsAtTheSixthByteAndEndsAtAZeroByte) {
     EXPECT_EQ(nameIn(""), "");
 }
 
+TEST_F(SimNamesTest, ThePageOfSimsShowsTheFirstOfEachKind) {
+    EXPECT_FALSE(firstUserLabel(iff).has_value());
+    EXPECT_FALSE(firstCatalogueName(iff).has_value());
+    add("OBJD", "chair");
+    add("OBJD", "uSer1 - One  \0junk"s);
+    add("CTSS", "", "\xFD\xFF\1\0\1One  \0\0"s);
+    add("OBJD", "user2");
+    add("CTSS", "", "\xFD\xFF\1\0\1Two\0\0"s);
+    EXPECT_EQ(firstUserLabel(iff), "uSer1 - One  ");
+    EXPECT_EQ(firstCatalogueName(iff), "One  ");
+}
+
 TEST_F(SimNamesTest, OfEachKindTheLastCounts) {
     EXPECT_FALSE(lastUserLabel(iff).has_value());
     EXPECT_FALSE(lastCatalogueName(iff).has_value());
