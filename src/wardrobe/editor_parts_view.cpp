@@ -32,8 +32,8 @@ void showPortrait(const Portrait& portrait) {
 }
 
 bool saveWanted(const std::string& name) {
-    return confirmAction(QStringLiteral("Make changes to ") + toDisplay(name) +
-                         QStringLiteral("?\nAre You Sure?"));
+    return confirmChange(QStringLiteral("Make changes to ") + toDisplay(name) +
+                         QStringLiteral("?"));
 }
 
 void tellSaved(const std::string& name) {

@@ -279,7 +279,7 @@ void frmEditSim::changeOutfit(const ChangeCommand& command) {
 
 void frmEditSim::defaultOutfit(const DefaultCommand& command) {
     takeFocus();
-    if (!confirmAction(QString::fromLatin1(command.prompt) + QStringLiteral("\r\nAre You Sure?"))) {
+    if (!confirmChange(QString::fromLatin1(command.prompt), QStringLiteral("\r\n"))) {
         return;
     }
     setDefaultOutfit(command.outfit, wardrobe_, fields_);
@@ -322,8 +322,7 @@ void frmEditSim::copyLeftHand(const HandPair& pair) {
 
 void frmEditSim::defaultHands(const HandPair& pair) {
     takeFocus();
-    if (!confirmAction(QString::fromLatin1(pair.defaultPrompt) +
-                       QStringLiteral("\nAre You Sure?"))) {
+    if (!confirmChange(QString::fromLatin1(pair.defaultPrompt))) {
         return;
     }
     const std::string hand = defaultHand(pair.pose, wardrobe_, fields_);
@@ -335,13 +334,12 @@ void frmEditSim::defaultHands(const HandPair& pair) {
 
 void frmEditSim::cmdNormalFormalHands_Click() {
     takeFocus();
-    if (!confirmAction(QStringLiteral("Formal hands are the same as normal\n"
+    if (!confirmChange(QStringLiteral("Formal hands are the same as normal\n"
                                       "hands if the formal hands' string is\n"
                                       "left blank. This is the default for \n"
                                       "male sims.\n"
                                       "\n"
-                                      "Change formal hands to normal?\n"
-                                      "Are You Sure?"))) {
+                                      "Change formal hands to normal?"))) {
         return;
     }
     fields_.txtHandFormalLeft.clear();

@@ -115,6 +115,10 @@ bool confirmAction(const QString& question) {
                        MessageButtons::YesNo, question) != MessageReply::No;
 }
 
+bool confirmChange(const QString& question, const QString& lineBreak) {
+    return confirmAction(question + lineBreak + QStringLiteral("Are You Sure?"));
+}
+
 QString askForText(const QString& title, const QString& prompt) {
     const InputGuard::Pause inputAllowed;
     QInputDialog box(owner());

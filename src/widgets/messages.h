@@ -19,6 +19,9 @@ MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons 
 // False only for No.
 bool confirmAction(const QString& question);
 
+// The same for what changes a sim's wardrobe: the question, a line break and "Are You Sure?".
+bool confirmChange(const QString& question, const QString& lineBreak = QStringLiteral("\n"));
+
 // Asks for a text, under the object name "inputBox"; empty if the box was cancelled.
 QString askForText(const QString& title, const QString& prompt);
 
