@@ -3,10 +3,10 @@
 #include <limits>
 #include <utility>
 
-#include "far/block_copy.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
+#include "system/block_copy.h"
 #include "system/files.h"
 #include "system/game_text.h"
 #include "system/replace_file.h"

@@ -8,12 +8,11 @@
 #include "foundation/list.h"
 #include "mesh/block_reader.h"
 #include "mesh/float_text.h"
+#include "system/block_copy.h"
 #include "system/streams.h"
 
 namespace marlowick {
 namespace {
-
-constexpr std::size_t kBlock = 32768;
 
 // Gathers whole lines and sends them to the file a block at a time.
 class LineWriter {

@@ -8,8 +8,6 @@ namespace {
 
 FileSystem* inUse = nullptr;
 
-constexpr std::size_t kBlock = 1U << 18U;
-
 std::vector<std::string> search(const Path& folder, std::string_view mask, bool folders) {
     std::vector<std::string> names;
     for (FolderEntry& entry : files().list(folder)) {
@@ -49,19 +47,6 @@ std::string readWholeFile(const Path& path) {
 
 void writeWholeFile(const Path& path, std::string_view content) {
     files().open(path, OpenMode::Output)->write(content);
-}
-
-void copyFile(const Path& source, const Path& target) {
-    const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
-    const std::unique_ptr<File> to = files().open(target, OpenMode::Output);
-    std::string block(kBlock, '\0');
-    for (;;) {
-        const std::size_t count = from->read(block.data(), block.size());
-        if (count == 0) {
-            break;
-        }
-        to->write(std::string_view(block).substr(0, count));
-    }
 }
 
 void removeIfPresent(const Path& path) {

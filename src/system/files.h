@@ -99,8 +99,6 @@ std::vector<std::string> searchFilesAndFolders(const Path& folder, std::string_v
 std::string readWholeFile(const Path& path);
 // Replaces what stands at path by content (OpenMode::Output).
 void writeWholeFile(const Path& path, std::string_view content);
-// Copies source over target in blocks, in place, as a plain copy does.
-void copyFile(const Path& source, const Path& target);
 // Deletes the file if it stands there.
 void removeIfPresent(const Path& path);
 

@@ -4,29 +4,13 @@
 #include <memory>
 #include <string>
 
+#include "system/block_copy.h"
 #include "system/files.h"
 #include "system/runtime_error.h"
 #include "system/streams.h"
 
 namespace marlowick {
 namespace {
-
-constexpr std::size_t kBlock = 32768;
-
-void copyAll(const Path& source, File& to, const std::function<void()>& afterBlock) {
-    const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
-    std::string block(kBlock, '\0');
-    for (;;) {
-        const std::size_t count = from->read(block.data(), block.size());
-        if (count == 0) {
-            return;
-        }
-        to.write(std::string_view(block).substr(0, count));
-        if (afterBlock) {
-            afterBlock();
-        }
-    }
-}
 
 void makeBeside(const Path& beside, const std::function<void(File&)>& fill) {
     const std::unique_ptr<File> to = files().open(beside, OpenMode::CreateNew);
@@ -72,7 +56,8 @@ void replaceWith(const std::function<void(File&)>& fill, const Path& target,
 
 void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
                  const std::function<void()>& afterBlock) {
-    replaceWith([&](File& to) { copyAll(source, to, afterBlock); }, target, readOnly);
+    replaceWith([&](File& to) { copyRest(*files().open(source, OpenMode::Input), to, afterBlock); },
+                target, readOnly);
 }
 
 void replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly) {

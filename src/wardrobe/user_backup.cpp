@@ -5,6 +5,7 @@
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
+#include "system/block_copy.h"
 #include "system/clock.h"
 #include "system/files.h"
 #include "system/game_text.h"

@@ -104,15 +104,5 @@ TEST_F(FilesTest, HonoursTheReadOnlyMark) {
     EXPECT_EQ(folder.read("game/marked"), "other");
 }
 
-TEST_F(FilesTest, CopiesLargeFilesWhole) {
-    std::string content(700001, '\0');
-    for (std::size_t i = 0; i < content.size(); ++i) {
-        content[i] = static_cast<char>(i * 7 + i / 251);
-    }
-    folder.write("game/large", content);
-    copyFile(folder.path("game\\large"), folder.path("game\\copy"));
-    EXPECT_EQ(folder.read("game/copy"), content);
-}
-
 }  // namespace
 }  // namespace marlowick
