@@ -121,9 +121,9 @@ void resetDirectory(FarDirectory& directory) {
 bool gsReadFARdir(FarDirectory& directory, const Path& archive) {
     return trapped("modFARsupport", "gsReadFARdir", [&] {
         resetDirectory(directory);
-        const int number = streams().freeSlot();
-        readDirectory(directory, streams().open(number, archive, OpenMode::Binary));
-        streams().close(number);
+        const Slot slot = streams().freeSlot();
+        readDirectory(directory, streams().open(slot, archive, OpenMode::Binary));
+        streams().close(slot);
     });
 }
 

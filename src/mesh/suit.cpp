@@ -10,7 +10,7 @@
 namespace marlowick {
 namespace {
 
-constexpr int kNamedStream = 1;
+constexpr Slot kNamedStream = Slot::free(1);
 
 void readRows(BlockReader& reader, SuitRecord& suit) {
     if (suit.RowCount < 1) {
@@ -43,8 +43,8 @@ std::string_view takeLine(std::string_view& text) {
 
 void gsReadSuitBCF(const Path& bcf, SuitRecord& suit) {
     suit = {};
-    const int number = streams().freeSlot();
-    streams().open(number, bcf, OpenMode::Input);
+    const Slot slot = streams().freeSlot();
+    streams().open(slot, bcf, OpenMode::Input);
     BlockReader reader(streams().at(kNamedStream));
     suit.Number1 = reader.number();
     suit.Number2 = reader.number();
@@ -54,19 +54,19 @@ void gsReadSuitBCF(const Path& bcf, SuitRecord& suit) {
     suit.RowCount = reader.number();
     readRows(reader, suit);
     suit.Number5 = reader.number();
-    streams().close(number);
+    streams().close(slot);
 }
 
 std::string headMeshOfCmx(const Path& cmx) {
-    const int number = streams().freeSlot();
-    File& file = streams().open(number, cmx, OpenMode::Input);
+    const Slot slot = streams().freeSlot();
+    File& file = streams().open(slot, cmx, OpenMode::Input);
     std::string content(static_cast<std::size_t>(file.size()), '\0');
     content.resize(file.read(content.data(), content.size()));
     std::string_view rest = content;
     while (takeLine(rest) != kHeadBone) {
     }
     std::string mesh(takeLine(rest));
-    streams().close(number);
+    streams().close(slot);
     return mesh;
 }
 

@@ -7,46 +7,46 @@
 
 namespace marlowick {
 
-File& Streams::open(int slot, const Path& path, OpenMode mode) {
+File& Streams::open(Slot slot, const Path& path, OpenMode mode) {
     if (isOpen(slot)) {
         throw RuntimeError(error::kFileAlreadyOpen);
     }
     std::unique_ptr<File> file = files().open(path, mode);
-    return *slots_.insert_or_assign(slot, Slot{path, std::move(file)}).first->second.file;
+    return *streams_.insert_or_assign(slot, Stream{path, std::move(file)}).first->second.file;
 }
 
-File& Streams::at(int slot) {
-    const auto found = slots_.find(slot);
-    if (found == slots_.end()) {
+File& Streams::at(Slot slot) {
+    const auto found = streams_.find(slot);
+    if (found == streams_.end()) {
         throw RuntimeError(error::kBadFileName);
     }
     return *found->second.file;
 }
 
-void Streams::close(int slot) {
-    slots_.erase(slot);
+void Streams::close(Slot slot) {
+    streams_.erase(slot);
 }
 
-int Streams::freeSlot() const {
+Slot Streams::freeSlot() const {
     int number = 1;
-    while (isOpen(number)) {
+    while (isOpen(Slot::free(number))) {
         ++number;
     }
-    return number;
+    return Slot::free(number);
 }
 
-bool Streams::isOpen(int slot) const {
-    return slots_.contains(slot);
+bool Streams::isOpen(Slot slot) const {
+    return streams_.contains(slot);
 }
 
 void Streams::letGo(const Path& path) {
-    std::erase_if(slots_, [&](const auto& entry) {
+    std::erase_if(streams_, [&](const auto& entry) {
         return equalsIgnoringCase(entry.second.path.text(), path.text());
     });
 }
 
 void Streams::closeAll() {
-    slots_.clear();
+    streams_.clear();
 }
 
 Streams& streams() {

@@ -3,6 +3,7 @@
 // then fails with 55: that is how one failure shows again.
 #pragma once
 
+#include <compare>
 #include <map>
 #include <memory>
 
@@ -10,38 +11,57 @@
 
 namespace marlowick {
 
+// A number of one of two sets. A fixed number belongs to one kind of work and is known before; a
+// free one is handed out. One that stays taken stands in the way of its own set alone: a damaged
+// archive keeps a free number, and archives can be saved all the same.
+class Slot {
+  public:
+    // number: from 1.
+    static constexpr Slot fixed(int number) { return {Set::Fixed, number}; }
+    static constexpr Slot free(int number) { return {Set::Free, number}; }
+
+    auto operator<=>(const Slot&) const = default;
+
+  private:
+    enum class Set { Fixed, Free };
+    constexpr Slot(Set set, int number) : set_(set), number_(number) {}
+
+    Set set_;
+    int number_;
+};
+
 class Streams {
   public:
-    // Opens a file in a slot (number from 1). 55 if the slot is taken; else as FileSystem::open.
-    File& open(int slot, const Path& path, OpenMode mode);
-    // The file in a slot; 52 if the slot is free.
-    File& at(int slot);
-    // Frees a slot; nothing if it is free.
-    void close(int slot);
-    // The lowest number that is free, from 1.
-    int freeSlot() const;
-    bool isOpen(int slot) const;
-    // Frees every slot that holds this path, compared without regard to letter case.
+    // Opens a file in a slot. 55 if the slot is taken; else as FileSystem::open.
+    File& open(Slot slot, const Path& path, OpenMode mode);
+    // The file in a slot; 52 if the slot isn't taken.
+    File& at(Slot slot);
+    // Gives a slot back; nothing if it isn't taken.
+    void close(Slot slot);
+    // The lowest free number that isn't taken.
+    Slot freeSlot() const;
+    bool isOpen(Slot slot) const;
+    // Gives every slot back that holds this path, compared without regard to letter case.
     void letGo(const Path& path);
     void closeAll();
 
   private:
-    struct Slot {
+    struct Stream {
         Path path;
         std::unique_ptr<File> file;
     };
-    std::map<int, Slot> slots_;
+    std::map<Slot, Stream> streams_;
 };
 
 Streams& streams();
 
 // The fixed numbers of the program.
 namespace slot {
-inline constexpr int kArchiveOutput = 1;    // saving an archive: the new file
-inline constexpr int kArchiveSource = 2;    // saving an archive: the old one
-inline constexpr int kUserFile = 10;        // reading and writing a user file
-inline constexpr int kExtractSource = 99;   // extraction and mesh conversion: what is read
-inline constexpr int kExtractOutput = 100;  // extraction and mesh conversion: what is written
+inline constexpr Slot kArchiveOutput = Slot::fixed(1);    // saving an archive: the new file
+inline constexpr Slot kArchiveSource = Slot::fixed(2);    // saving an archive: the old one
+inline constexpr Slot kUserFile = Slot::fixed(10);        // reading and writing a user file
+inline constexpr Slot kExtractSource = Slot::fixed(99);   // extraction, mesh conversion: the source
+inline constexpr Slot kExtractOutput = Slot::fixed(100);  // extraction, mesh conversion: the output
 }  // namespace slot
 
 }  // namespace marlowick

@@ -61,13 +61,13 @@ constexpr std::size_t kLargestFile = 1U << 20U;
 }  // namespace
 
 void loadEnsemble(const Path& path, WardrobeFields& fields) {
-    const int number = streams().freeSlot();
-    File& file = streams().open(number, path, OpenMode::Input);
+    const Slot slot = streams().freeSlot();
+    File& file = streams().open(slot, path, OpenMode::Input);
     std::string content(std::min<std::size_t>(kLargestFile, static_cast<std::size_t>(file.size())),
                         '\0');
     content.resize(file.read(content.data(), content.size()));
     takeLines(content, fields);
-    streams().close(number);
+    streams().close(slot);
 }
 
 void saveEnsemble(const Path& path, const WardrobeFields& fields) {

@@ -129,7 +129,7 @@ TEST_F(SkinImageTest, DamagedArchivesAreSilent) {
                  "FAR!byAZ" + little32(1) + little32(0xFFFFFFFF));
     archive("ExpansionPack/ExpansionPack.far", {{"skin.bmp", "good"}});
     EXPECT_EQ(fetched("skin"), "good");
-    EXPECT_EQ(streams().freeSlot(), 1);
+    EXPECT_EQ(streams().freeSlot(), Slot::free(1));
 }
 
 TEST_F(SkinImageTest, ANameNeverReachesAnotherFolder) {

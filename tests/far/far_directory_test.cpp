@@ -45,7 +45,7 @@ TEST_F(FarDirectoryTest, KeepsEveryFieldAsItIsStored) {
     EXPECT_FALSE(directory.Entries[1].Deleted);
     EXPECT_EQ(directory.Entries[2].FileName, "");
     EXPECT_EQ(farEntryCount(directory), 2);
-    EXPECT_FALSE(streams().isOpen(1));
+    EXPECT_FALSE(streams().isOpen(Slot::free(1)));
 }
 
 TEST_F(FarDirectoryTest, AnEmptyFileAndAZeroOffsetGiveNoEntries) {
@@ -91,7 +91,7 @@ TEST_F(FarDirectoryTest, NegativeNumbersGoToTheTrapAndTheStreamStaysOpen) {
     EXPECT_EQ(recorder.reports()[0].number, 63);
     EXPECT_EQ(recorder.reports()[0].module, "modFARsupport");
     EXPECT_EQ(recorder.reports()[0].procedure, "gsReadFARdir");
-    EXPECT_TRUE(streams().isOpen(1));
+    EXPECT_TRUE(streams().isOpen(Slot::free(1)));
     const std::string negativeName = little32(0) + little32(0) + little32(0) + little32(0xFFFFFFF0);
     EXPECT_FALSE(read("FAR!byAZ" + little32(1) + little32(16) + little32(1) + negativeName));
     EXPECT_EQ(recorder.reports()[1].number, 5);

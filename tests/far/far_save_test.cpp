@@ -250,6 +250,17 @@ TEST_F(FarSaveTest, AnAddedFileThatIsGoneFailsTheSaveAndEveryLaterOne) {
     EXPECT_EQ(folder.read(kArchive), before);
 }
 
+TEST_F(FarSaveTest, AnArchiveThatCouldNotBeReadDoesNotKeepOthersFromBeingSaved) {
+    folder.write("game/gamedata/textures/bad.far", "FAR!byAZ" + little32(1) + little32(0xFFFFFFFF));
+    FarDirectory bad;
+    EXPECT_FALSE(gsReadFARdir(bad, folder.path("game\\gamedata\\textures\\bad.far")));
+    EXPECT_FALSE(gsReadFARdir(bad, folder.path("game\\gamedata\\textures\\bad.far")));
+    open(archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}}));
+    deleteRows(edit, {0});
+    EXPECT_EQ(save(), 0);
+    EXPECT_EQ(folder.read(kArchive), archiveFile({{"b.bmp", "b", {}}}));
+}
+
 TEST_F(FarSaveTest, DamagedEntriesFailTheSaveUnlessTheyAreDeleted) {
     struct Row {
         const char* what;

@@ -110,7 +110,7 @@ TEST_F(MeshConverterTest, EveryItemBecomesItsLine) {
     EXPECT_TRUE(convert(fullMesh()));
     EXPECT_EQ(skn(), kFullText);
     EXPECT_TRUE(recorder.reports().empty());
-    EXPECT_EQ(streams().freeSlot(), 1);
+    EXPECT_EQ(streams().freeSlot(), Slot::free(1));
     EXPECT_FALSE(streams().isOpen(slot::kExtractSource));
     EXPECT_FALSE(streams().isOpen(slot::kExtractOutput));
 }

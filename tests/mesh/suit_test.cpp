@@ -50,7 +50,7 @@ TEST_F(SuitTest, EveryItemGoesToItsField) {
     EXPECT_EQ(suit.Rows[2].RowNumber1, 7);
     EXPECT_EQ(suit.Rows[2].RowNumber2, -8);
     EXPECT_EQ(suit.Number5, 9);
-    EXPECT_EQ(streams().freeSlot(), 1);
+    EXPECT_EQ(streams().freeSlot(), Slot::free(1));
 }
 
 TEST_F(SuitTest, ARecordIsFilledAnew) {
@@ -72,7 +72,7 @@ TEST_F(SuitTest, ASuitThatEndsTooEarlyFailsAndStaysOpen) {
     for (std::size_t size = 0; size < whole.size(); ++size) {
         streams().closeAll();
         EXPECT_EQ(errorOf([&] { read(whole.substr(0, size)); }), 62) << size;
-        EXPECT_TRUE(streams().isOpen(1)) << size;
+        EXPECT_TRUE(streams().isOpen(Slot::free(1))) << size;
     }
 }
 
@@ -88,27 +88,27 @@ TEST_F(SuitTest, ACountThatNoFileCouldHoldAsksForNoMemory) {
 // Whatever number was free, stream number 1 is read.
 TEST_F(SuitTest, WithAnotherStreamOpenThatOneIsRead) {
     folder.write("other.bcf", test::suitFile("other", {{"HAND", "h"}}));
-    streams().open(1, folder.path("other.bcf"), OpenMode::Input);
+    streams().open(Slot::free(1), folder.path("other.bcf"), OpenMode::Input);
     read(test::suitFile("wanted", {{"HEAD", "m"}}));
     EXPECT_EQ(suit.SuitName, "other");
     EXPECT_EQ(suit.Rows[1].BoneName, "HAND");
-    EXPECT_TRUE(streams().isOpen(1));
-    EXPECT_FALSE(streams().isOpen(2));
+    EXPECT_TRUE(streams().isOpen(Slot::free(1)));
+    EXPECT_FALSE(streams().isOpen(Slot::free(2)));
 }
 
 TEST_F(SuitTest, AnotherStreamThanTheFirstDoesNoHarm) {
     folder.write("other.bcf", test::suitFile("other", {{"HAND", "h"}}));
-    streams().open(2, folder.path("other.bcf"), OpenMode::Input);
+    streams().open(Slot::free(2), folder.path("other.bcf"), OpenMode::Input);
     read(test::suitFile("wanted", {{"HEAD", "m"}}));
     EXPECT_EQ(suit.SuitName, "wanted");
-    EXPECT_FALSE(streams().isOpen(1));
-    EXPECT_TRUE(streams().isOpen(2));
+    EXPECT_FALSE(streams().isOpen(Slot::free(1)));
+    EXPECT_TRUE(streams().isOpen(Slot::free(2)));
 }
 
 TEST_F(SuitTest, AMissingSuitIsNotMade) {
     EXPECT_EQ(errorOf([&] { gsReadSuitBCF(folder.path("none.bcf"), suit); }), 53);
     EXPECT_FALSE(folder.exists("none.bcf"));
-    EXPECT_EQ(streams().freeSlot(), 1);
+    EXPECT_EQ(streams().freeSlot(), Slot::free(1));
 }
 
 TEST_F(SuitTest, TheTextFormNamesTheMeshBehindTheHeadLine) {
@@ -118,7 +118,7 @@ TEST_F(SuitTest, TheTextFormNamesTheMeshBehindTheHeadLine) {
     EXPECT_EQ(headOf("HEAD\rold\r"), "old");
     EXPECT_EQ(headOf("HEAD\r\nlast"), "last");
     EXPECT_EQ(headOf("HEAD\r\n\r\nnext"), "");
-    EXPECT_EQ(streams().freeSlot(), 1);
+    EXPECT_EQ(streams().freeSlot(), Slot::free(1));
 }
 
 TEST_F(SuitTest, ATextFormWithoutAHeadFailsAtItsEnd) {
@@ -126,7 +126,7 @@ TEST_F(SuitTest, ATextFormWithoutAHeadFailsAtItsEnd) {
          {"", "PELVIS\r\nmesh\r\n", "mesh\r\nHEAD", "HEAD\r\n", "head\r\nm"}) {
         streams().closeAll();
         EXPECT_EQ(errorOf([&] { headOf(content); }), 62) << content;
-        EXPECT_TRUE(streams().isOpen(1));
+        EXPECT_TRUE(streams().isOpen(Slot::free(1)));
     }
 }
 

@@ -297,7 +297,7 @@ TEST_F(MeshFileTest, AfterADamagedArchiveTheSearchGoesOn) {
     ASSERT_EQ(recorder.reports().size(), 1U);
     EXPECT_EQ(recorder.reports()[0].number, 63);
     EXPECT_EQ(recorder.reports()[0].procedure, "gsReadFARdir");
-    EXPECT_TRUE(streams().isOpen(1));
+    EXPECT_TRUE(streams().isOpen(Slot::free(1)));
     packWithHead(packName(""), "m");
     EXPECT_NE(failureOfMesh(), 0);
 }

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "foundation/folders.h"
+#include "iff/iff_file.h"
+#include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/test_folder.h"
+#include "support/user_file_builder.h"
 #include "system/runtime_error.h"
 #include "system/streams.h"
 
@@ -166,6 +169,20 @@ TEST_F(EnsembleTest, AReadOnlyEnsembleStays) {
     folder.makeReadOnly("program/ENS/x.ENS");
     EXPECT_THROW(saveEnsemble(ensembleFolder().child("x.ENS"), fields), RuntimeError);
     EXPECT_EQ(folder.read("program/ENS/x.ENS"), "old");
+}
+
+// Each of them keeps a number, and the sims have one of their own.
+TEST_F(EnsembleTest, DamagedOnesNeverKeepASimFromBeingRead) {
+    const test::ErrorRecorder recorder;
+    folder.write("program/ENS/bad.ENS", lines(5));
+    folder.write("game/user00001.iff", test::simFile(test::simRows({})));
+    for (int i = 0; i < 12; ++i) {
+        EXPECT_EQ(test::errorOf([&] { loadEnsemble(ensembleFolder().child("bad.ENS"), fields); }),
+                  62);
+    }
+    IffFile iff;
+    EXPECT_TRUE(gsReadIFF(iff, folder.path("game\\user00001.iff")));
+    EXPECT_TRUE(recorder.reports().empty());
 }
 
 }  // namespace
