@@ -158,7 +158,7 @@ void frmMain::activateWithGame() {
         const QString last = readSetting(setting::kLastNeighborhood);
         const QList<QListWidgetItem*> found =
             last.isEmpty() ? QList<QListWidgetItem*>()
-                           : ui->lstUserDataDir->findItems(last, Qt::MatchFixedString);
+                           : ui->lstUserDataDir->findItems(last, Qt::MatchExactly);
         if (!found.isEmpty()) {
             ui->lstUserDataDir->setCurrentItem(found.first());
         }

@@ -54,7 +54,11 @@ Path charactersFolder(std::string_view userDataDir) {
 }
 
 List<std::string> findSimFiles(std::string_view userDataDir) {
-    return counted(searchFiles(charactersFolder(userDataDir), "user*.iff"));
+    // A folder that was listed with "?", or a file's name that only this system allows, has no
+    // path.
+    return isFileName(userDataDir)
+               ? counted(searchFiles(charactersFolder(userDataDir), "user*.iff"))
+               : List<std::string>();
 }
 
 std::string readSimFile(IffFile& iff, std::string_view userDataDir, std::string_view name) {

@@ -20,10 +20,12 @@ std::string neighbourhoodLine(std::string_view folder);
 // The folder back out of a line: what stands behind the "(" of "(UserData", up to the first ")".
 std::string folderOfLine(std::string_view line);
 
-// The characters folder of a neighbourhood, without a trailing backslash.
+// The characters folder of a neighbourhood, without a trailing backslash. Raises 52 for a name that
+// no path can hold.
 Path charactersFolder(std::string_view userDataDir);
 
-// The names of the files that fit "user*.iff" in it, in listing order; none if it isn't there.
+// The names of the files that fit "user*.iff" in it, in listing order; none if it isn't there or
+// if no path can lead to it.
 List<std::string> findSimFiles(std::string_view userDataDir);
 
 // The guarded reading of a file of that listing, after a reset: an empty text, or the reason of the

@@ -454,7 +454,7 @@ void frmSelectSkin::picThumbs_MouseDown(QPoint position) {
         frameCell(false);
         SelectedCell = page::cellAt(position.x(), position.y());
         const int entry = page::entryOf(PageNumber, SelectedCell);
-        if (entry <= entryCount()) {
+        if (entry >= 1 && entry <= entryCount()) {
             chooseEntry(entry);
         }
     });

@@ -14,11 +14,12 @@ struct Position {
     int y = 0;
 };
 
-// The upper left corner of a cell.
+// The upper left corner of a cell, which may lie outside of the page.
 Position corner(int cell);
 
-// The cell under a pixel. The border behind the seventh column counts as an eighth one, which is
-// the first cell of the next row.
+// The cell under a pixel. What lies behind the seventh column counts as an eighth one, which is the
+// first cell of the next row; what lies before the first as the last cell of the row before. Above
+// the page cells are below 0.
 int cellAt(int x, int y);
 
 // The cell beside another, so many columns and rows away; -1 outside the page's 49.

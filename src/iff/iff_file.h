@@ -74,7 +74,8 @@ std::string gfstrQuickReadIFF(IffFile& iff, const Path& path);
 // segment labelled "user...".
 bool gfblnVerifyUserIFF(IffFile& iff);
 
-// Writes every "BMP_" segment into the program folder, as its label, cleaned, and ".BMP".
+// Writes every "BMP_" segment into the program folder, as its label, cleaned, and ".BMP". One whose
+// label makes no file's name ("con", "aux" ...) is passed over.
 // gsDumpBMPs traps (modIFFsupport); false after a failure. dumpBitmaps raises instead, for
 // callers that pass over its failures.
 bool gsDumpBMPs(const IffFile& iff);

@@ -5,8 +5,21 @@
 #include "foundation/game.h"
 #include "iff/iff_file.h"
 #include "system/files.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
+
+namespace {
+
+// Raises 52 where the label, cleaned, is no file's name.
+void dumpBitmap(const IffSegment& segment) {
+    const std::string name = gfstrCleanName(gfstrTrimAtNull(segment.Label)) + ".BMP";
+    const Path path = ProgramFolder.child(name);
+    clearAndRemove(path);
+    writeWholeFile(path, segment.Data);
+}
+
+}  // namespace
 
 void dumpBitmaps(const IffFile& iff) {
     for (int i = 1; i <= iff.Segments.bound(); ++i) {
@@ -14,10 +27,13 @@ void dumpBitmaps(const IffFile& iff) {
         if (segment.Type != "BMP_") {
             continue;
         }
-        const std::string name = gfstrCleanName(gfstrTrimAtNull(segment.Label)) + ".BMP";
-        const Path path = ProgramFolder.child(name);
-        clearAndRemove(path);
-        writeWholeFile(path, segment.Data);
+        try {
+            dumpBitmap(segment);
+        } catch (const RuntimeError& failure) {
+            if (failure.number() != error::kBadFileName) {
+                throw;
+            }
+        }
     }
 }
 

@@ -44,13 +44,17 @@ QItemSelectionModel::SelectionFlags ClickList::selectionCommand(const QModelInde
 }
 
 void ClickList::mousePressEvent(QMouseEvent* event) {
-    pressed_ = true;
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    pressed_ = indexAt(event->position().toPoint()).isValid();
     QListWidget::mousePressEvent(event);
 }
 
 void ClickList::mouseReleaseEvent(QMouseEvent* event) {
     QListWidget::mouseReleaseEvent(event);
-    if (std::exchange(pressed_, false) && !selectedItems().isEmpty()) {
+    if (event->button() == Qt::LeftButton && std::exchange(pressed_, false) &&
+        !selectedItems().isEmpty()) {
         Q_EMIT lineClicked();
     }
 }

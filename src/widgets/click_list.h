@@ -1,6 +1,7 @@
 // A list box that tells of a chosen line in one way: by mouse, keyboard or program,
 // and also when the line that is chosen already is clicked again. A choice is only
-// ever replaced: a click beside the lines, or with Ctrl, takes nothing away.
+// ever replaced: a click beside the lines, or with Ctrl, takes nothing away. Only the left button
+// chooses.
 #pragma once
 
 #include <QListWidget>

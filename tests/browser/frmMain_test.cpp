@@ -148,6 +148,61 @@ TEST_F(MainTest, AFolderWithAWordForANumberListsItsSimsAndAFileNone) {
     EXPECT_TRUE(script.unexpected().isEmpty());
 }
 
+// Its name has letters that the game can't write, or none that a path can hold.
+TEST_F(MainTest, ANeighbourhoodWithoutAPathIsListedAndHasNoSims) {
+    test::installGame(folder);
+    makeSims("UserData", 1);
+    folder.write("game/UserData\xE5\x8C\x97/Characters/user00001.iff", "");
+    frmMain& window = showFirst();
+    auto* list = find<QListWidget>(window, "lstUserDataDir");
+    ASSERT_EQ(list->count(), 2);
+    EXPECT_EQ(list->item(1)->text(), "Neighborhood ?   (UserData?)");
+    chooseLine(window, 1);
+    EXPECT_EQ(nameIn(window, 0), "");
+    EXPECT_EQ(textOf(window, "txtSimName"), "");
+    EXPECT_TRUE(script.unexpected().isEmpty());
+    chooseLine(window, 0);
+    EXPECT_EQ(nameIn(window, 0), "Sim 1");
+}
+
+TEST_F(MainTest, ALastNeighbourhoodInOtherLettersIsAnotherOne) {
+    test::installGame(folder);
+    makeSims("UserData", 1);
+    writeSetting(setting::kLastNeighborhood, "NEIGHBORHOOD 01   (userdata)");
+    frmMain& window = show();
+    EXPECT_EQ(find<QListWidget>(window, "lstUserDataDir")->currentRow(), -1);
+    EXPECT_EQ(nameIn(window, 0), "");
+}
+
+TEST_F(MainTest, OnlyALeftClickOnALineListsItsNeighbourhood) {
+    frmMain& window = showSims(60);
+    auto* list = find<QListWidget>(window, "lstUserDataDir");
+    makeSims("UserData2", 1);
+    click(window, "cmdNext");
+    ASSERT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
+    const QPoint onLine = list->visualItemRect(list->item(0)).center();
+    const QPoint beside(onLine.x(), list->viewport()->height() - 2);
+    ASSERT_EQ(list->itemAt(beside), nullptr);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, beside);
+    QTest::mouseClick(list->viewport(), Qt::RightButton, Qt::NoModifier, onLine);
+    QTest::mouseClick(list->viewport(), Qt::MiddleButton, Qt::NoModifier, onLine);
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, onLine);
+    EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
+}
+
+TEST_F(MainTest, ARightClickDoesntChooseAnotherNeighbourhood) {
+    test::installGame(folder);
+    makeSims("UserData", 2);
+    makeSims("UserData2", 1);
+    frmMain& window = showFirst();
+    auto* list = find<QListWidget>(window, "lstUserDataDir");
+    QTest::mouseClick(list->viewport(), Qt::RightButton, Qt::NoModifier,
+                      list->visualItemRect(list->item(1)).center());
+    EXPECT_EQ(list->currentRow(), 0);
+    EXPECT_EQ(nameIn(window, 1), "Sim 2");
+}
+
 TEST_F(MainTest, TheListIsReadAgainOnlyWhenNoSimsAreListed) {
     frmMain& window = showSims(1);
     makeSims("UserData2", 1);
@@ -298,6 +353,24 @@ TEST_F(MainTest, ASimWithoutAWebImageShowsTheStockPictureAndItsName) {
     EXPECT_EQ(textOf(window, "txtSimName"), "uSer1 label");
 }
 
+TEST_F(MainTest, APictureCalledLikeADeviceCostsNeitherThePageNorThePicturesBehindIt) {
+    test::installGame(folder);
+    makeSims("UserData", 2);
+    const std::string table = test::stringTable(simRows({}));
+    folder.write(test::simPlace(1),
+                 test::fileHead(0) + test::segment("BMP_", 7, 16, "aux", "no picture") +
+                     test::segment("BMP_", 8, 16, "web_image", test::bitmapFile(45, 45, 0xCC3366)) +
+                     test::segment("CTSS", 2000, 16, "", test::stringTable({"Ann"})) +
+                     test::segment("STR#", 200, 16, "", table));
+    frmMain& window = showFirst();
+    EXPECT_EQ(nameIn(window, 0), "Ann");
+    EXPECT_EQ(nameIn(window, 1), "Sim 2");
+    EXPECT_EQ(pagePixel(window, 0) & 0xFFFFFF, 0xCC3366U);
+    const QImage pictures = find<PictureBox>(window, "picSim")->painted();
+    EXPECT_EQ(pictures.pixel(20, 20) & 0xFFFFFF, 0xCC3366U);
+    EXPECT_TRUE(script.unexpected().isEmpty());
+}
+
 TEST_F(MainTest, AFileWithoutNamesShowsItsFileName) {
     test::installGame(folder);
     makeSims("UserData", 1);
@@ -395,6 +468,18 @@ TEST_F(MainTest, TheToolTipIsTheFilesName) {
     EXPECT_EQ(page->toolTip(), "user00002.iff");
     moveOver(page, centreOf(9));
     EXPECT_EQ(page->toolTip(), "");
+}
+
+// A pointer that drags beyond the page is over no cell of it.
+TEST_F(MainTest, BesideThePageThereIsNoToolTip) {
+    frmMain& window = showSims(9);
+    auto* page = find<QWidget>(window, "picThumbs");
+    for (const QPoint& beside : {QPoint(-3, 30), QPoint(30, -3)}) {
+        moveOver(page, centreOf(0));
+        ASSERT_EQ(page->toolTip(), "user00001.iff");
+        moveOver(page, beside);
+        EXPECT_EQ(page->toolTip(), "") << beside.x() << "," << beside.y();
+    }
 }
 
 TEST_F(MainTest, ArrowsActAsClicksAndStayOnThePage) {

@@ -52,6 +52,13 @@ TEST(NeighbourhoodsTest, SimFilesAreListedInOrderWithoutOpeningThem) {
     EXPECT_EQ(findSimFiles("UserData9").bound(), 0);
 }
 
+TEST(NeighbourhoodsTest, AFolderWithoutAPathHasNoSims) {
+    const test::TestFolder folder;
+    for (const char* name : {"UserData?", "UserData:2", "UserData\t", ""}) {
+        EXPECT_EQ(test::errorOf([&] { EXPECT_EQ(findSimFiles(name).bound(), 0) << name; }), 0);
+    }
+}
+
 TEST(NeighbourhoodsTest, TheStrictListingSortsOutWhatIsNoUserFile) {
     const test::TestFolder folder;
     folder.write("game/UserData/Characters/user1.iff", test::simFile(test::simRows({})));

@@ -346,6 +346,21 @@ TEST_F(SelectSkinTest, TheFrameBlinksAroundCellZeroFromTheStart) {
     });
 }
 
+TEST_F(SelectSkinTest, APressLeftOfTheFirstCellChoosesNothing) {
+    makeModel("b001fafit", 3);
+    open(kSelectSimSkin, [](QWidget& window) {
+        pickModel(window, "B001FAFIT_01");
+        auto* box = find<PictureBox>(window, "picThumbs");
+        const QPoint position(-3, 30);
+        QMouseEvent press(QEvent::MouseButtonPress, position, box->mapToGlobal(position),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box, &press);
+        EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s001");
+        EXPECT_EQ(skinColour(window), 0x100001U);
+        click(window, "cmdCancel");
+    });
+}
+
 TEST_F(SelectSkinTest, AClickOnAnEmptyCellMovesTheFrameAlone) {
     makeModel("b001fafit", 3);
     open(kSelectSimSkin, [](QWidget& window) {
