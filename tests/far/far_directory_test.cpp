@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
@@ -13,12 +14,9 @@ namespace marlowick {
 namespace {
 
 using std::string_literals::operator""s;
+using test::archiveHead;
+using test::archiveRecord;
 using test::little32;
-
-std::string record(unsigned size, unsigned size2, unsigned offset, const std::string& name) {
-    return little32(size) + little32(size2) + little32(offset) +
-           little32(static_cast<unsigned>(name.size())) + name;
-}
 
 class FarDirectoryTest : public ::testing::Test {
   protected:
@@ -33,8 +31,8 @@ class FarDirectoryTest : public ::testing::Test {
 };
 
 TEST_F(FarDirectoryTest, KeepsEveryFieldAsItIsStored) {
-    ASSERT_TRUE(read("FAR!byAZ" + little32(1) + little32(21) + "HELLO" + little32(2) +
-                     record(5, 9, 16, "Skins\\Face.bmp") + record(0, 0, 21, "")));
+    ASSERT_TRUE(read(archiveHead(21) + "HELLO" + little32(2) +
+                     archiveRecord(5, 9, 16, "Skins\\Face.bmp") + archiveRecord(0, 0, 21, "")));
     EXPECT_EQ(directory.FileCount, "\x02\0\0\0"s);
     ASSERT_EQ(directory.Entries.bound(), 2);
     EXPECT_EQ(directory.Entries[1].FileSize, little32(5));
@@ -53,7 +51,7 @@ TEST_F(FarDirectoryTest, AnEmptyFileAndAZeroOffsetGiveNoEntries) {
     EXPECT_TRUE(read(""));
     EXPECT_EQ(farEntryCount(directory), 0);
     EXPECT_EQ(directory.Entries.bound(), 0);
-    EXPECT_TRUE(read("FAR!byAZ" + little32(1) + little32(0) + "data"));
+    EXPECT_TRUE(read(archiveHead(0) + "data"));
     EXPECT_EQ(farEntryCount(directory), 0);
     EXPECT_TRUE(read("FAR!byAZ" + little32(1) + "ab"));
     EXPECT_EQ(farEntryCount(directory), 0);
@@ -68,41 +66,41 @@ TEST_F(FarDirectoryTest, AMissingArchiveIsMadeEmpty) {
 }
 
 TEST_F(FarDirectoryTest, NeitherMagicNorVersionIsLookedAt) {
-    ASSERT_TRUE(
-        read("whatever" + little32(99) + little32(16) + little32(1) + record(0, 0, 16, "a.bmp")));
+    ASSERT_TRUE(read("whatever" + little32(99) + little32(16) + little32(1) +
+                     archiveRecord(0, 0, 16, "a.bmp")));
     EXPECT_EQ(farEntryCount(directory), 1);
 }
 
 TEST_F(FarDirectoryTest, StoresOnlyTheRecordsThatAreWhole) {
-    const std::string head = "FAR!byAZ" + little32(1) + little32(16);
-    ASSERT_TRUE(read(head + little32(1000000000) + record(1, 1, 16, "a.bmp") +
-                     record(1, 1, 16, "cut").substr(0, 18)));
+    const std::string head = archiveHead(16);
+    ASSERT_TRUE(read(head + little32(1000000000) + archiveRecord(1, 1, 16, "a.bmp") +
+                     archiveRecord(1, 1, 16, "cut").substr(0, 18)));
     EXPECT_EQ(directory.FileCount, little32(1000000000));
     EXPECT_EQ(directory.Entries.bound(), 1);
     EXPECT_EQ(farEntryCount(directory), 1);
-    ASSERT_TRUE(read("FAR!byAZ" + little32(1) + little32(5000)));
+    ASSERT_TRUE(read(archiveHead(5000)));
     EXPECT_EQ(farEntryCount(directory), 0);
     EXPECT_TRUE(recorder.reports().empty());
 }
 
 TEST_F(FarDirectoryTest, NegativeNumbersGoToTheTrapAndTheStreamStaysOpen) {
-    EXPECT_FALSE(read("FAR!byAZ" + little32(1) + little32(0xFFFFFFFF)));
+    EXPECT_FALSE(read(archiveHead(0xFFFFFFFF)));
     ASSERT_EQ(recorder.reports().size(), 1U);
     EXPECT_EQ(recorder.reports()[0].number, 63);
     EXPECT_EQ(recorder.reports()[0].module, "modFARsupport");
     EXPECT_EQ(recorder.reports()[0].procedure, "gsReadFARdir");
     EXPECT_TRUE(streams().isOpen(Slot::free(1)));
     const std::string negativeName = little32(0) + little32(0) + little32(0) + little32(0xFFFFFFF0);
-    EXPECT_FALSE(read("FAR!byAZ" + little32(1) + little32(16) + little32(1) + negativeName));
+    EXPECT_FALSE(read(archiveHead(16) + little32(1) + negativeName));
     EXPECT_EQ(recorder.reports()[1].number, 5);
 }
 
 TEST_F(FarDirectoryTest, TakesMoreEntriesThanSixteenBits) {
     std::string records;
     for (int i = 0; i < 40000; ++i) {
-        records += record(0, 0, 16, "x");
+        records += archiveRecord(0, 0, 16, "x");
     }
-    ASSERT_TRUE(read("FAR!byAZ" + little32(1) + little32(16) + little32(40000) + records));
+    ASSERT_TRUE(read(archiveHead(16) + little32(40000) + records));
     EXPECT_EQ(farEntryCount(directory), 40000);
 }
 
@@ -112,12 +110,12 @@ TEST_F(FarDirectoryTest, NamesAndRecordsMayLieAcrossThePiecesThatAreRead) {
     for (int i = 0; i < 300; ++i) {
         names.push_back(
             std::string(static_cast<std::size_t>(i) * 61, static_cast<char>('a' + i % 26)));
-        records += record(static_cast<unsigned>(i), 0, 16, names.back());
+        records += archiveRecord(static_cast<unsigned>(i), 0, 16, names.back());
     }
     names.push_back(std::string(3000000, 'L'));
-    records += record(300, 0, 16, names.back());
+    records += archiveRecord(300, 0, 16, names.back());
     ASSERT_GT(records.size(), 5U << 20U);
-    ASSERT_TRUE(read("FAR!byAZ" + little32(1) + little32(16) + little32(301) + records + "rest"));
+    ASSERT_TRUE(read(archiveHead(16) + little32(301) + records + "rest"));
     ASSERT_EQ(directory.Entries.bound(), 301);
     for (int i = 0; i <= 300; ++i) {
         EXPECT_TRUE(directory.Entries[i + 1].FileName == names[static_cast<std::size_t>(i)]) << i;
@@ -127,8 +125,7 @@ TEST_F(FarDirectoryTest, NamesAndRecordsMayLieAcrossThePiecesThatAreRead) {
 
 // A directory in front of more data than any memory holds.
 TEST_F(FarDirectoryTest, NeverHoldsWhatLiesBehindTheDirectory) {
-    folder.write("game/a.far",
-                 "FAR!byAZ" + little32(1) + little32(16) + little32(1) + record(1, 1, 50, "a.bmp"));
+    folder.write("game/a.far", archiveHead(16) + little32(1) + archiveRecord(1, 1, 50, "a.bmp"));
     if (!QFile::resize(QString::fromStdWString((folder.game() / "a.far").wstring()), 1LL << 42U)) {
         GTEST_SKIP() << "the file system holds no file of this size";
     }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "far/far_directory.h"
+#include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
@@ -10,21 +11,15 @@
 namespace marlowick {
 namespace {
 
+using test::archiveHead;
 using test::little32;
-
-std::string pattern(std::size_t size) {
-    std::string data(size, '\0');
-    for (std::size_t i = 0; i < size; ++i) {
-        data[i] = static_cast<char>(i * 31 + i / 257);
-    }
-    return data;
-}
+using test::pattern;
 
 class FarExtractTest : public ::testing::Test {
   protected:
     // An archive with one entry behind some bytes of something else.
     void makeArchive(const std::string& name, const std::string& data) {
-        folder.write("game/a.far", "FAR!byAZ" + little32(1) + little32(0) + "junk" + data);
+        folder.write("game/a.far", archiveHead(0) + "junk" + data);
         FarEntry entry;
         entry.FileSize = little32(static_cast<unsigned>(data.size()));
         entry.FileSize2 = little32(3);

@@ -19,19 +19,14 @@ namespace {
 using std::string_literals::operator""s;
 using test::ArchiveEntry;
 using test::archiveFile;
+using test::archiveHead;
+using test::archiveRecord;
 using test::entriesOfArchive;
 using test::little32;
+using test::pattern;
 
 constexpr const char* kArchive = "game/gamedata/textures/a.far";
 constexpr const char* kTemporary = "program/temp/tempfile.far";
-
-std::string pattern(std::size_t size, unsigned seed = 0) {
-    std::string data(size, '\0');
-    for (std::size_t i = 0; i < size; ++i) {
-        data[i] = static_cast<char>(i * 31 + i / 257 + seed);
-    }
-    return data;
-}
 
 class FarSaveTest : public ::testing::Test {
   protected:
@@ -251,7 +246,7 @@ TEST_F(FarSaveTest, AnAddedFileThatIsGoneFailsTheSaveAndEveryLaterOne) {
 }
 
 TEST_F(FarSaveTest, AnArchiveThatCouldNotBeReadDoesNotKeepOthersFromBeingSaved) {
-    folder.write("game/gamedata/textures/bad.far", "FAR!byAZ" + little32(1) + little32(0xFFFFFFFF));
+    folder.write("game/gamedata/textures/bad.far", archiveHead(0xFFFFFFFF));
     FarDirectory bad;
     EXPECT_FALSE(gsReadFARdir(bad, folder.path("game\\gamedata\\textures\\bad.far")));
     EXPECT_FALSE(gsReadFARdir(bad, folder.path("game\\gamedata\\textures\\bad.far")));
@@ -273,10 +268,9 @@ TEST_F(FarSaveTest, DamagedEntriesFailTheSaveUnlessTheyAreDeleted) {
                              {"has a negative size", 0xFFFFFFFF, 16, 5},
                              {"has a negative offset", 1, 0x80000000, 63}};
     for (const Row& row : kRows) {
-        const std::string content = "FAR!byAZ" + little32(1) + little32(17) + "a" + little32(2) +
-                                    little32(row.size) + little32(1) + little32(row.offset) +
-                                    little32(3) + "bad" + little32(1) + little32(1) + little32(16) +
-                                    little32(4) + "good";
+        const std::string content = archiveHead(17) + "a" + little32(2) +
+                                    archiveRecord(row.size, 1, row.offset, "bad") +
+                                    archiveRecord(1, 1, 16, "good");
         open(content);
         EXPECT_EQ(save(), row.number) << row.what;
         EXPECT_EQ(CheckpointNumber, 4000) << row.what;
@@ -293,9 +287,9 @@ TEST_F(FarSaveTest, DamagedEntriesFailTheSaveUnlessTheyAreDeleted) {
 TEST_F(FarSaveTest, MoreEntriesThanSixteenBitsCanNotBeSaved) {
     std::string records;
     for (int i = 0; i < 32767; ++i) {
-        records += little32(0) + little32(0) + little32(16) + little32(1) + "x";
+        records += archiveRecord(0, 0, 16, "x");
     }
-    const std::string content = "FAR!byAZ" + little32(1) + little32(16) + little32(32767) + records;
+    const std::string content = archiveHead(16) + little32(32767) + records;
     folder.write(kArchive, content);
     edit.mstrFarFile = archive;
     ASSERT_TRUE(gsReadFARdir(edit.mudtFarDir, archive));
@@ -456,11 +450,10 @@ class SparseFiles : public test::FaultyFiles {
 class LargeFarTest : public FarSaveTest {
   protected:
     static constexpr unsigned kDataSize = 0x7FFFFFFFU - 16;
-    const std::string manifest = little32(1) + little32(kDataSize) + little32(kDataSize) +
-                                 little32(16) + little32(5) + "a.bmp";
+    const std::string manifest = little32(1) + archiveRecord(kDataSize, kDataSize, 16, "a.bmp");
 
     void makeArchive() {
-        folder.write(kArchive, "FAR!byAZ" + little32(1) + little32(0x7FFFFFFF));
+        folder.write(kArchive, archiveHead(0x7FFFFFFF));
         std::filesystem::resize_file(folder.root() / kArchive, 0x7FFFFFFF);
         std::ofstream file(folder.root() / kArchive, std::ios::binary | std::ios::app);
         file << manifest;
@@ -472,7 +465,7 @@ class LargeFarTest : public FarSaveTest {
         std::ifstream file(folder.root() / kArchive, std::ios::binary);
         std::string head(20, 'x');
         file.read(head.data(), 20);
-        EXPECT_EQ(head, "FAR!byAZ" + little32(1) + little32(0x7FFFFFFF) + std::string(4, '\0'));
+        EXPECT_EQ(head, archiveHead(0x7FFFFFFF) + std::string(4, '\0'));
         file.seekg(0x7FFFFFFF - 4);
         std::string tail(100, 'x');
         file.read(tail.data(), 100);
@@ -503,9 +496,8 @@ TEST_F(LargeFarTest, AnOffsetPastTheLastOneIsAnOverflow) {
 }
 
 TEST_F(FarSaveTest, AnEntryThatCanNotFitFailsBeforeItIsCopied) {
-    const std::string content = "FAR!byAZ" + little32(1) + little32(16) + little32(1) +
-                                little32(0x7FFFFFF0) + little32(0) + little32(16) + little32(1) +
-                                "x";
+    const std::string content =
+        archiveHead(16) + little32(1) + archiveRecord(0x7FFFFFF0, 0, 16, "x");
     open(content);
     EXPECT_EQ(save(), 6);
     EXPECT_EQ(folder.read(kArchive), content);

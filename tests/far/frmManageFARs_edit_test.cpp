@@ -26,10 +26,10 @@ using test::bitmapFile;
 using test::click;
 using test::entriesOfArchive;
 using test::find;
+using test::kGreen;
+using test::kRed;
 using test::ManageFARsTest;
 using test::textOf;
-
-const std::string kRed = bitmapFile(8, 8, 0xFF0000);
 
 QTreeWidgetItem* folderItem(QWidget& window, const QString& name) {
     const QList<QTreeWidgetItem*> found =
@@ -380,7 +380,7 @@ TEST_F(ManageFARsTest, SavesAnEditedArchive) {
               (std::vector<ArchiveEntry>{{"Skins\\a.bmp", kRed, 9},
                                          {"b.bmf", "mesh", 4},
                                          {"d.bmp", "stays", 5},
-                                         {"Green.BMP", bitmapFile(8, 8, 0x00FF00), 246},
+                                         {"Green.BMP", kGreen, 246},
                                          {"red.bmp", kRed, 246}}));
     ASSERT_EQ(script.messages().size(), 2U);
     EXPECT_EQ(script.messages()[1].title, "Success");
@@ -445,8 +445,7 @@ TEST_F(ManageFARsTest, ANewArchiveAsksForItsName) {
         click(window, "cmdSave");
     });
     EXPECT_EQ(entriesOfArchive(archive("there.far")),
-              (std::vector<ArchiveEntry>{{"Green.BMP", bitmapFile(8, 8, 0x00FF00), 246},
-                                         {"red.bmp", kRed, 246}}));
+              (std::vector<ArchiveEntry>{{"Green.BMP", kGreen, 246}, {"red.bmp", kRed, 246}}));
 }
 
 // Looks at the bar whenever a file is opened for reading.

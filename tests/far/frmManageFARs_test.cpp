@@ -24,16 +24,16 @@ namespace {
 
 using test::ArchiveEntry;
 using test::archiveFile;
+using test::archiveRecord;
 using test::bitmapFile;
 using test::click;
 using test::entriesOfArchive;
 using test::find;
+using test::kBlue;
+using test::kRed;
 using test::little32;
 using test::ManageFARsTest;
 using test::textOf;
-
-const std::string kRed = bitmapFile(8, 8, 0xFF0000);
-const std::string kBlue = bitmapFile(8, 8, 0x0000FF);
 
 TEST_F(ManageFARsTest, BearsItsCaptions) {
     manage([](QWidget& window) {
@@ -181,9 +181,9 @@ TEST_F(ManageFARsTest, ANewArchiveIsEmptyAndAsksNothing) {
 TEST_F(ManageFARsTest, RefusesAFileWithoutEntriesAndTakesAnyHead) {
     makeArchive("a.far", {{"a.bmp", kRed, {}}});
     makeArchive("empty.far", {});
-    folder.write(std::string(test::kTextures) + "odd.far",
-                 "whatever" + little32(9) + little32(17) + "x" + little32(1) + little32(1) +
-                     little32(1) + little32(16) + little32(5) + "x.bmp");
+    folder.write(std::string(test::kTextures) + "odd.far", "whatever" + little32(9) + little32(17) +
+                                                               "x" + little32(1) +
+                                                               archiveRecord(1, 1, 16, "x.bmp"));
     manage([&](QWidget& window) {
         pick(window, "a.far");
         pick(window, "empty.far", true);

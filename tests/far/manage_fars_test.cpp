@@ -11,8 +11,8 @@ namespace marlowick::test {
 
 ManageFARsTest::ManageFARsTest() {
     installGame(folder);
-    folder.write("pictures/red.bmp", bitmapFile(8, 8, 0xFF0000));
-    folder.write("pictures/Green.BMP", bitmapFile(8, 8, 0x00FF00));
+    folder.write("pictures/red.bmp", kRed);
+    folder.write("pictures/Green.BMP", kGreen);
     folder.write("pictures/notes.txt", "no picture");
     setFreeDiskSpace([](const Path&) { return 1e12; });
 }

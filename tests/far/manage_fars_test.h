@@ -15,6 +15,11 @@ namespace marlowick::test {
 
 inline constexpr const char* kTextures = "game/GameData/Textures/";
 
+// Bitmaps of one colour, 246 bytes each.
+inline const std::string kRed = bitmapFile(8, 8, 0xFF0000);
+inline const std::string kGreen = bitmapFile(8, 8, 0x00FF00);
+inline const std::string kBlue = bitmapFile(8, 8, 0x0000FF);
+
 class ManageFARsTest : public WindowTest {
   protected:
     ManageFARsTest();

@@ -49,12 +49,29 @@ std::string archiveFile(const std::vector<ArchiveEntry>& entries, unsigned versi
     std::string data = filler;
     std::string directory = little32(static_cast<unsigned>(entries.size()));
     for (const ArchiveEntry& entry : entries) {
-        directory += little32(size32(entry.data)) +
-                     little32(entry.secondSize.value_or(size32(entry.data))) +
-                     little32(16 + size32(data)) + little32(size32(entry.name)) + entry.name;
+        directory +=
+            archiveRecord(size32(entry.data), entry.secondSize.value_or(size32(entry.data)),
+                          16 + size32(data), entry.name);
         data += entry.data;
     }
-    return "FAR!byAZ" + little32(version) + little32(16 + size32(data)) + data + directory;
+    return archiveHead(16 + size32(data), version) + data + directory;
+}
+
+std::string archiveHead(unsigned directoryOffset, unsigned version) {
+    return "FAR!byAZ" + little32(version) + little32(directoryOffset);
+}
+
+std::string archiveRecord(unsigned size, unsigned secondSize, unsigned offset,
+                          const std::string& name) {
+    return little32(size) + little32(secondSize) + little32(offset) + little32(size32(name)) + name;
+}
+
+std::string pattern(std::size_t size, unsigned seed) {
+    std::string data(size, '\0');
+    for (std::size_t i = 0; i < size; ++i) {
+        data[i] = static_cast<char>(i * 31 + i / 257 + seed);
+    }
+    return data;
 }
 
 std::vector<ArchiveEntry> entriesOfArchive(const std::string& file) {
