@@ -12,11 +12,18 @@ FarEntry* entryOf(FarEdit& edit, const FarRow& row) {
     return row.Number >= 1 ? &edit.mudtFarDir.Entries[row.Number] : nullptr;
 }
 
-FarRow& rowAt(FarEdit& edit, int row) {
-    return edit.Rows.at(static_cast<std::size_t>(row));
+}  // namespace
+
+void FarRows::remove(int number) {
+    std::erase_if(rows_, [number](const FarRow& row) { return row.Number == number; });
 }
 
-}  // namespace
+std::size_t FarRows::checked(int row) const {
+    if (row < 0 || row >= count()) {
+        throw RuntimeError(error::kSubscript);
+    }
+    return static_cast<std::size_t>(row);
+}
 
 void listEntries(FarEdit& edit) {
     edit.Rows.clear();
@@ -24,9 +31,8 @@ void listEntries(FarEdit& edit) {
     if (count > kMostFarRows) {
         throw RuntimeError(error::kOverflow);
     }
-    edit.Rows.reserve(static_cast<std::size_t>(count));
     for (int number = 1; number <= count; ++number) {
-        edit.Rows.push_back({edit.mudtFarDir.Entries[number].FileName, number});
+        edit.Rows.append({edit.mudtFarDir.Entries[number].FileName, number});
     }
 }
 
@@ -40,19 +46,19 @@ bool FarAdder::add(const std::string& name) {
     if (taken_.contains(upperCase(name))) {
         return false;
     }
-    if (static_cast<int>(edit_.Rows.size()) >= kMostFarRows ||
-        edit_.mudtAddedFiles.bound() >= kMostFarRows) {
+    if (edit_.Rows.count() >= kMostFarRows || edit_.mudtAddedFiles.bound() >= kMostFarRows) {
         throw RuntimeError(error::kOverflow);
     }
     edit_.mudtAddedFiles.append({name, folder_.child(name)});
-    edit_.Rows.push_back({std::string(kNewMark) + name, -edit_.mudtAddedFiles.bound()});
-    taken_.insert(upperCase(edit_.Rows.back().Text));
+    const std::string text = std::string(kNewMark) + name;
+    edit_.Rows.append({text, -edit_.mudtAddedFiles.bound()});
+    taken_.insert(upperCase(text));
     return true;
 }
 
 void deleteRows(FarEdit& edit, const std::vector<int>& selected) {
     for (const int index : selected) {
-        FarRow& row = rowAt(edit, index);
+        FarRow& row = edit.Rows[index];
         FarEntry* entry = entryOf(edit, row);
         if (entry == nullptr) {
             edit.mudtAddedFiles[-row.Number] = {};
@@ -62,12 +68,12 @@ void deleteRows(FarEdit& edit, const std::vector<int>& selected) {
             entry->Deleted = true;
         }
     }
-    std::erase_if(edit.Rows, [](const FarRow& row) { return row.Number == 0; });
+    edit.Rows.remove(0);
 }
 
 void undeleteRows(FarEdit& edit, const std::vector<int>& selected) {
     for (const int index : selected) {
-        FarRow& row = rowAt(edit, index);
+        FarRow& row = edit.Rows[index];
         FarEntry* entry = entryOf(edit, row);
         if (entry != nullptr && entry->Deleted) {
             row.Text.erase(0, kDeletedMark.size());
@@ -78,9 +84,8 @@ void undeleteRows(FarEdit& edit, const std::vector<int>& selected) {
 
 int findRow(const FarEdit& edit, std::string_view text, int start) {
     const std::string wanted = upperCase(text);
-    for (int row = start; row < static_cast<int>(edit.Rows.size()); ++row) {
-        const std::string& shown = edit.Rows[static_cast<std::size_t>(row)].Text;
-        if (upperCase(shown).find(wanted) != std::string::npos) {
+    for (int row = start; row < edit.Rows.count(); ++row) {
+        if (upperCase(edit.Rows[row].Text).find(wanted) != std::string::npos) {
             return row;
         }
     }
@@ -88,14 +93,14 @@ int findRow(const FarEdit& edit, std::string_view text, int start) {
 }
 
 int nextSearchStart(const FarEdit& edit, int firstSelected) {
-    return std::min(firstSelected + 1, static_cast<int>(edit.Rows.size()) - 1);
+    return std::min(firstSelected + 1, edit.Rows.count() - 1);
 }
 
 std::vector<int> rowsAfterSave(const FarEdit& before, const std::vector<int>& selected) {
     std::vector<int> rows;
     int kept = 0;
-    for (int row = 0; row < static_cast<int>(before.Rows.size()); ++row) {
-        const int number = before.Rows[static_cast<std::size_t>(row)].Number;
+    for (int row = 0; row < before.Rows.count(); ++row) {
+        const int number = before.Rows[row].Number;
         if (number >= 1 && before.mudtFarDir.Entries[number].Deleted) {
             continue;
         }

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "far/far_directory.h"
@@ -32,11 +33,33 @@ inline constexpr std::string_view kNewMark = "[NEW]  ";
 // Rows, entries and added files are counted in 16 bits, and the step behind the last must fit too.
 inline constexpr int kMostFarRows = 32766;
 
+// The rows as the list box counts them, from 0.
+class FarRows {
+  public:
+    int count() const { return static_cast<int>(rows_.size()); }
+    bool empty() const { return rows_.empty(); }
+    // 9 for a row outside the list.
+    FarRow& operator[](int row) { return rows_[checked(row)]; }
+    const FarRow& operator[](int row) const { return rows_[checked(row)]; }
+    std::vector<FarRow>::const_iterator begin() const { return rows_.begin(); }
+    std::vector<FarRow>::const_iterator end() const { return rows_.end(); }
+
+    void clear() { rows_.clear(); }
+    void append(FarRow row) { rows_.push_back(std::move(row)); }
+    // Takes the rows out that bear a number.
+    void remove(int number);
+
+  private:
+    std::size_t checked(int row) const;
+
+    std::vector<FarRow> rows_;
+};
+
 struct FarEdit {
     FarDirectory mudtFarDir;            // the open archive's; no entries for a new archive
     List<FarAddedFile> mudtAddedFiles;  // from 1
     Path mstrFarFile;                   // empty for a new archive
-    std::vector<FarRow> Rows;           // from 0, as in the list box
+    FarRows Rows;
 };
 
 // One row for each entry, in the order of the file, in place of all rows. 6 past kMostFarRows.

@@ -146,7 +146,7 @@ void frmManageFARs::showRows(const std::vector<int>& selected, int current) {
     const QSignalBlocker blocker(ui->lstFiles);
     const int scrolled = ui->lstFiles->verticalScrollBar()->value();
     std::vector<std::string> texts;
-    texts.reserve(mudtEdit.Rows.size());
+    texts.reserve(static_cast<std::size_t>(mudtEdit.Rows.count()));
     for (const FarRow& row : mudtEdit.Rows) {
         texts.push_back(row.Text);
     }
@@ -162,14 +162,14 @@ void frmManageFARs::showRows(const std::vector<int>& selected, int current) {
 void frmManageFARs::change(const std::function<void()>& work) {
     std::set<int> numbers;
     for (const int row : selectedRows(ui->lstFiles)) {
-        numbers.insert(mudtEdit.Rows[static_cast<std::size_t>(row)].Number);
+        numbers.insert(mudtEdit.Rows[row].Number);
     }
     const int current = ui->lstFiles->currentRow();
     const auto show = [&] {
         std::vector<int> selected;
-        for (std::size_t row = 0; row < mudtEdit.Rows.size(); ++row) {
+        for (int row = 0; row < mudtEdit.Rows.count(); ++row) {
             if (numbers.contains(mudtEdit.Rows[row].Number)) {
-                selected.push_back(static_cast<int>(row));
+                selected.push_back(row);
             }
         }
         showRows(selected, current);
@@ -309,7 +309,7 @@ void frmManageFARs::lstFiles_Click() {
         if (current < 0) {
             return;
         }
-        const FarRow row = mudtEdit.Rows[static_cast<std::size_t>(current)];
+        const FarRow row = mudtEdit.Rows[current];
         ui->picFARBMP->setPicture({});
         if (row.Text.starts_with("[NEW]")) {
             ui->picFARBMP->load(mudtEdit.mudtAddedFiles[-row.Number].AddedPath);
@@ -381,7 +381,7 @@ void frmManageFARs::msExtract() {
             const InputGuard guard;
             painted_.start();
             for (const int selected : selectedRows(ui->lstFiles)) {
-                const FarRow& row = mudtEdit.Rows[static_cast<std::size_t>(selected)];
+                const FarRow& row = mudtEdit.Rows[selected];
                 if (row.Number > 0) {
                     setPointer(Pointer::Hourglass);
                     extractRow(row);

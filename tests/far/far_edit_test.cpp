@@ -66,7 +66,7 @@ TEST_F(FarEditTest, AFileWithTheTextOfARowIsADuplicateWhateverItsCase) {
     FarAdder adder(edit, pictures);
     EXPECT_FALSE(adder.add("fACE.BMP"));
     EXPECT_FALSE(adder.add("\xC9T\xC9.bmp"));
-    EXPECT_EQ(edit.Rows.size(), 2U);
+    EXPECT_EQ(edit.Rows.count(), 2);
     EXPECT_EQ(edit.mudtAddedFiles.bound(), 0);
 }
 
@@ -134,12 +134,21 @@ TEST_F(FarEditTest, FindsTextsMarksIncludedBlindToCase) {
     EXPECT_EQ(nextSearchStart(edit, 2), 2);
 }
 
+TEST_F(FarEditTest, ARowThatIsNotThereIsAnIndexError) {
+    open({"a.bmp"});
+    EXPECT_EQ(edit.Rows[0].Text, "a.bmp");
+    EXPECT_EQ(errorOf([&] { static_cast<void>(edit.Rows[1]); }), 9);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(edit.Rows[-1]); }), 9);
+    EXPECT_EQ(errorOf([&] { deleteRows(edit, {1}); }), 9);
+    EXPECT_EQ(errorOf([&] { undeleteRows(edit, {1}); }), 9);
+}
+
 TEST_F(FarEditTest, CountsInSixteenBits) {
     open(std::vector<std::string>(32766, "x"));
-    EXPECT_EQ(edit.Rows.size(), 32766U);
+    EXPECT_EQ(edit.Rows.count(), 32766);
     FarAdder adder(edit, pictures);
     EXPECT_EQ(errorOf([&] { adder.add("new.bmp"); }), 6);
-    EXPECT_EQ(edit.Rows.size(), 32766U);
+    EXPECT_EQ(edit.Rows.count(), 32766);
     EXPECT_EQ(errorOf([&] { open(std::vector<std::string>(32767, "x")); }), 6);
     EXPECT_TRUE(edit.Rows.empty());
 }

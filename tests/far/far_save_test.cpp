@@ -115,7 +115,7 @@ TEST_F(FarSaveTest, TheEditIsThenThatOfTheNewArchive) {
     add("c.bmp", "c");
     deleteRows(edit, {0});
     ASSERT_EQ(save(), 0);
-    ASSERT_EQ(edit.Rows.size(), 2U);
+    ASSERT_EQ(edit.Rows.count(), 2);
     EXPECT_EQ(edit.Rows[0].Text, "b.bmp");
     EXPECT_EQ(edit.Rows[0].Number, 1);
     EXPECT_EQ(edit.Rows[1].Text, "c.bmp");
