@@ -43,6 +43,19 @@ QMessageBox::Icon boxIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+// The one that Enter means.
+QMessageBox::StandardButton defaultButton(MessageButtons buttons) {
+    switch (buttons) {
+        case MessageButtons::YesNo:
+            return QMessageBox::Yes;
+        case MessageButtons::NoYes:
+            return QMessageBox::No;
+        case MessageButtons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
 // A text of hundreds of lines scrolls, so that the buttons stay on the screen.
 void scrollLongText(QMessageBox& box) {
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
@@ -86,6 +99,16 @@ void makeRoomForTitle(QMessageBox& box) {
     }
 }
 
+QString areYouSure() {
+    return QStringLiteral("Are You Sure?");
+}
+
+// Only No stops what was asked about.
+bool confirmed(MessageButtons buttons, const QString& question) {
+    return showMessage(QStringLiteral("Confirm Action"), MessageIcon::Question, buttons,
+                       question) != MessageReply::No;
+}
+
 }  // namespace
 
 MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons buttons,
@@ -97,9 +120,9 @@ MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons 
     box.setIcon(boxIcon(icon));
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
-    const bool asks = buttons == MessageButtons::YesNo;
+    const bool asks = buttons != MessageButtons::Ok;
     box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
-    box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+    box.setDefaultButton(defaultButton(buttons));
     box.setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
     scrollLongText(box);
     makeRoomForTitle(box);
@@ -111,12 +134,15 @@ MessageReply showMessage(const QString& title, MessageIcon icon, MessageButtons 
 }
 
 bool confirmAction(const QString& question) {
-    return showMessage(QStringLiteral("Confirm Action"), MessageIcon::Question,
-                       MessageButtons::YesNo, question) != MessageReply::No;
+    return confirmed(MessageButtons::YesNo, question);
 }
 
 bool confirmChange(const QString& question, const QString& lineBreak) {
-    return confirmAction(question + lineBreak + QStringLiteral("Are You Sure?"));
+    return confirmAction(question + lineBreak + areYouSure());
+}
+
+bool confirmLoss(const QString& question) {
+    return confirmed(MessageButtons::NoYes, question + QLatin1Char('\n') + areYouSure());
 }
 
 QString askForText(const QString& title, const QString& prompt) {

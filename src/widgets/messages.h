@@ -6,7 +6,8 @@
 namespace marlowick {
 
 enum class MessageIcon { None, Information, Question, Exclamation, Critical };
-enum class MessageButtons { Ok, YesNo };
+// NoYes: the buttons of YesNo, but Enter means No.
+enum class MessageButtons { Ok, YesNo, NoYes };
 enum class MessageReply { Ok, Yes, No };
 
 // Shows a box over the active window and waits for the answer. Esc and the frame count as No
@@ -21,6 +22,9 @@ bool confirmAction(const QString& question);
 
 // The same for what changes a sim's wardrobe: the question, a line break and "Are You Sure?".
 bool confirmChange(const QString& question, const QString& lineBreak = QStringLiteral("\n"));
+
+// The same for what loses something for good: Enter means No.
+bool confirmLoss(const QString& question);
 
 // Asks for a text, under the object name "inputBox"; empty if the box was cancelled.
 QString askForText(const QString& title, const QString& prompt);
