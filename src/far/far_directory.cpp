@@ -133,8 +133,11 @@ void readFarDirectory(FarDirectory& directory, const Path& archive) {
 }
 
 int farEntryCount(const FarDirectory& directory) {
-    return std::clamp<int>(gflngLittleEndianToLong(directory.FileCount), 0,
-                           directory.Entries.bound());
+    return std::min(farAnnouncedCount(directory), directory.Entries.bound());
+}
+
+int farAnnouncedCount(const FarDirectory& directory) {
+    return std::max<int>(gflngLittleEndianToLong(directory.FileCount), 0);
 }
 
 std::string gfstrFarBaseName(std::string_view fileName) {

@@ -34,6 +34,9 @@ bool gsReadFARdir(FarDirectory& directory, const Path& archive);
 // The number of entries to walk: FileCount, but not more than the list holds and not below 0.
 int farEntryCount(const FarDirectory& directory);
 
+// The number of entries that the archive itself tells of, readable or not; not below 0.
+int farAnnouncedCount(const FarDirectory& directory);
+
 // Copies an entry out as folder + "\" + its name behind the last backslash, or under outputName.
 // The output is not truncated. Trapped (modFARsupport); false after a failure, and the two stream
 // slots of extraction then stay taken.

@@ -60,6 +60,7 @@ struct FarEdit {
     List<FarAddedFile> mudtAddedFiles;  // from 1
     Path mstrFarFile;                   // empty for a new archive
     FarRows Rows;
+    bool ReadingFailed = false;  // the archive's directory, in the middle or at its very start
 };
 
 // One row for each entry, in the order of the file, in place of all rows. 6 past kMostFarRows.

@@ -40,27 +40,30 @@ class FarWriter {
             throw RuntimeError(error::kInputPastEnd);
         }
         entry.FileOffset = gfstrLongToLittleEndian(static_cast<std::int32_t>(position_));
-        entries_.append(std::move(entry));
+        written_.Entries.append(std::move(entry));
         position_ += size;
     }
 
-    void finish() {
-        std::string manifest = gfstrLongToLittleEndian(entries_.bound());
-        for (int number = 1; number <= entries_.bound(); ++number) {
-            const FarEntry& entry = entries_[number];
+    // Writes the directory, and gives it.
+    FarDirectory finish() {
+        written_.FileCount = gfstrLongToLittleEndian(written_.Entries.bound());
+        std::string manifest = written_.FileCount;
+        for (int number = 1; number <= written_.Entries.bound(); ++number) {
+            const FarEntry& entry = written_.Entries[number];
             manifest += entry.FileSize + entry.FileSize2 + entry.FileOffset + entry.NameLength +
                         entry.FileName;
         }
         output_.write(manifest);
         output_.seek(kManifestField);
         output_.write(gfstrLongToLittleEndian(static_cast<std::int32_t>(position_)));
+        return std::move(written_);
     }
 
   private:
     File& output_;
     const std::function<void()>& afterBlock_;
     std::int64_t position_ = kHeadSize;
-    List<FarEntry> entries_;
+    FarDirectory written_;
 };
 
 int checkedCount(const FarDirectory& directory) {
@@ -111,7 +114,8 @@ void copyAddedFiles(FarWriter& writer, const FarEdit& edit, const FarSaveProgres
     }
 }
 
-void writeArchive(const FarEdit& edit, const Path& temporary, const FarSaveProgress& progress) {
+FarDirectory writeArchive(const FarEdit& edit, const Path& temporary,
+                          const FarSaveProgress& progress) {
     CheckpointNumber = 3000;
     File& output = streams().open(slot::kArchiveOutput, temporary, OpenMode::Output);
     if (!edit.mstrFarFile.empty()) {
@@ -126,8 +130,16 @@ void writeArchive(const FarEdit& edit, const Path& temporary, const FarSaveProgr
     CheckpointNumber = 5000;
     copyAddedFiles(writer, edit, progress, total);
     CheckpointNumber = 6000;
-    writer.finish();
+    FarDirectory written = writer.finish();
     streams().close(slot::kArchiveOutput);
+    return written;
+}
+
+void becomeArchive(FarEdit& edit, const Path& archive, FarDirectory directory) {
+    edit.mudtFarDir = std::move(directory);
+    edit.mudtAddedFiles.reset();
+    edit.mstrFarFile = archive;
+    listEntries(edit);
 }
 
 }  // namespace
@@ -141,17 +153,22 @@ bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progr
     const Path temporary = tempFolder() + "\\tempfile.far";
     CheckpointNumber = 2000;
     clearAndRemove(temporary);
-    writeArchive(edit, temporary, progress);
+    FarDirectory written = writeArchive(edit, temporary, progress);
     CheckpointNumber = 7000;
     replaceFile(temporary, target, ReadOnlyTarget::Replace, progress.block);
+    becomeArchive(edit, target, std::move(written));
+    if (progress.replaced) {
+        progress.replaced();
+    }
     CheckpointNumber = 8000;
     clearAndRemove(temporary);
     CheckpointNumber = 9000;
-    const bool readBack = gsReadFARdir(edit.mudtFarDir, target);
-    edit.mudtAddedFiles.reset();
-    edit.mstrFarFile = target;
-    listEntries(edit);
-    return readBack;
+    FarDirectory readBack;
+    edit.ReadingFailed = !gsReadFARdir(readBack, target);
+    if (!edit.ReadingFailed) {
+        becomeArchive(edit, target, std::move(readBack));
+    }
+    return !edit.ReadingFailed;
 }
 
 }  // namespace marlowick

@@ -14,6 +14,9 @@ struct FarSaveProgress {
     std::function<void(int processed, int total)> step;
     // After each block of data, so that the window can paint in the middle of a large entry.
     std::function<void()> block;
+    // When the target has its new content: the edit is then that of the new archive, whatever else
+    // fails.
+    std::function<void()> replaced = {};
 };
 
 // The archive that a typed name (UTF-8) stands for: in the game's folder of textures, ending in
@@ -21,12 +24,13 @@ struct FarSaveProgress {
 Path newArchivePath(std::string_view name);
 
 // Writes the edit's archive to "\temp\tempfile.far" under the program folder, gives target its
-// content in one step, and reads target back: the edit is then that of the new archive. Sets
-// CheckpointNumber from 2000 to 9000. False if the reading back has failed; that is reported.
-// Raises what any step raises, among them 6 for an offset past 2^31 - 1 or more than kMostFarRows
-// entries, 62 for an entry whose data isn't whole, and 53 for an added file that is gone. The
-// target is then untouched, the temporary file stays, and the two stream slots stay taken if they
-// were.
+// content in one step, and reads target back. As soon as target has its content the edit is that
+// of the new archive. Sets CheckpointNumber from 2000 to 9000. False if the reading back has
+// failed; that is reported, and the edit's ReadingFailed is set. Raises what any step raises, among
+// them 6 for an offset past 2^31 - 1 or more than kMostFarRows entries, 62 for an entry whose data
+// isn't whole, and 53 for an added file that is gone. Unless only the temporary file couldn't be
+// removed, target and edit are then untouched, the temporary file stays, and the two stream slots
+// stay taken if they were.
 bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progress);
 
 }  // namespace marlowick

@@ -59,6 +59,17 @@ void selectRows(QListWidget* list, const std::vector<int>& rows) {
     list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+// Whatever becomes of the work, the list shows the rows that the edit has then.
+void workAndShow(const std::function<void()>& work, const std::function<void()>& show) {
+    try {
+        work();
+    } catch (...) {
+        show();
+        throw;
+    }
+    show();
+}
+
 // All rows are laid out like the first, so that a long list shows at once; it is made as wide as
 // the widest.
 void widenRows(QListWidget* list) {
@@ -165,7 +176,7 @@ void frmManageFARs::change(const std::function<void()>& work) {
         numbers.insert(mudtEdit.Rows[row].Number);
     }
     const int current = ui->lstFiles->currentRow();
-    const auto show = [&] {
+    workAndShow(work, [&] {
         std::vector<int> selected;
         for (int row = 0; row < mudtEdit.Rows.count(); ++row) {
             if (numbers.contains(mudtEdit.Rows[row].Number)) {
@@ -173,14 +184,7 @@ void frmManageFARs::change(const std::function<void()>& work) {
             }
         }
         showRows(selected, current);
-    };
-    try {
-        work();
-    } catch (...) {
-        show();
-        throw;
-    }
-    show();
+    });
 }
 
 void frmManageFARs::showArchive(const QString& name) {
@@ -204,7 +208,7 @@ void frmManageFARs::msOpenFile() {
             return;
         }
         msNewFile();
-        gsReadFARdir(mudtEdit.mudtFarDir, OpenFile);
+        mudtEdit.ReadingFailed = !gsReadFARdir(mudtEdit.mudtFarDir, OpenFile);
         if (farEntryCount(mudtEdit.mudtFarDir) == 0) {
             showMessage(QStringLiteral("File Load Error"), MessageIcon::Critical,
                         MessageButtons::Ok,
@@ -263,10 +267,27 @@ FarSaveProgress frmManageFARs::saveProgress() {
     return {step, paint};
 }
 
+bool frmManageFARs::mayBeSaved() const {
+    if (mudtEdit.ReadingFailed) {
+        showMessage(QStringLiteral("File Save Error"), MessageIcon::Critical, MessageButtons::Ok,
+                    QStringLiteral("The file ") + toDisplay(mudtEdit.mstrFarFile) +
+                        QStringLiteral("\n can not be saved. Reading it has failed."));
+        return false;
+    }
+    const int announced = farAnnouncedCount(mudtEdit.mudtFarDir);
+    const int readable = farEntryCount(mudtEdit.mudtFarDir);
+    return announced == readable ||
+           confirmLoss(
+               QStringLiteral("The file %1 announces %2 entries, but only %3 of them can be "
+                              "read.\nSaving it loses the others.")
+                   .arg(toDisplay(mudtEdit.mstrFarFile.fileName()), QString::number(announced),
+                        QString::number(readable)));
+}
+
 void frmManageFARs::msSaveFile() {
     trapped("frmManageFARs", "msSaveFile", [&] {
         CheckpointNumber = 1000;
-        if (mudtEdit.Rows.empty()) {
+        if (mudtEdit.Rows.empty() || !mayBeSaved()) {
             return;
         }
         Path target = mudtEdit.mstrFarFile;
@@ -278,20 +299,30 @@ void frmManageFARs::msSaveFile() {
             }
             target = newArchivePath(name.toStdString());
         }
-        const std::vector<int> selected = rowsAfterSave(mudtEdit, selectedRows(ui->lstFiles));
-        {
-            const InputGuard guard;
-            if (!saveArchive(mudtEdit, target, saveProgress())) {
-                return;
-            }
+        if (!save(target)) {
+            return;
         }
-        showArchive(toDisplay(target));
-        showRows(selected, selected.empty() ? -1 : selected.front());
         setPointer(Pointer::Default);
         ui->picStatus->hide();
         showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
                     QStringLiteral("File Saved."));
     });
+}
+
+bool frmManageFARs::save(const Path& target) {
+    std::vector<int> selected = selectedRows(ui->lstFiles);
+    int current = ui->lstFiles->currentRow();
+    FarSaveProgress progress = saveProgress();
+    progress.replaced = [&, kept = rowsAfterSave(mudtEdit, selected)] {
+        showArchive(toDisplay(target));
+        selected = kept;
+        current = kept.empty() ? -1 : kept.front();
+    };
+    const InputGuard guard;
+    bool done = false;
+    workAndShow([&] { done = saveArchive(mudtEdit, target, progress); },
+                [&] { showRows(selected, current); });
+    return done;
 }
 
 void frmManageFARs::msDelete() {

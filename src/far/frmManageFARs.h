@@ -61,6 +61,10 @@ class frmManageFARs : public ModalForm {
     void showArchive(const QString& name);
     void search(int start);
     void warnIfTooLarge() const;
+    // Says what stands in the way of a save, or asks.
+    bool mayBeSaved() const;
+    // Saves the edit and shows what it is then. False if the reading back has failed.
+    bool save(const Path& target);
     FarSaveProgress saveProgress();
     void extractRow(const FarRow& row);
     void fillDiskSide();

@@ -391,6 +391,50 @@ TEST_F(FarSaveTest, AReadingBackThatFailsIsReportedAndEndsTheSave) {
     EXPECT_EQ(recorder.reports()[0].number, 70);
     EXPECT_EQ(recorder.reports()[0].procedure, "gsReadFARdir");
     EXPECT_EQ(folder.read(kArchive), archiveFile({{"a.bmp", "a", {}}, {"new.bmp", "new", {}}}));
+    ASSERT_EQ(edit.Rows.count(), 2);
+    EXPECT_EQ(edit.Rows[1].Text, "new.bmp");
+    EXPECT_EQ(edit.Rows[1].Number, 2);
+    EXPECT_TRUE(edit.ReadingFailed);
+}
+
+// Keeps the temporary file of a save.
+class KeptTemporary : public test::FaultyFiles {
+  public:
+    KeptTemporary() : FaultyFiles(0, Fault::Fail) {}
+    void remove(const Path& path) override {
+        if (path.fileName() == "tempfile.far") {
+            throw RuntimeError(error::kPermissionDenied);
+        }
+        FaultyFiles::remove(path);
+    }
+};
+
+TEST_F(FarSaveTest, TheEditIsTheNewArchivesAsSoonAsTheTargetIs) {
+    open(archiveFile({{"a.bmp", "aaaaa", {}}, {"b.bmp", "bb", {}}, {"c.bmp", "cccc", {}}}));
+    add("new.bmp", "new");
+    deleteRows(edit, {0});
+    int replaced = 0;
+    progress.replaced = [&] {
+        ++replaced;
+        EXPECT_EQ(edit.Rows.count(), 3);
+        EXPECT_EQ(edit.Rows[2].Text, "new.bmp");
+        EXPECT_EQ(edit.Rows[2].Number, 3);
+    };
+    const std::vector<ArchiveEntry> expected = {
+        {"b.bmp", "bb", 2}, {"c.bmp", "cccc", 4}, {"new.bmp", "new", 3}};
+    {
+        const KeptTemporary kept;
+        EXPECT_EQ(save(), 70);
+    }
+    EXPECT_EQ(replaced, 1);
+    EXPECT_EQ(entriesOfArchive(folder.read(kArchive)), expected);
+    EXPECT_EQ(farEntryCount(edit.mudtFarDir), 3);
+    EXPECT_EQ(edit.mudtFarDir.Entries[1].FileOffset, little32(16));
+    EXPECT_EQ(edit.mudtAddedFiles.bound(), 0);
+    EXPECT_EQ(edit.mstrFarFile, archive);
+    // Every entry has its own bytes then too.
+    EXPECT_EQ(save(), 0);
+    EXPECT_EQ(entriesOfArchive(folder.read(kArchive)), expected);
 }
 
 // A disk for archives whose data is zeros: zeros aren't written, and those in the middle of a large

@@ -10,7 +10,9 @@
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "support/faulty_files.h"
+#include "support/user_file_builder.h"
 #include "system/disk.h"
+#include "system/runtime_error.h"
 #include "system/streams.h"
 #include "widgets/display_text.h"
 #include "widgets/folder_list.h"
@@ -492,6 +494,149 @@ TEST_F(ManageFARsTest, ARedBarGrowsWhileItSaves) {
         EXPECT_EQ(watcher.painted.pixel(width - 1, bottom), 0xFFFF0000U);
         EXPECT_NE(watcher.painted.pixel(width, bottom), 0xFFFF0000U);
     });
+}
+
+// Refuses what one step of a save asks for.
+class RefusedStep : public test::FaultyFiles {
+  public:
+    enum class Step { RemovingTheTemporaryFile, ReadingBack };
+    explicit RefusedStep(Step step) : FaultyFiles(0, Fault::Fail), step_(step) {}
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        refuseIf(step_ == Step::ReadingBack && mode == OpenMode::Binary);
+        return FaultyFiles::open(path, mode);
+    }
+    void remove(const Path& path) override {
+        refuseIf(step_ == Step::RemovingTheTemporaryFile && path.fileName() == "tempfile.far");
+        FaultyFiles::remove(path);
+    }
+
+  private:
+    static void refuseIf(bool refused) {
+        if (refused) {
+            throw RuntimeError(error::kPermissionDenied);
+        }
+    }
+
+    Step step_;
+};
+
+TEST_F(ManageFARsTest, ASaveWhoseTemporaryFileStaysShowsTheNewArchive) {
+    makeArchive("a.far", {{"a.bmp", "aaaaa", {}}, {"b.bmp", "bb", {}}, {"red.bmp", kRed, {}}});
+    const std::vector<ArchiveEntry> expected = {{"b.bmp", "bb", 2}, {"red.bmp", kRed, 246}};
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        click(window, "cmdDelete");
+        select(window, {1});
+        {
+            const RefusedStep refused(RefusedStep::Step::RemovingTheTemporaryFile);
+            click(window, "cmdSave");
+        }
+        EXPECT_EQ(rows(window), (QStringList{"b.bmp", "red.bmp"}));
+        EXPECT_EQ(selected(window), QStringList{"b.bmp"});
+        EXPECT_EQ(textOf(window, "txtCount"), "2");
+        EXPECT_EQ(entriesOfArchive(archive("a.far")), expected);
+        select(window, {1});
+        EXPECT_EQ(colourOf(window, "picFARBMP"), 0xFF0000U);
+        script.answer();
+        click(window, "cmdSave");
+    });
+    EXPECT_EQ(entriesOfArchive(archive("a.far")), expected);
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 70);
+    EXPECT_EQ(recorder.reports()[0].procedure, "msSaveFile");
+    EXPECT_EQ(recorder.reports()[0].checkpoint, 8000);
+}
+
+TEST_F(ManageFARsTest, RowsAndListKeepInStepWhenReadingBackFails) {
+    makeArchive("a.far", {{"a.bmp", "a", {}}, {"b.bmp", "b", {}}, {"red.bmp", kRed, {}}});
+    std::string saved;
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        click(window, "cmdDelete");
+        {
+            const RefusedStep refused(RefusedStep::Step::ReadingBack);
+            click(window, "cmdSave");
+        }
+        saved = archive("a.far");
+        EXPECT_EQ(rows(window), (QStringList{"b.bmp", "red.bmp"}));
+        EXPECT_EQ(textOf(window, "txtCount"), "2");
+        select(window, {1});
+        EXPECT_EQ(colourOf(window, "picFARBMP"), 0xFF0000U);
+        click(window, "cmdDelete");
+        EXPECT_EQ(rows(window), (QStringList{"b.bmp", "[DEL]  red.bmp"}));
+        script.answer();
+        click(window, "cmdSave");
+        // Read anew, it can be saved again.
+        pick(window, "a.far");
+        script.answer();
+        click(window, "cmdSave");
+    });
+    EXPECT_EQ(archive("a.far"), saved);
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 70);
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsReadFARdir");
+    ASSERT_EQ(script.messages().size(), 2U);
+    EXPECT_EQ(script.messages()[0].title, "File Save Error");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(script.messages()[0].text,
+              "The file " + toDisplay(SimsPath) +
+                  "\\gamedata\\textures\\a.far\n can not be saved. Reading it has failed.");
+    EXPECT_EQ(script.messages()[1].text, "File Saved.");
+}
+
+TEST_F(ManageFARsTest, AnArchiveWhoseReadingFailedIsNotSaved) {
+    const std::string bad = test::archiveHead(17) + "x" + test::little32(2) +
+                            test::archiveRecord(1, 1, 16, "x.bmp") + std::string(16, '\xFF');
+    folder.write(std::string(test::kTextures) + "bad.far", bad);
+    manage([&](QWidget& window) {
+        pick(window, "bad.far");
+        EXPECT_EQ(rows(window), QStringList{"x.bmp"});
+        script.answer();
+        click(window, "cmdSave");
+    });
+    EXPECT_EQ(archive("bad.far"), bad);
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 5);
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "File Save Error");
+}
+
+TEST_F(ManageFARsTest, AsksBeforeASaveThatLosesEntriesThatCouldNotBeRead) {
+    const std::string records =
+        test::archiveRecord(2, 2, 16, "one.bmp") + test::archiveRecord(2, 2, 16, "two.bmp");
+    const std::string cut = test::archiveHead(18) + "xy" + test::little32(12345) + records +
+                            test::archiveRecord(2, 2, 16, "three.bmp").substr(0, 20);
+    folder.write(std::string(test::kTextures) + "cut.far", cut);
+    manage([&](QWidget& window) {
+        pick(window, "cut.far");
+        EXPECT_EQ(rows(window), (QStringList{"one.bmp", "two.bmp"}));
+        // "No" is what Enter means.
+        script.whenShown(QString(), [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        click(window, "cmdSave");
+        EXPECT_EQ(archive("cut.far"), cut);
+        EXPECT_EQ(rows(window), (QStringList{"one.bmp", "two.bmp"}));
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdSave");
+        // Now it holds what it announces.
+        script.answer();
+        click(window, "cmdSave");
+    });
+    EXPECT_EQ(entriesOfArchive(archive("cut.far")),
+              (std::vector<ArchiveEntry>{{"one.bmp", "xy", 2}, {"two.bmp", "xy", 2}}));
+    ASSERT_EQ(script.messages().size(), 4U);
+    EXPECT_EQ(script.messages()[0].title, "Confirm Action");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Question);
+    EXPECT_TRUE(script.messages()[0].yesNo);
+    EXPECT_EQ(script.messages()[0].text,
+              "The file cut.far announces 12345 entries, but only 2 of them can be read.\n"
+              "Saving it loses the others.\nAre You Sure?");
+    EXPECT_EQ(script.messages()[2].text, "File Saved.");
+    EXPECT_EQ(script.messages()[3].text, "File Saved.");
+    EXPECT_TRUE(recorder.reports().empty());
 }
 
 TEST_F(ManageFARsTest, AFailedSaveLeavesTheArchiveAndEverythingAsItStands) {
