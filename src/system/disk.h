@@ -27,6 +27,14 @@ std::string driveName(const Path& path);
 // The roots of all drives that a person can reach, in order: "C:\", or "\" and the mount points.
 std::vector<Path> driveRoots();
 
+// The roots of the disks that are built into the machine, by letter; none on a system without
+// drives. No disk is asked for anything.
+std::vector<Path> fixedDriveRoots();
+
+// The roots behind which no disk of this machine lies: network drives, drives for discs, mounted
+// network file systems. Nothing behind them is asked for.
+std::vector<Path> remoteRoots();
+
 // A number of bytes in groups of three digits, "1,234,567"; empty for 0.
 std::string groupedDigits(double number);
 

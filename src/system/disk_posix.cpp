@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <string_view>
 
@@ -47,6 +48,20 @@ bool isInner(std::string_view type, std::string_view place) {
     return std::find(kTypes.begin(), kTypes.end(), type) != kTypes.end() ||
            std::any_of(kPlaces.begin(), kPlaces.end(), lies) ||
            (lies("/run") && !lies("/run/media"));
+}
+
+bool isNetworkType(std::string_view type) {
+    static constexpr std::array<std::string_view, 15> kNetwork = {
+        "afs",    "autofs", "ceph", "cifs", "coda",     "davfs", "glusterfs", "gpfs",
+        "lustre", "ncpfs",  "nfs",  "nfs4", "orangefs", "smb3",  "smbfs"};
+    // Programs that show a disk in another way, and no network.
+    static constexpr std::array<std::string_view, 8> kLocalPrograms = {
+        "fuse.bindfs",    "fuse.encfs", "fuse.ext2",     "fuse.exfat",
+        "fuse.gocryptfs", "fuse.lxcfs", "fuse.mergerfs", "fuse.ntfs-3g"};
+    const auto isIn = [type](const auto& list) {
+        return std::find(list.begin(), list.end(), type) != list.end();
+    };
+    return isIn(kNetwork) || (type.starts_with("fuse.") && !isIn(kLocalPrograms));
 }
 
 bool isFolderToEnter(const char* place) {
@@ -106,6 +121,30 @@ std::vector<Path> driveRoots() {
         }
     }
     return roots;
+}
+
+std::vector<Path> fixedDriveRoots() {
+    return {};
+}
+
+std::vector<Path> remoteMounts(const char* tableFile) {
+    // What was mounted last on a place is what stands there.
+    std::map<std::string, bool> isNetwork;
+    const std::unique_ptr<FILE, int (*)(FILE*)> table(::setmntent(tableFile, "r"), ::endmntent);
+    while (const mntent* mount = table != nullptr ? ::getmntent(table.get()) : nullptr) {
+        isNetwork[mount->mnt_dir] = isNetworkType(mount->mnt_type);
+    }
+    std::vector<Path> roots;
+    for (const auto& [place, network] : isNetwork) {
+        if (network) {
+            roots.push_back(toPath(place));
+        }
+    }
+    return roots;
+}
+
+std::vector<Path> remoteRoots() {
+    return remoteMounts("/proc/self/mounts");
 }
 
 }  // namespace marlowick

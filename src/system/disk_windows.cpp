@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,25 @@
 #include "system/windows_text.h"
 
 namespace marlowick {
+namespace {
+
+UINT typeOf(const Path& root) {
+    return ::GetDriveTypeW(wideText(root.text()).c_str());
+}
+
+std::vector<Path> drivesWhere(const std::function<bool(const Path& root)>& isWanted) {
+    std::vector<Path> roots;
+    const DWORD drives = ::GetLogicalDrives();
+    for (unsigned letter = 0; letter < 26; ++letter) {
+        const Path root(std::string(1, static_cast<char>('A' + letter)) + ":\\");
+        if ((drives >> letter & 1U) != 0 && isWanted(root)) {
+            roots.push_back(root);
+        }
+    }
+    return roots;
+}
+
+}  // namespace
 
 double systemFreeDiskSpace(const Path& root) {
     ULARGE_INTEGER available{};
@@ -34,16 +54,19 @@ std::string driveName(const Path& path) {
 }
 
 std::vector<Path> driveRoots() {
-    std::vector<Path> roots;
-    const DWORD drives = ::GetLogicalDrives();
-    for (unsigned letter = 0; letter < 26; ++letter) {
-        const Path root(std::string(1, static_cast<char>('A' + letter)) + ":\\");
-        // A drive without a disk in it can't be reached.
-        if ((drives >> letter & 1U) != 0 && files().folderExists(root)) {
-            roots.push_back(root);
-        }
-    }
-    return roots;
+    // A drive without a disk in it can't be reached.
+    return drivesWhere([](const Path& root) { return files().folderExists(root); });
+}
+
+std::vector<Path> fixedDriveRoots() {
+    return drivesWhere([](const Path& root) { return typeOf(root) == DRIVE_FIXED; });
+}
+
+std::vector<Path> remoteRoots() {
+    return drivesWhere([](const Path& root) {
+        const UINT type = typeOf(root);
+        return type != DRIVE_FIXED && type != DRIVE_REMOVABLE && type != DRIVE_RAMDISK;
+    });
 }
 
 }  // namespace marlowick

@@ -141,30 +141,46 @@ bool isLineOf(char opening, char closing, const std::u16string& wanted, std::str
     return name && foldedName(*name) == wanted;
 }
 
-// Nothing if the prefix has no registry, or that holds no such value.
-std::optional<std::string> valueIn(const Path& prefix, std::string_view key,
-                                   std::string_view valueName) {
-    const Path file = prefix + "\\system.reg";
+// The content of a file of the registry; nothing if there is none of an ordinary size.
+std::optional<std::string> contentOf(const Path& file) {
     try {
-        if (files().length(file) > kLongestRegistry) {
-            return std::nullopt;
+        if (files().length(file) <= kLongestRegistry) {
+            return readWholeFile(file);
         }
-        const std::string systemReg = readWholeFile(file);
-        const std::optional<std::string> text =
-            wineRegistryText(systemReg, keyOf32Bit(key), valueName);
-        return text ? text : wineRegistryText(systemReg, key, valueName);
     } catch (const std::exception&) {
         return std::nullopt;
     }
+    return std::nullopt;
+}
+
+// What read finds under the key's 32-bit form or else under the key itself.
+template <class Read>
+auto in32BitView(std::string_view key, const Read& read) {
+    const auto found = read(keyOf32Bit(key));
+    return found ? found : read(key);
+}
+
+bool isDriveLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+// The folder "dosdevices" has a link for each drive.
+Path driveLink(const Path& prefix, char letter) {
+    return prefix + ("\\dosdevices\\" + std::string(1, lowerByte(letter)) + ":");
+}
+
+bool isPathWithDrive(std::string_view text) {
+    return text.size() >= 2 && isDriveLetter(text[0]) && text[1] == ':' &&
+           (text.size() == 2 || text[2] == '\\' || text[2] == '/');
 }
 
 // A path of the prefix, such as "C:\Games", as a path of this machine.
 std::optional<std::string> onThisMachine(const Path& prefix, const std::string& text) {
-    const std::string drive = lowerCase(text.substr(0, 2));
-    const bool isPath = drive.size() == 2 && drive[0] >= 'a' && drive[0] <= 'z' &&
-                        drive[1] == ':' && (text.size() == 2 || text[2] == '\\' || text[2] == '/');
-    const Path link = prefix + ("\\dosdevices\\" + drive);
-    if (!isPath || !files().folderExists(link)) {
+    if (!isPathWithDrive(text)) {
+        return std::nullopt;
+    }
+    const Path link = driveLink(prefix, text[0]);
+    if (!files().folderExists(link)) {
         return std::nullopt;
     }
     std::string folder = files().followLinks(link).text();
@@ -178,36 +194,76 @@ std::optional<std::string> onThisMachine(const Path& prefix, const std::string& 
 
 }  // namespace
 
-std::optional<std::string> wineRegistryText(std::string_view systemReg, std::string_view key,
+std::optional<WineText> wineRegistryAnyText(std::string_view registry, std::string_view key,
                                             std::string_view valueName) {
+    constexpr std::string_view kPlain = "=\"";
+    constexpr std::string_view kExpandable = "=str(2):\"";
     const std::u16string wantedKey = foldedName(key);
     const std::u16string wantedName = foldedName(valueName);
     bool inKey = false;
-    for (std::size_t start = 0; start < systemReg.size();) {
-        const std::string_view line = nextLine(systemReg, start);
+    for (std::size_t start = 0; start < registry.size();) {
+        const std::string_view line = nextLine(registry, start);
         std::size_t position = 0;
         if (line.starts_with('[')) {
             inKey = isLineOf('[', ']', wantedKey, line, position);
         } else if (inKey && isLineOf('"', '"', wantedName, line, position)) {
-            if (line.substr(position, 2) != "=\"") {
+            const std::string_view rest = line.substr(position);
+            const bool expandable = rest.starts_with(kExpandable);
+            if (!expandable && !rest.starts_with(kPlain)) {
                 return std::nullopt;
             }
-            position += 2;
-            return textUpTo('"', line, position);
+            position += expandable ? kExpandable.size() : kPlain.size();
+            const std::optional<std::string> text = textUpTo('"', line, position);
+            return text ? std::optional(WineText{*text, expandable}) : std::nullopt;
         }
     }
     return std::nullopt;
 }
 
+std::optional<std::string> wineRegistryText(std::string_view systemReg, std::string_view key,
+                                            std::string_view valueName) {
+    const std::optional<WineText> found = wineRegistryAnyText(systemReg, key, valueName);
+    return found && !found->isExpandable ? std::optional(found->text) : std::nullopt;
+}
+
+std::optional<WineText> wineRegistryValue(const Path& prefix, RegistryHive hive,
+                                          std::string_view key, std::string_view valueName) {
+    const bool ofMachine = hive == RegistryHive::LocalMachine;
+    const std::optional<std::string> registry =
+        contentOf(prefix + (ofMachine ? "\\system.reg" : "\\user.reg"));
+    if (!registry) {
+        return std::nullopt;
+    }
+    const auto read = [&](std::string_view form) {
+        return wineRegistryAnyText(*registry, form, valueName);
+    };
+    const std::optional<WineText> found = ofMachine ? in32BitView(key, read) : read(key);
+    return found && found->text.find('\0') == std::string::npos ? found : std::nullopt;
+}
+
 std::string wineRegistryPath(const Path& home, std::string_view key, std::string_view valueName,
                              int length) {
     const Path prefix = home + "\\.wine";
-    std::optional<std::string> text = valueIn(prefix, key, valueName);
+    std::optional<std::string> text;
+    if (const std::optional<std::string> systemReg = contentOf(prefix + "\\system.reg")) {
+        text = in32BitView(key, [&](std::string_view form) {
+            return wineRegistryText(*systemReg, form, valueName);
+        });
+    }
     if (!text || utf8ToGameText(*text).size() >= static_cast<std::size_t>(std::max(length, 0))) {
         return kError;
     }
     text->resize(std::min(text->find('\0'), text->size()));
     return text->empty() ? std::string() : onThisMachine(prefix, *text).value_or(kError);
+}
+
+std::optional<Path> pathThroughDrives(const Path& prefix, std::string_view text) {
+    if (!isPathWithDrive(text)) {
+        return std::nullopt;
+    }
+    std::string rest(text.substr(2));
+    std::replace(rest.begin(), rest.end(), '/', '\\');
+    return driveLink(prefix, text[0]) + rest;
 }
 
 std::string keyOf32Bit(std::string_view key) {

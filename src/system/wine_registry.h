@@ -1,5 +1,6 @@
-// The registry as Wine keeps it: a text file of the prefix, "system.reg", with the keys of
-// HKEY_LOCAL_MACHINE. Its bytes may be anything; nothing here raises an error.
+// The registry as Wine keeps it: text files of the prefix, "system.reg" with the keys of
+// HKEY_LOCAL_MACHINE and "user.reg" with those of HKEY_CURRENT_USER. Their bytes may be anything;
+// nothing here raises an error.
 #pragma once
 
 #include <optional>
@@ -7,6 +8,7 @@
 #include <string_view>
 
 #include "system/path.h"
+#include "system/registry_values.h"
 
 namespace marlowick {
 
@@ -17,6 +19,23 @@ namespace marlowick {
 std::optional<std::string> wineRegistryText(std::string_view systemReg, std::string_view key,
                                             std::string_view valueName);
 
+// A text value of a key, and whether it holds names of the environment between percent signs that
+// are to be filled in.
+struct WineText {
+    std::string text;  // UTF-8
+    bool isExpandable = false;
+};
+
+// The same of a plain text and of one with names of the environment ("name"=str(2):"text").
+std::optional<WineText> wineRegistryAnyText(std::string_view registry, std::string_view key,
+                                            std::string_view valueName);
+
+// A text value of a prefix's registry, of HKEY_LOCAL_MACHINE as a 32-bit program sees it: the key's
+// 32-bit form is looked up first, then the key itself. Nothing if there is no such value, it holds
+// a zero byte, or the registry is no file of an ordinary size.
+std::optional<WineText> wineRegistryValue(const Path& prefix, RegistryHive hive,
+                                          std::string_view key, std::string_view valueName);
+
 // A text value of HKEY_LOCAL_MACHINE as a 32-bit program sees it that runs in the default prefix
 // (".wine") of the home folder: the key's 32-bit form is looked up first, then the key itself. A
 // text that begins with a drive letter is turned into a path of this machine through the prefix's
@@ -26,6 +45,11 @@ std::optional<std::string> wineRegistryText(std::string_view systemReg, std::str
 // or the registry is no file of an ordinary size.
 std::string wineRegistryPath(const Path& home, std::string_view key, std::string_view valueName,
                              int length);
+
+// A path of the prefix, such as "C:\Games", as the path that leads there through the prefix's
+// folder "dosdevices"; nothing for a text that doesn't begin with a drive letter. The disk isn't
+// looked at.
+std::optional<Path> pathThroughDrives(const Path& prefix, std::string_view text);
 
 // The key under which a 32-bit program finds what it asks for on a 64-bit system:
 // "Software\\Maxis" becomes "Software\\Wow6432Node\\Maxis". Other keys stay.

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "support/test_folder.h"
+#include "system/disk_system.h"
 #include "system/files.h"
 
 namespace marlowick {
@@ -50,6 +51,30 @@ TEST(DiskTest, TheDriveIsTheSameHoweverThePathIsWritten) {
     EXPECT_EQ(driveName(Path("C:/Games/The Sims")), "C:");
 }
 #else
+TEST(DiskTest, NetworkFileSystemsAreRemoteUnlessADiskIsMountedOverThem) {
+    const test::TestFolder folder;
+    folder.write("mounts",
+                 "/dev/sda1 / ext4 rw 0 0\n"
+                 "server:/export /mnt/nas nfs4 rw 0 0\n"
+                 "//server/share /mnt/two\\040words cifs rw 0 0\n"
+                 "x@host:/ /home/x/far fuse.sshfs rw 0 0\n"
+                 "gvfsd-fuse /run/user/1000/gvfs fuse.gvfsd-fuse rw 0 0\n"
+                 "/dev/sdb1 /mnt/windows fuseblk rw 0 0\n"
+                 "pool /mnt/pool fuse.mergerfs rw 0 0\n"
+                 "systemd-1 /mnt/late autofs rw 0 0\n"
+                 "systemd-1 /mnt/disk autofs rw 0 0\n"
+                 "/dev/sdc1 /mnt/disk vfat rw 0 0\n"
+                 "broken\n");
+    std::vector<std::string> roots;
+    for (const Path& root : remoteMounts((folder.root() / "mounts").c_str())) {
+        roots.push_back(root.text());
+    }
+    EXPECT_EQ(roots, (std::vector<std::string>{"\\home\\x\\far", "\\mnt\\late", "\\mnt\\nas",
+                                               "\\mnt\\two words", "\\run\\user\\1000\\gvfs"}));
+    EXPECT_TRUE(remoteMounts((folder.root() / "none").c_str()).empty());
+    EXPECT_TRUE(fixedDriveRoots().empty());
+}
+
 TEST(DiskTest, TheRootStandsFirstAndTheMachinesInnerLifeIsLeftOut) {
     const std::vector<Path> roots = driveRoots();
     EXPECT_EQ(roots.front().text(), "\\");

@@ -70,6 +70,36 @@ TEST(WineRegistryTest, OtherTypesAndBrokenLinesAreNothing) {
     EXPECT_EQ(wineRegistryText("[" + kGame, kKey, kName), std::nullopt);
 }
 
+TEST(WineRegistryTest, ReadsATextWithNamesOfTheEnvironmentToo) {
+    const auto any = [](const std::string& lines) {
+        return wineRegistryAnyText(registry(kGame, lines), kKey, kName);
+    };
+    const std::optional<WineText> moved =
+        any("\"InstallPath\"=str(2):\"%USERPROFILE%\\\\Saved Games\"\n");
+    ASSERT_TRUE(moved);
+    EXPECT_EQ(moved->text, "%USERPROFILE%\\Saved Games");
+    EXPECT_TRUE(moved->isExpandable);
+    const std::optional<WineText> plain = any("\"InstallPath\"=\"%USERPROFILE%\"\n");
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(plain->text, "%USERPROFILE%");
+    EXPECT_FALSE(plain->isExpandable);
+    for (const char* lines :
+         {"\"InstallPath\"=str(2)\n", "\"InstallPath\"=str(2):\n", "\"InstallPath\"=str(2):\"a\n",
+          "\"InstallPath\"=str(7):\"a\"\n", "\"InstallPath\"=hex(2):43,00\n"}) {
+        EXPECT_FALSE(any(lines)) << lines;
+    }
+}
+
+TEST(WineRegistryTest, AnEndlessRowOfBracketsAndBackslashesTakesNoLongerThanItsLength) {
+    for (const char* piece : {"[", "\\", "\"", "[\\\n", "\"\\x\n", "]"}) {
+        std::string text = "[" + kGame + "]\n";
+        while (text.size() < (1U << 22U)) {
+            text += piece;
+        }
+        EXPECT_FALSE(wineRegistryAnyText(text, kKey, kName)) << piece;
+    }
+}
+
 TEST(WineRegistryTest, TakesLinesThatEndAsOnWindows) {
     EXPECT_EQ(wineRegistryText("[" + kGame + "] 1\r\n\"InstallPath\"=\"C:\\\\a\"\r\n", kKey, kName),
               "C:\\a");
@@ -143,6 +173,36 @@ TEST_F(WinePrefixTest, EverythingElseIsError) {
         EXPECT_EQ(read(), "ERROR") << value;
     }
     EXPECT_EQ(wineRegistryPath(folder.path("nobody"), kKey, kName, 255), "ERROR");
+}
+
+TEST_F(WinePrefixTest, ReadsBothPartsOfAPrefixsRegistry) {
+    const Path here = folder.path("home/.wine");
+    const auto machine = [&] {
+        return wineRegistryValue(here, RegistryHive::LocalMachine, kKey, kName);
+    };
+    EXPECT_FALSE(machine());
+    writeValue("C:\\\\Maxis");
+    ASSERT_TRUE(machine());
+    EXPECT_EQ(machine()->text, "C:\\Maxis");
+    EXPECT_FALSE(wineRegistryValue(here, RegistryHive::CurrentUser, kKey, kName));
+    folder.write("home/.wine/user.reg", registry(kGame, "\"InstallPath\"=str(2):\"D:\\\\x\"\n"));
+    const std::optional<WineText> user =
+        wineRegistryValue(here, RegistryHive::CurrentUser, kKey, kName);
+    ASSERT_TRUE(user);
+    EXPECT_EQ(user->text, "D:\\x");
+    EXPECT_TRUE(user->isExpandable);
+    writeValue("C:\\\\Maxis\\0x");
+    EXPECT_FALSE(machine());
+}
+
+TEST_F(WinePrefixTest, TellsTheWayToAPathOfThePrefix) {
+    const Path prefix("\\home\\x\\.wine");
+    EXPECT_EQ(pathThroughDrives(prefix, "D:\\Games/x")->text(),
+              "\\home\\x\\.wine\\dosdevices\\d:\\Games\\x");
+    EXPECT_EQ(pathThroughDrives(prefix, "c:")->text(), "\\home\\x\\.wine\\dosdevices\\c:");
+    for (const char* text : {"", "D", "D:x", "\\x", "%USERPROFILE%\\x", "1:\\x"}) {
+        EXPECT_FALSE(pathThroughDrives(prefix, text)) << text;
+    }
 }
 
 TEST_F(WinePrefixTest, AnEmptyValueStaysEmpty) {
