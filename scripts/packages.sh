@@ -1,7 +1,7 @@
 # Sourced by the scripts: what has to be installed, and how.
 
 BUILD_PACKAGES=(build-essential cmake ninja-build ccache qt6-base-dev qt6-base-dev-tools
-    fonts-dejavu-core)
+    nlohmann-json3-dev fonts-dejavu-core)
 # What the Linux package needs to run.
 RUN_PACKAGES=(libqt6widgets6 fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev)
