@@ -1,5 +1,7 @@
 #include "system/files.h"
 
+#include <exception>
+
 #include "system/game_text.h"
 #include "system/runtime_error.h"
 
@@ -43,6 +45,21 @@ std::string readWholeFile(const Path& path) {
     std::string content(static_cast<std::size_t>(file->size()), '\0');
     content.resize(file->read(content.data(), content.size()));
     return content;
+}
+
+std::optional<std::string> readUntrustedFile(const Path& path, std::int64_t most) {
+    try {
+        const std::unique_ptr<File> file = files().open(path, OpenMode::Input);
+        const std::int64_t size = file->size();
+        if (size > most) {
+            return std::nullopt;
+        }
+        std::string content(static_cast<std::size_t>(size), '\0');
+        content.resize(file->read(content.data(), content.size()));
+        return content;
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
 }
 
 void writeWholeFile(const Path& path, std::string_view content) {

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -97,6 +98,9 @@ std::vector<std::string> searchFilesAndFolders(const Path& folder, std::string_v
 
 // The whole content in one read. Raises what open(Input) raises.
 std::string readWholeFile(const Path& path);
+// The whole content of a file of at most so many bytes; nothing if there is none such or it can't
+// be read. For files that anybody may have written.
+std::optional<std::string> readUntrustedFile(const Path& path, std::int64_t most);
 // Replaces what stands at path by content (OpenMode::Output).
 void writeWholeFile(const Path& path, std::string_view content);
 // Deletes the file if it stands there.

@@ -1,7 +1,6 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "system/known_folders.h"
@@ -31,12 +30,7 @@ Path programDataFolder() {
 Path homeFolder() {
     const char* home = std::getenv("HOME");
     const passwd* user = home == nullptr ? userLine() : nullptr;
-    std::string folder = home != nullptr ? home : (user != nullptr ? user->pw_dir : "");
-    std::replace(folder.begin(), folder.end(), '/', '\\');
-    while (folder.size() > 1 && folder.ends_with('\\')) {
-        folder.pop_back();
-    }
-    return Path(folder);
+    return pathOfText(home != nullptr ? home : (user != nullptr ? user->pw_dir : ""));
 }
 
 std::string loginName() {

@@ -37,6 +37,15 @@ bool isFileName(std::string_view gameName) {
     return !badCharacter && !isDeviceName(gameName);
 }
 
+Path pathOfText(std::string utf8) {
+    std::replace(utf8.begin(), utf8.end(), '/', '\\');
+    // What is left of the root, or of a drive's, needs the one behind it.
+    while (utf8.size() > 1 && utf8.ends_with('\\') && !utf8.ends_with(":\\")) {
+        utf8.pop_back();
+    }
+    return Path(std::move(utf8));
+}
+
 Path Path::operator+(std::string_view literal) const {
     return Path(text_ + std::string(literal));
 }

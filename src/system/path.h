@@ -38,6 +38,10 @@ class Path {
     std::string text_;
 };
 
+// A path as any program or person writes it, with slashes or backslashes and perhaps some at its
+// end, as this program does.
+Path pathOfText(std::string utf8);
+
 // True if a game text can name a file in a folder. It can't if it is empty, ".", "..", only dots
 // and blanks, a device name of Windows (with or without an extension), or holds a control
 // character or one of \ / : * ? " < > |

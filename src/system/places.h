@@ -13,7 +13,8 @@
 
 namespace marlowick {
 
-// The path with every link in it followed, wherever in it that stands; nothing if nothing is there.
+// The path with every link in it followed, wherever in it that stands; nothing if nothing is there
+// or it isn't a full path.
 std::optional<Path> placeOf(const Path& path);
 
 // True if both paths lead to one and the same folder or file.

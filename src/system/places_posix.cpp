@@ -50,7 +50,9 @@ std::optional<std::string> targetOf(const std::string& link) {
 }  // namespace
 
 std::optional<Path> placeOf(const Path& path) {
-    if (path.empty() || !statusOf(path)) {
+    const std::string& text = path.text();
+    const bool isFull = text.starts_with('\\') || text.starts_with('/');
+    if (!isFull || text.find('\0') != std::string::npos || !statusOf(path)) {
         return std::nullopt;
     }
     return files().followLinks(path);

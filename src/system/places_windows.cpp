@@ -96,8 +96,13 @@ class Search {
 }  // namespace
 
 std::optional<Path> placeOf(const Path& path) {
-    const std::optional<std::string> found = Place(path.text()).path();
-    return found ? std::optional(Path(*found)) : std::nullopt;
+    const Path full = pathOfText(path.text());
+    const Place place(full.text());
+    if ((!rootOf(full.text()) && !full.text().starts_with("\\\\")) || !place.exists()) {
+        return std::nullopt;
+    }
+    // Some drives that programs make don't tell.
+    return Path(place.path().value_or(full.text()));
 }
 
 bool isSamePlace(const Path& left, const Path& right) {

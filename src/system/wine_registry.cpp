@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <exception>
 
 #include "system/files.h"
 #include "system/folder_order.h"
@@ -14,9 +13,6 @@ namespace {
 
 constexpr const char* kError = "ERROR";
 constexpr std::string_view kSoftware = "Software\\";
-
-// Bytes. A real one has a few millions.
-constexpr std::int64_t kLongestRegistry = std::int64_t{64} << 20U;
 
 // Both bounds are what the file's own writer keeps to.
 constexpr int kMostHexDigits = 4;
@@ -131,26 +127,35 @@ std::string_view nextLine(std::string_view text, std::size_t& position) {
     return line;
 }
 
+// True if a name, up to its closing character, differs from a wanted one in the letters that both
+// have of ASCII: nearly all names of a registry do, and nothing has to be kept to tell.
+bool differsAtOnce(char closing, const std::u16string& wanted, std::string_view line) {
+    std::size_t position = 1;
+    for (const char16_t wantedUnit : wanted) {
+        if (position == line.size() || line[position] == closing) {
+            return true;
+        }
+        const char c = line[position++];
+        const char16_t unit = c == '\\' && position < line.size() ? escapeAt(line, position)
+                                                                  : static_cast<unsigned char>(c);
+        if (unit >= 0x80 || wantedUnit >= 0x80) {
+            return false;
+        }
+        if (upperByte(static_cast<char>(unit)) != static_cast<char>(wantedUnit)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool isLineOf(char opening, char closing, const std::u16string& wanted, std::string_view line,
               std::size_t& position) {
     position = 1;
-    if (!line.starts_with(opening)) {
+    if (!line.starts_with(opening) || differsAtOnce(closing, wanted, line)) {
         return false;
     }
     const std::optional<std::string> name = textUpTo(closing, line, position);
     return name && foldedName(*name) == wanted;
-}
-
-// The content of a file of the registry; nothing if there is none of an ordinary size.
-std::optional<std::string> contentOf(const Path& file) {
-    try {
-        if (files().length(file) <= kLongestRegistry) {
-            return readWholeFile(file);
-        }
-    } catch (const std::exception&) {
-        return std::nullopt;
-    }
-    return std::nullopt;
 }
 
 // What read finds under the key's 32-bit form or else under the key itself.
@@ -226,18 +231,15 @@ std::optional<std::string> wineRegistryText(std::string_view systemReg, std::str
     return found && !found->isExpandable ? std::optional(found->text) : std::nullopt;
 }
 
-std::optional<WineText> wineRegistryValue(const Path& prefix, RegistryHive hive,
-                                          std::string_view key, std::string_view valueName) {
-    const bool ofMachine = hive == RegistryHive::LocalMachine;
-    const std::optional<std::string> registry =
-        contentOf(prefix + (ofMachine ? "\\system.reg" : "\\user.reg"));
-    if (!registry) {
-        return std::nullopt;
-    }
-    const auto read = [&](std::string_view form) {
-        return wineRegistryAnyText(*registry, form, valueName);
-    };
-    const std::optional<WineText> found = ofMachine ? in32BitView(key, read) : read(key);
+Path wineRegistryFile(const Path& prefix, RegistryHive hive) {
+    return prefix + (hive == RegistryHive::LocalMachine ? "\\system.reg" : "\\user.reg");
+}
+
+std::optional<WineText> wineRegistryMachineText(std::string_view systemReg, std::string_view key,
+                                                std::string_view valueName) {
+    const std::optional<WineText> found = in32BitView(key, [&](std::string_view form) {
+        return wineRegistryAnyText(systemReg, form, valueName);
+    });
     return found && found->text.find('\0') == std::string::npos ? found : std::nullopt;
 }
 
@@ -245,7 +247,9 @@ std::string wineRegistryPath(const Path& home, std::string_view key, std::string
                              int length) {
     const Path prefix = home + "\\.wine";
     std::optional<std::string> text;
-    if (const std::optional<std::string> systemReg = contentOf(prefix + "\\system.reg")) {
+    const std::optional<std::string> systemReg = readUntrustedFile(
+        wineRegistryFile(prefix, RegistryHive::LocalMachine), kLongestWineRegistry);
+    if (systemReg) {
         text = in32BitView(key, [&](std::string_view form) {
             return wineRegistryText(*systemReg, form, valueName);
         });

@@ -3,6 +3,7 @@
 // nothing here raises an error.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,11 +31,17 @@ struct WineText {
 std::optional<WineText> wineRegistryAnyText(std::string_view registry, std::string_view key,
                                             std::string_view valueName);
 
-// A text value of a prefix's registry, of HKEY_LOCAL_MACHINE as a 32-bit program sees it: the key's
-// 32-bit form is looked up first, then the key itself. Nothing if there is no such value, it holds
-// a zero byte, or the registry is no file of an ordinary size.
-std::optional<WineText> wineRegistryValue(const Path& prefix, RegistryHive hive,
-                                          std::string_view key, std::string_view valueName);
+// The longest file of a registry that is read, in bytes. A real one has a few millions.
+inline constexpr std::int64_t kLongestWineRegistry = std::int64_t{64} << 20U;
+
+// The files of a prefix's registry.
+Path wineRegistryFile(const Path& prefix, RegistryHive hive);
+
+// A text value of HKEY_LOCAL_MACHINE ("system.reg") as a 32-bit program sees it: the key's 32-bit
+// form is looked up first, then the key itself. Nothing if there is none such or it holds a zero
+// byte.
+std::optional<WineText> wineRegistryMachineText(std::string_view systemReg, std::string_view key,
+                                                std::string_view valueName);
 
 // A text value of HKEY_LOCAL_MACHINE as a 32-bit program sees it that runs in the default prefix
 // (".wine") of the home folder: the key's 32-bit form is looked up first, then the key itself. A

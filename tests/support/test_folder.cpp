@@ -8,6 +8,8 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
+#include "foundation/game_surroundings.h"
+#include "system/processes.h"
 #include "system/streams.h"
 #include "widgets/settings.h"
 
@@ -47,6 +49,10 @@ TestFolder::TestFolder() : root_(freshFolder()) {
     fs::create_directories(game());
     ProgramFolder = toProgramPath(program());
     SimsPath = toProgramPath(game());
+    SimsKind = GameKind::Classic;
+    NeighbourhoodsElsewhere = Path();
+    setGameSurroundings([] { return GameSurroundings(); });
+    setRunningPrograms([] { return std::vector<RunningProgram>(); });
     useSettingsFile(QString::fromStdString(toUtf8(root_ / "settings.ini")));
     streams().closeAll();
     CheckpointNumber = 0;
@@ -57,6 +63,8 @@ TestFolder::TestFolder() : root_(freshFolder()) {
 }
 
 TestFolder::~TestFolder() {
+    setGameSurroundings({});
+    setRunningPrograms({});
     streams().closeAll();
     std::error_code ignored;
     for (const auto& entry : fs::recursive_directory_iterator(root_, ignored)) {

@@ -9,8 +9,9 @@
 
 namespace marlowick::test {
 
-// Sets ProgramFolder and SimsPath to fresh folders, the settings to a fresh file, and the streams
-// and the error state to their beginnings.
+// Sets ProgramFolder and SimsPath (of a classic game) to fresh folders, the settings to a fresh
+// file, and the streams and the error state to their beginnings. Nothing is found of the games,
+// shops and programs of the machine that the tests run on.
 class TestFolder {
   public:
     TestFolder();

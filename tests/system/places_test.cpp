@@ -53,7 +53,12 @@ TEST_F(PlacesTest, TakesFullPathsAlone) {
                              "\\\\?\\C:\\Windows", "\\\\.\\C:", "1:\\x"}) {
         EXPECT_EQ(places.place(Path(text)), std::nullopt) << text;
     }
-    EXPECT_EQ(places.place(Path(at("disk/Games").text() + std::string("\0x", 2))), std::nullopt);
+    for (const char* text : {"", ".", "..", "C:", "1:\\x"}) {
+        EXPECT_EQ(placeOf(Path(text)), std::nullopt) << text;
+    }
+    const Path withZero(at("disk/Games").text() + std::string("\0x", 2));
+    EXPECT_EQ(places.place(withZero), std::nullopt);
+    EXPECT_EQ(placeOf(withZero), std::nullopt);
 }
 
 TEST_F(PlacesTest, KnowsOneFolderUnderTwoNames) {

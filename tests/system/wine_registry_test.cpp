@@ -175,24 +175,18 @@ TEST_F(WinePrefixTest, EverythingElseIsError) {
     EXPECT_EQ(wineRegistryPath(folder.path("nobody"), kKey, kName, 255), "ERROR");
 }
 
-TEST_F(WinePrefixTest, ReadsBothPartsOfAPrefixsRegistry) {
-    const Path here = folder.path("home/.wine");
-    const auto machine = [&] {
-        return wineRegistryValue(here, RegistryHive::LocalMachine, kKey, kName);
+TEST(WineRegistryTest, ATextOfTheMachineIsThatOf32BitProgramsFirst) {
+    const auto read = [](const std::string& file) {
+        const std::optional<WineText> found = wineRegistryMachineText(file, kKey, kName);
+        return found ? found->text : "none";
     };
-    EXPECT_FALSE(machine());
-    writeValue("C:\\\\Maxis");
-    ASSERT_TRUE(machine());
-    EXPECT_EQ(machine()->text, "C:\\Maxis");
-    EXPECT_FALSE(wineRegistryValue(here, RegistryHive::CurrentUser, kKey, kName));
-    folder.write("home/.wine/user.reg", registry(kGame, "\"InstallPath\"=str(2):\"D:\\\\x\"\n"));
-    const std::optional<WineText> user =
-        wineRegistryValue(here, RegistryHive::CurrentUser, kKey, kName);
-    ASSERT_TRUE(user);
-    EXPECT_EQ(user->text, "D:\\x");
-    EXPECT_TRUE(user->isExpandable);
-    writeValue("C:\\\\Maxis\\0x");
-    EXPECT_FALSE(machine());
+    const std::string plain = registry(kGame, "\"InstallPath\"=str(2):\"C:\\\\plain\"\n");
+    EXPECT_EQ(read(plain), "C:\\plain");
+    EXPECT_EQ(read(plain + registry(kGameIn32Bit, "\"InstallPath\"=\"C:\\\\game\"\n")), "C:\\game");
+    EXPECT_EQ(read(registry(kGame, "\"InstallPath\"=\"C:\\\\a\\0b\"\n")), "none");
+    EXPECT_EQ(read(registry(kGame, "\"Other\"=\"C:\\\\a\"\n")), "none");
+    EXPECT_EQ(wineRegistryFile(Path("\\p"), RegistryHive::LocalMachine).text(), "\\p\\system.reg");
+    EXPECT_EQ(wineRegistryFile(Path("\\p"), RegistryHive::CurrentUser).text(), "\\p\\user.reg");
 }
 
 TEST_F(WinePrefixTest, TellsTheWayToAPathOfThePrefix) {

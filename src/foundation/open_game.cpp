@@ -1,0 +1,59 @@
+#include "foundation/open_game.h"
+
+#include "foundation/game_kind.h"
+#include "foundation/saves_folder.h"
+
+namespace marlowick {
+namespace {
+
+// Whether the folder of the neighbourhoods is one that the player has chosen.
+bool isChosen = false;
+
+Path savesOf(const Path& install) {
+    BoundedLook look;
+    return savesFolder(install, gameSurroundings(), look);
+}
+
+}  // namespace
+
+void openGame(const Path& install, const Path& chosen) {
+    BoundedLook look;
+    SimsPath = install;
+    SimsKind = kindOfGame(install, gameSurroundings(), look);
+    isChosen = mayChooseNeighbourhoods(chosen);
+    if (isChosen) {
+        NeighbourhoodsElsewhere = chosen;
+    } else {
+        NeighbourhoodsElsewhere = SimsKind == GameKind::Legacy ? savesOf(install) : Path();
+    }
+}
+
+bool waitsForSaves() {
+    if (SimsKind != GameKind::Legacy || isChosen) {
+        return false;
+    }
+    BoundedLook look;
+    if (holdsNeighbourhood(NeighbourhoodsElsewhere, look)) {
+        return false;
+    }
+    NeighbourhoodsElsewhere = savesOf(SimsPath);
+    return !holdsNeighbourhood(NeighbourhoodsElsewhere, look);
+}
+
+bool mayChooseNeighbourhoods(const Path& folder) {
+    BoundedLook look;
+    return !folder.empty() && mayHoldNeighbourhoods(folder, gameSurroundings(), look);
+}
+
+bool isTemplate(const Path& path) {
+    BoundedLook look;
+    return isLegacyTemplate(path, gameSurroundings(), look);
+}
+
+Path automaticNeighbourhoods(const Path& install) {
+    BoundedLook look;
+    return kindOfGame(install, gameSurroundings(), look) == GameKind::Legacy ? savesOf(install)
+                                                                             : install;
+}
+
+}  // namespace marlowick
