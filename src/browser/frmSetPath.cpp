@@ -12,8 +12,8 @@
 namespace marlowick {
 
 QString registeredSimsPath() {
-    return QString::fromStdString(
-        GetRegistryString(kRegistryLocalMachine, "Software\\Maxis\\The Sims", "InstallPath", 0));
+    return toDisplay(Path(
+        GetRegistryString(kRegistryLocalMachine, "Software\\Maxis\\The Sims", "InstallPath", 0)));
 }
 
 frmSetPath::frmSetPath() : ModalForm("frmSetPath"), ui(std::make_unique<Ui::frmSetPath>()) {}
@@ -31,7 +31,7 @@ void frmSetPath::buildControls() {
 
 void frmSetPath::Form_Load() {
     ui->txtRegistry->setText(registeredSimsPath());
-    ui->txtLocation->setText(readSetting(setting::kSimsLocation));
+    ui->txtLocation->setText(toDisplay(toPath(readSetting(setting::kSimsLocation))));
     ui->txtLocation->selectAll();
     ui->txtLocation->setFocus();
 }
@@ -57,17 +57,18 @@ void frmSetPath::cmdFindPath_Click() {
 
 void frmSetPath::cmdOK_Click() {
     ui->cmdFocus->setFocus();
-    const QString location = ui->txtLocation->text();
-    if (!files().fileExists(toPath(location) + "\\Sims.exe")) {
+    const Path location = toPath(ui->txtLocation->text());
+    if (!files().fileExists(location + "\\Sims.exe")) {
         showMessage(QStringLiteral("Selected Location Invalid"), MessageIcon::Exclamation,
                     MessageButtons::Ok,
                     QStringLiteral("The Sims was not found in:\n%1\nThe selected location was "
                                    "invalid")
-                        .arg(location));
+                        .arg(toDisplay(location)));
         return;
     }
-    SimsPath = toPath(location);
-    writeSetting(setting::kSimsLocation, location);
+    const QString stored = toDisplay(location);
+    SimsPath = toPath(stored);
+    writeSetting(setting::kSimsLocation, stored);
     close();
 }
 

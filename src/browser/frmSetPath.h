@@ -11,7 +11,7 @@ class frmSetPath;
 
 namespace marlowick {
 
-// The registry's text for the game's folder, or "ERROR".
+// The registry's text for the game's folder, as it is shown, or "ERROR".
 QString registeredSimsPath();
 
 class frmSetPath : public ModalForm {

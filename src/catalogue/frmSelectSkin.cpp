@@ -11,6 +11,7 @@
 #include "catalogue/thumbnail_page_view.h"
 #include "far/far_directory.h"
 #include "foundation/error_trap.h"
+#include "system/shown_path.h"
 #include "ui_frmSelectSkin.h"
 #include "widgets/display_text.h"
 #include "widgets/input_guard.h"
@@ -363,7 +364,7 @@ void frmSelectSkin::paint(const Source& source) {
             const RuntimeError failure = currentError();
             if (source.file) {
                 throw RuntimeError(failure.number(),
-                                   failure.description() + "\r\nFile: " + file.text());
+                                   failure.description() + "\r\nFile: " + shownPath(file));
             }
             throw RuntimeError(failure);
         }

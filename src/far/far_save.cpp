@@ -10,6 +10,7 @@
 #include "system/files.h"
 #include "system/game_text.h"
 #include "system/replace_file.h"
+#include "system/shown_path.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -146,7 +147,7 @@ void becomeArchive(FarEdit& edit, const Path& archive, FarDirectory directory) {
 
 Path newArchivePath(std::string_view name) {
     const bool ends = name.size() >= 4 && equalsIgnoringCase(name.substr(name.size() - 4), ".FAR");
-    return texturesFolder() + "\\" + name + (ends ? "" : ".FAR");
+    return typedPath((texturesFolder() + "\\" + name + (ends ? "" : ".FAR")).text());
 }
 
 bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progress) {

@@ -4,6 +4,7 @@
 
 #include "foundation/game.h"
 #include "foundation/version.h"
+#include "system/shown_path.h"
 
 namespace marlowick {
 namespace {
@@ -64,8 +65,8 @@ std::string errorReport() {
         "Procedure: " + gstrErrorProc,
         "Location: " + std::to_string(CheckpointNumber),
         "",
-        "Install Path: " + ProgramFolder.text(),
-        "Sims Path: " + SimsPath.text(),
+        "Install Path: " + shownPath(ProgramFolder),
+        "Sims Path: " + shownPath(SimsPath),
     };
     std::string report;
     for (const std::string& line : lines) {

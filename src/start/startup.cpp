@@ -1,6 +1,7 @@
 #include "start/startup.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QIcon>
 
 #include "foundation/error_trap.h"
@@ -54,7 +55,7 @@ void installErrorWindow() {
 }
 
 void findProgramFolder() {
-    ProgramFolder = toPath(QCoreApplication::applicationDirPath().replace('/', '\\'));
+    ProgramFolder = toPath(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
 }
 
 void startProgram() {

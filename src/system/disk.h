@@ -21,7 +21,7 @@ void setFreeDiskSpace(std::function<double(const Path&)> answer);
 // backslash however the path is written; or the place where the path's own file system is mounted.
 Path driveRoot(const Path& path);
 
-// The drive of a path as a person knows it: the path's first two characters, or the mount point.
+// The drive of a path as people write it: the path's first two characters, or the mount point.
 std::string driveName(const Path& path);
 
 // The roots of all drives that a person can reach, in order: "C:\", or "\" and the mount points.

@@ -15,6 +15,7 @@
 #include "system/disk.h"
 #include "system/disk_system.h"
 #include "system/files.h"
+#include "system/shown_path.h"
 
 namespace marlowick {
 namespace {
@@ -101,7 +102,7 @@ Path driveRoot(const Path& path) {
 }
 
 std::string driveName(const Path& path) {
-    return driveRoot(path).text();
+    return shownPath(driveRoot(path));
 }
 
 std::vector<Path> driveRoots() {

@@ -74,6 +74,10 @@ class FileSystem {
     virtual void copyAttributes(const Path& source, const Path& target) = 0;
     // The path with links followed, so that a linked file is replaced where it lies.
     virtual Path followLinks(const Path& path) = 0;
+    // The path with each name in the letters in which it stands on the disk; a name that isn't
+    // there stays as it is written, and so do those behind it. Where nobody minds letter case, the
+    // path itself.
+    virtual Path asOnDisk(const Path& path) { return path; }
     // Gives source the name of target in one step, replacing what stands there, also if that is
     // read-only. Both lie in one folder. The name is on the disk itself when the call returns.
     virtual void rename(const Path& source, const Path& target) = 0;

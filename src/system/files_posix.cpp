@@ -57,11 +57,15 @@ std::vector<NativeEntry> readFolder(const std::string& native) {
     return entries;
 }
 
-// The name of an entry of a folder that equals the wanted one but for case; empty if none does.
+// The name of an entry of a folder: the wanted one, or one that equals it but for case; empty if
+// none does.
 std::string findIgnoringCase(const std::string& folder, const std::string& wanted) {
     const std::u16string folded = foldedName(wanted);
     std::string best;
     for (const NativeEntry& entry : readFolder(folder)) {
+        if (entry.name == wanted) {
+            return wanted;
+        }
         if (foldedName(entry.name) == folded && (best.empty() || entry.name < best)) {
             best = entry.name;
         }
@@ -69,16 +73,20 @@ std::string findIgnoringCase(const std::string& folder, const std::string& wante
     return best;
 }
 
-// The path as the machine wants it. Pieces that don't exist stay as they are written.
-std::string resolve(const Path& path) {
-    std::string native = nativeText(path);
-    if (isPresent(native)) {
-        return native;
-    }
-    const std::size_t lastSlash = native.rfind('/');
-    if (native.ends_with(kNewFileEnding) && lastSlash != std::string::npos) {
-        return resolve(Path(native.substr(0, lastSlash))) + native.substr(lastSlash);
-    }
+// A name under which the piece of a path can be opened in a folder, which ends in a slash.
+std::string openableName(const std::string& folder, const std::string& piece) {
+    return isPresent(folder + piece) ? piece : findIgnoringCase(folder, piece);
+}
+
+// The name as it is spelled in the folder; one that may not be listed can still be entered.
+std::string spelledName(const std::string& folder, const std::string& piece) {
+    const std::string name = findIgnoringCase(folder, piece);
+    return name.empty() && isPresent(folder + piece) ? piece : name;
+}
+
+// The path with the name of each piece. Pieces that don't exist stay as they are written.
+std::string named(const std::string& native,
+                  std::string (*nameOf)(const std::string& folder, const std::string& piece)) {
     std::string found = native.starts_with('/') ? "/" : "";
     std::size_t start = 0;
     bool missing = false;
@@ -89,20 +97,27 @@ std::string resolve(const Path& path) {
         if (piece.empty()) {
             continue;
         }
-        std::string name = piece;
-        if (!missing && !isPresent(std::string(found).append(piece))) {
-            name = findIgnoringCase(found, piece);
-            if (name.empty()) {
-                missing = true;
-                name = piece;
-            }
-        }
-        found += name;
+        const std::string name = missing ? std::string() : nameOf(found, piece);
+        missing = name.empty();
+        found += missing ? piece : name;
         if (start <= native.size()) {
             found += '/';
         }
     }
     return found;
+}
+
+// The path as the machine wants it.
+std::string resolve(const Path& path) {
+    std::string native = nativeText(path);
+    if (isPresent(native)) {
+        return native;
+    }
+    const std::size_t lastSlash = native.rfind('/');
+    if (native.ends_with(kNewFileEnding) && lastSlash != std::string::npos) {
+        return resolve(Path(native.substr(0, lastSlash))) + native.substr(lastSlash);
+    }
+    return named(native, openableName);
 }
 
 int numberOfErrno(int code) {
@@ -337,6 +352,12 @@ class PosixFileSystem : public FileSystem {
             return path;
         }
         std::string text = real;
+        std::replace(text.begin(), text.end(), '/', '\\');
+        return Path(text);
+    }
+
+    Path asOnDisk(const Path& path) override {
+        std::string text = named(nativeText(path), spelledName);
         std::replace(text.begin(), text.end(), '/', '\\');
         return Path(text);
     }

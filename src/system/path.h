@@ -1,6 +1,6 @@
-// A path as the program holds and shows it: UTF-8, with the backslash as the
-// separator on every system. Only the file system turns it into what the
-// machine wants.
+// A path as the program holds it: UTF-8, with the backslash as the separator on
+// every system. Only the file system turns it into what the machine wants, and
+// shown_path.h into what people of a system write.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ class Path {
     Path() = default;
     explicit Path(std::string utf8) : text_(std::move(utf8)) {}
 
-    // As a person reads it, backslashes and all.
+    // Backslashes and all.
     const std::string& text() const { return text_; }
     bool empty() const { return text_.empty(); }
 

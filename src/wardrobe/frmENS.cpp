@@ -14,11 +14,6 @@ namespace {
 
 constexpr std::string_view kExtension = ".ENS";
 
-// What the messages call a file: its path, as the name was typed.
-QString shownPath(const std::string& name) {
-    return toDisplay(ensembleFolder()) + QLatin1Char('\\') + toDisplay(name);
-}
-
 }  // namespace
 
 frmENS::frmENS() : ModalForm("frmENS"), ui(std::make_unique<Ui::frmENS>()) {}
@@ -90,7 +85,7 @@ void frmENS::cmdSaveLoad_Click() {
 bool frmENS::save() {
     const Path path = ensembleFolder().child(fileName());
     if (files().fileExists(path) &&
-        !confirmAction(QStringLiteral("Overwrite file ") + shownPath(fileName()))) {
+        !confirmAction(QStringLiteral("Overwrite file ") + toDisplay(path))) {
         return false;
     }
     saveEnsemble(path, *fields_);
@@ -108,7 +103,7 @@ void frmENS::cmdDelete_Click() {
     ui->cmdFocus->setFocus();
     const std::string name = fileName();
     if (!isFileName(name) || !files().fileExists(ensembleFolder().child(name)) ||
-        !confirmAction(QStringLiteral("Delete file ") + shownPath(name))) {
+        !confirmAction(QStringLiteral("Delete file ") + toDisplay(ensembleFolder().child(name)))) {
         return;
     }
     ignoringErrors([&] { files().remove(ensembleFolder().child(name)); });

@@ -3,6 +3,7 @@
 #include <QTextDocument>
 
 #include "system/game_text.h"
+#include "system/shown_path.h"
 
 namespace marlowick {
 
@@ -19,11 +20,11 @@ QString toToolTip(const QString& text) {
 }
 
 QString toDisplay(const Path& path) {
-    return QString::fromStdString(path.text());
+    return QString::fromStdString(shownPath(path));
 }
 
 Path toPath(const QString& text) {
-    return Path(text.toStdString());
+    return typedPath(text.toStdString());
 }
 
 }  // namespace marlowick

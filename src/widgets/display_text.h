@@ -18,7 +18,8 @@ std::string toGameText(const QString& text);
 // A text as the tool tip that shows it: what looks like markup ("<b>") is shown as it stands.
 QString toToolTip(const QString& text);
 
-// A path as a person reads it, and a path from a text box.
+// A path as people of this system write it, in the letters in which its names stand on the disk,
+// and a path out of a text box or a setting.
 QString toDisplay(const Path& path);
 Path toPath(const QString& text);
 

@@ -62,7 +62,7 @@ std::vector<Path> chainOf(const Path& folder) {
 // Names as the machine has them, so that folders in any script can be opened. A folder that begins
 // with a dot is shown too: Wine keeps its drives in one.
 QStringList foldersWithin(const Path& folder) {
-    QString native = toDisplay(files().followLinks(folder));
+    QString native = QString::fromStdString(files().followLinks(folder).text());
     native.replace(QLatin1Char('\\'), QLatin1Char('/'));
     QStringList names;
     for (const QFileInfo& info : QDir(native).entryInfoList(
@@ -78,8 +78,9 @@ QStringList foldersWithin(const Path& folder) {
 
 QString lastPiece(const Path& folder) {
     const QString text = toDisplay(folder);
-    const QString piece = text.section(QLatin1Char('\\'), -1);
-    return piece.isEmpty() || folder.text().size() <= rootLength(folder.text()) ? text : piece;
+    const qsizetype separator =
+        std::max(text.lastIndexOf(QLatin1Char('\\')), text.lastIndexOf(QLatin1Char('/')));
+    return folder.text().size() <= rootLength(folder.text()) ? text : text.mid(separator + 1);
 }
 
 }  // namespace
@@ -114,16 +115,16 @@ void FolderList::showFolders() {
     const auto add = [&](const QString& name, const Path& folder, QStyle::StandardPixmap icon) {
         auto* item = new QTreeWidgetItem(parent, QStringList(name));
         item->setIcon(0, style()->standardIcon(icon));
-        item->setData(0, kPathRole, toDisplay(folder));
+        item->setData(0, kPathRole, QString::fromStdString(folder.text()));
         return item;
     };
     for (const Path& folder : chainOf(path_)) {
         parent = add(lastPiece(folder), folder, QStyle::SP_DirOpenIcon);
         parent->setExpanded(true);
     }
-    const QString separator = path_.text().ends_with('\\') ? QString() : QStringLiteral("\\");
+    const std::string separator = path_.text().ends_with('\\') ? "" : "\\";
     for (const QString& name : foldersWithin(path_)) {
-        add(name, toPath(toDisplay(path_) + separator + name), QStyle::SP_DirClosedIcon);
+        add(name, Path(path_.text() + separator + name.toStdString()), QStyle::SP_DirClosedIcon);
     }
     setCurrentItem(parent);
     scrollToItem(parent, QAbstractItemView::PositionAtTop);
@@ -133,7 +134,7 @@ void FolderList::openItem(QTreeWidgetItem* item) {
     if (item == nullptr) {
         return;
     }
-    const Path folder = toPath(item->data(0, kPathRole).toString());
+    const Path folder = Path(item->data(0, kPathRole).toString().toStdString());
     if (files().folderExists(folder)) {
         setPath(folder);
     } else {

@@ -148,9 +148,9 @@ TEST_F(MainToolsTest, TheExportTellsWhereItsListsLie) {
     EXPECT_EQ(script.messages()[0].title, "Export Complete");
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Information);
     EXPECT_FALSE(script.messages()[0].yesNo);
-    EXPECT_EQ(script.messages()[0].text, "Exported:\n" + toDisplay(folder.path("program")) +
-                                             "\\headskins.txt\n" +
-                                             toDisplay(folder.path("program")) + "\\bodyskins.txt");
+    EXPECT_EQ(script.messages()[0].text,
+              "Exported:\n" + toDisplay(folder.path("program/headskins.txt")) + "\n" +
+                  toDisplay(folder.path("program/bodyskins.txt")));
     EXPECT_EQ(folder.read("program/bodyskins.txt"),
               "user00001.iff;Mara Quill;b001fafitlgt_own\r\n");
     EXPECT_EQ(folder.read("program/headskins.txt"), "user00001.iff;Mara Quill;row 3\r\n");

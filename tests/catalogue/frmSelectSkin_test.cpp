@@ -18,6 +18,7 @@
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/window_driver.h"
+#include "system/shown_path.h"
 #include "widgets/input_guard.h"
 #include "widgets/picture_box.h"
 
@@ -723,8 +724,8 @@ TEST_F(SelectSkinTest, AFirstSkinThatWentBadIsReportedWithItsFile) {
         ASSERT_EQ(recorder.reports().size(), 1U);
         EXPECT_EQ(recorder.reports()[0].procedure, "msFillThumbs");
         EXPECT_EQ(recorder.reports()[0].checkpoint, 3000);
-        EXPECT_EQ(gstrErrorDescription,
-                  "Path/File access error\r\nFile: " + skinPath("b001fafitlgt_s001.bmp").text());
+        EXPECT_EQ(gstrErrorDescription, "Path/File access error\r\nFile: " +
+                                            shownPath(skinPath("b001fafitlgt_s001.bmp")));
         // The window's pointer isn't given back.
         EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
         click(window, "cmdCancel");
@@ -763,7 +764,7 @@ TEST_F(SelectSkinTest, ABadBitmapInAnArchiveEndsThePage) {
         EXPECT_EQ(recorder.reports()[0].checkpoint, 2400);
         EXPECT_EQ(gstrErrorDescription,
                   "Invalid picture\r\nFile: " +
-                      folder.path("game\\GameData\\Textures\\Textures.far").text());
+                      shownPath(folder.path("game\\GameData\\Textures\\Textures.far")));
         EXPECT_EQ(cellColour(window, 0), 0xCC0001U);
         EXPECT_EQ(cellColour(window, 2), 0U);
         pressCell(window, 1);

@@ -197,9 +197,8 @@ TEST_F(ManageFARsTest, RefusesAFileWithoutEntriesAndTakesAnyHead) {
     EXPECT_EQ(script.messages()[0].title, "File Load Error");
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Critical);
     EXPECT_EQ(script.messages()[0].text,
-              "The file " + toDisplay(SimsPath) +
-                  "\\gamedata\\textures\\empty.far\n can not be loaded. It is not a valid FAR "
-                  "file.");
+              "The file " + toDisplay(SimsPath + "\\gamedata\\textures\\empty.far") +
+                  "\n can not be loaded. It is not a valid FAR file.");
 }
 
 TEST_F(ManageFARsTest, WarnsWhereTheArchiveWouldNotFit) {
@@ -222,7 +221,7 @@ TEST_F(ManageFARsTest, WarnsWhereTheArchiveWouldNotFit) {
         room = 0;
         pick(window, "a.far", true);
     });
-    const QString file = toDisplay(SimsPath) + "\\gamedata\\textures\\a.far";
+    const QString file = toDisplay(SimsPath + "\\gamedata\\textures\\a.far");
     const QString drive = QString::fromStdString(driveName(theWindow<frmManageFARs>().OpenFile));
     ASSERT_EQ(script.messages().size(), 2U);
     EXPECT_EQ(script.messages()[0].title, "WARNING!!!");

@@ -37,6 +37,7 @@ class FaultyFiles : public FileSystem {
     void clearAttributes(const Path& path) override;
     void copyAttributes(const Path& source, const Path& target) override;
     Path followLinks(const Path& path) override { return under_->followLinks(path); }
+    Path asOnDisk(const Path& path) override { return under_->asOnDisk(path); }
     void rename(const Path& source, const Path& target) override;
     bool canWriteInto(const Path& folder) override { return under_->canWriteInto(folder); }
 

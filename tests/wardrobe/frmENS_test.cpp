@@ -8,6 +8,7 @@
 #include "catalogue/frmSelectSkin.h"
 #include "support/chooser_driver.h"
 #include "support/error_recorder.h"
+#include "system/shown_path.h"
 #include "wardrobe/edit_sim_test.h"
 
 namespace marlowick {
@@ -62,8 +63,9 @@ class EnsembleWindowTest : public EditSimTest {
         return text;
     }
 
-    std::string shownPath(const std::string& name) const {
-        return folder.path("program\\ENS\\" + name).text();
+    // What the messages call the file of a name that was typed.
+    std::string shownFile(const std::string& name) const {
+        return shownPath(folder.path("program\\ENS\\" + name));
     }
 };
 
@@ -137,7 +139,7 @@ TEST_F(EnsembleWindowTest, AnExistingFileIsOverwrittenOnYesAlone) {
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Question);
     EXPECT_TRUE(script.messages()[0].yesNo);
     EXPECT_EQ(script.messages()[0].text.toStdString(),
-              "Overwrite file " + shownPath("evening.ENS"));
+              "Overwrite file " + shownFile("evening.ENS"));
 }
 
 TEST_F(EnsembleWindowTest, ANameIsNeverAPathOrAMask) {
@@ -192,7 +194,7 @@ TEST_F(EnsembleWindowTest, DeleteAsksAndEmptiesTheNameInBothModes) {
         click(window, "cmdCancel");
     });
     ASSERT_EQ(script.messages().size(), 4U);
-    EXPECT_EQ(script.messages()[0].text.toStdString(), "Delete file " + shownPath("Evening.ENS"));
+    EXPECT_EQ(script.messages()[0].text.toStdString(), "Delete file " + shownFile("Evening.ENS"));
 }
 
 TEST_F(EnsembleWindowTest, ALoadTakesTheListsFileWhateverIsTyped) {

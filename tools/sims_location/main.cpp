@@ -13,7 +13,8 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() > 1) {
-        writeSetting(setting::kSimsLocation, QDir(arguments.at(1)).absolutePath());
+        writeSetting(setting::kSimsLocation,
+                     toDisplay(toPath(QDir(arguments.at(1)).absolutePath())));
     }
     const QString location = readSetting(setting::kSimsLocation);
     std::puts(location.toUtf8().constData());
