@@ -36,8 +36,14 @@ class NameLabel : public QLabel {
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         painter.setPen(palette().color(foregroundRole()));
-        painter.drawText(rect(), static_cast<int>(alignment().toInt()),
-                         nameLines(text(), fontMetrics()).join(QLatin1Char('\n')));
+        // Line by line: a text that is laid out as a whole gets more room between its lines than
+        // its font asks for, and the letters of the second one would be cut.
+        const QFontMetrics metrics = fontMetrics();
+        int y = metrics.ascent();
+        for (const QString& line : nameLines(text(), metrics)) {
+            painter.drawText((width() - metrics.horizontalAdvance(line)) / 2, y, line);
+            y += metrics.lineSpacing();
+        }
     }
 };
 

@@ -81,6 +81,31 @@ TEST(SimPageViewTest, NoLineIsWiderThanItsCell) {
     EXPECT_EQ(nameLines("* ERROR *\n Can't", metrics), (QStringList{"* ERROR *", " Can't"}));
 }
 
+// The lowest row of pixels that a letter reaches.
+int inkEnd(SimPageView& page, const QString& name) {
+    QLabel* label = labelOf(page, 0);
+    page.setName(0, QString());
+    const QImage empty = look(label);
+    page.setName(0, name);
+    const QImage image = look(label);
+    for (int y = image.height() - 1; y >= 0; --y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != empty.pixel(x, y)) {
+                return y;
+            }
+        }
+    }
+    return -1;
+}
+
+TEST(SimPageViewTest, TheLettersOfTheSecondLineAreWholeToo) {
+    SimPageView page;
+    page.resize(481, 481);
+    const int below = inkEnd(page, "qgqg") - inkEnd(page, "oooo");
+    EXPECT_GE(below, 1);
+    EXPECT_EQ(inkEnd(page, "l\nqgqg") - inkEnd(page, "l\noooo"), below);
+}
+
 // Too wide by a fraction of a pixel at one font size or another.
 TEST(SimPageViewTest, ANameOfTwoWordsBreaksBeforeItIsShortened) {
     const SimPageView page;

@@ -240,20 +240,46 @@ TEST_F(WindowWalkTest, Main) {
     }
 }
 
-TEST_F(WindowWalkTest, AnEnlargedMainKeepsThePageUnderItsTitle) {
+// In a large window the left column stays as it is, and the page stands in the middle of the rest,
+// with its title and its buttons.
+TEST_F(WindowWalkTest, AnEnlargedMainPutsThePageInTheMiddleOfTheRest) {
     makeGame();
     auto& window = theWindow<frmMain>();
     window.showMain();
-    const auto* title = find<QLabel>(window, "Label2");
-    const auto* page = find<QWidget>(window, "picThumbs");
-    const int apart = page->y() - title->y();
-    const int top = page->y();
-    const int listWidth = find<QWidget>(window, "lstUserDataDir")->width();
-    window.resize(window.width() + 200, window.height() + 200);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(page->y(), top);
-    EXPECT_EQ(page->y() - title->y(), apart);
-    EXPECT_EQ(find<QWidget>(window, "lstUserDataDir")->width(), listWidth + 200);
+    const auto area = [&](const char* name) {
+        const auto* control = find<QWidget>(window, name);
+        return QRect(control->mapTo(&window, QPoint()), control->size());
+    };
+    QMap<QString, QSize> before;
+    const QStringList controls = {"txtSimName",   "picSim",  "cmdSelect", "cmdFirst", "cmdPrevious",
+                                  "txtPageCount", "cmdNext", "cmdLast",   "picThumbs"};
+    for (const QString& name : controls) {
+        before[name] = area(qPrintable(name)).size();
+    }
+    const int listWidth = area("lstUserDataDir").width();
+    const int titleToPage = area("picThumbs").top() - area("Label2").top();
+    for (const QSize& size : {QSize(1280, 1024), QSize(1920, 1080)}) {
+        window.resize(size);
+        QCoreApplication::processEvents();
+        for (const QString& name : controls) {
+            EXPECT_EQ(area(qPrintable(name)).size(), before[name]) << name.toStdString();
+        }
+        EXPECT_EQ(area("lstUserDataDir").width(), listWidth);
+        EXPECT_EQ(area("lstUserDataDir").left(), 8);
+        EXPECT_GE(area("cmdSelect").bottom(), window.height() - 12);
+        const QRect page = area("picThumbs");
+        const int left = page.left() - area("lstUserDataDir").right();
+        const int right = window.width() - page.right();
+        EXPECT_NEAR(left, right, 6);
+        const int above = area("Label2").top() - area("Line2").bottom();
+        const int below = window.height() - area("cmdFirst").bottom();
+        EXPECT_NEAR(above, below, 6);
+        EXPECT_GT(above, 50);
+        EXPECT_EQ(page.top() - area("Label2").top(), titleToPage);
+        EXPECT_EQ(area("Label2").left(), page.left());
+        EXPECT_EQ(area("cmdFirst").left(), page.left());
+        EXPECT_EQ(area("cmdLast").right(), page.right());
+    }
 }
 
 TEST_F(WindowWalkTest, AMessageShowsItsWholeTitle) {
