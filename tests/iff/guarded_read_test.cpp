@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "iff/iff_file.h"
-#include "support/error_recorder.h"
-#include "support/test_folder.h"
-#include "support/user_file_builder.h"
+#include "iff/user_file_test.h"
 #include "system/files.h"
 #include "system/streams.h"
 
@@ -16,7 +13,7 @@ using test::mapRow;
 using test::mapType;
 using test::segment;
 
-class GuardedReadTest : public ::testing::Test {
+class GuardedReadTest : public test::UserFileTest {
   protected:
     ~GuardedReadTest() override {
         EXPECT_TRUE(recorder.reports().empty());
@@ -24,14 +21,9 @@ class GuardedReadTest : public ::testing::Test {
     }
 
     std::string read(const std::string& content) {
-        folder.write("game/user1.iff", content);
-        gsResetIFF(iff);
-        return gfstrQuickReadIFF(iff, folder.path("game\\user1.iff"));
+        const Path path = make(content);
+        return gfstrQuickReadIFF(iff, path);
     }
-
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
-    IffFile iff;
 };
 
 TEST_F(GuardedReadTest, FillsTheRecordOfAGoodFile) {

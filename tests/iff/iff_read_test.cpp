@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "iff/iff_file.h"
-#include "support/error_recorder.h"
-#include "support/test_folder.h"
-#include "support/user_file_builder.h"
+#include "iff/user_file_test.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -15,17 +12,12 @@ using test::mapRow;
 using test::mapType;
 using test::segment;
 
-class IffReadTest : public ::testing::Test {
+class IffReadTest : public test::UserFileTest {
   protected:
     bool read(const std::string& content) {
-        folder.write("game/user1.iff", content);
-        gsResetIFF(iff);
-        return gsReadIFF(iff, folder.path("game\\user1.iff"));
+        const Path path = make(content);
+        return gsReadIFF(iff, path);
     }
-
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
-    IffFile iff;
 };
 
 TEST_F(IffReadTest, AnEmptyFileIsOneBlankSegmentWithoutAMap) {

@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "iff/iff_file.h"
 #include "iff/safe_rewrite.h"
 #include "iff/string_segment.h"
-#include "support/error_recorder.h"
-#include "support/test_folder.h"
-#include "support/user_file_builder.h"
+#include "iff/user_file_test.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -17,13 +14,12 @@ using test::mapRow;
 using test::mapType;
 using test::segment;
 
-class IffWriteTest : public ::testing::Test {
+class IffWriteTest : public test::UserFileTest {
   protected:
     // Reads content and writes it to a new file.
     std::string rewritten(const std::string& content) {
-        folder.write("game/in.iff", content);
-        gsResetIFF(iff);
-        EXPECT_TRUE(gsReadIFF(iff, folder.path("game\\in.iff")));
+        const Path path = make(content);
+        EXPECT_TRUE(gsReadIFF(iff, path));
         return written();
     }
 
@@ -32,10 +28,6 @@ class IffWriteTest : public ::testing::Test {
         EXPECT_TRUE(gsWriteIFF(iff, folder.path("game\\out.iff")));
         return folder.read("game/out.iff");
     }
-
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
-    IffFile iff;
 };
 
 TEST_F(IffWriteTest, AFileInOrderComesBackByteForByte) {
@@ -115,10 +107,9 @@ TEST_F(IffWriteTest, ARowOfAnotherTypeOrIdKeepsItsOffset) {
 TEST_F(IffWriteTest, AfterAChangeEveryNamedRowPointsAtItsSegment) {
     rewritten(test::simFile(test::simRows({})));
     StrSegment strings;
-    const std::string id("\x00\xC8\x00\x10", 4);
-    gsReadSTRSegment(iff, strings, id, false);
+    readWardrobeTable(iff, strings);
     strings.Entries[2].Text = "a much longer text than the one that stood there before, by far";
-    gsWriteSTRSegment(iff, strings, id, false);
+    writeWardrobeTable(iff, strings);
     const std::string file = written();
     std::vector<std::string> rows = test::simRows({});
     rows[1] = strings.Entries[2].Text;
@@ -138,10 +129,9 @@ TEST_F(IffWriteTest, WithoutBitmapsPicturesAndMapAreGoneAndTheRecordKeepsThem) {
     const std::string one = segment("AAAA", 1, 1, "", "one");
     const std::string picture = segment("BMP_", 2, 1, "web_image", "picture");
     const std::string two = segment("bmp_", 3, 1, "", "two");
-    folder.write("game/in.iff",
-                 fileHead(64) + one + picture + two +
-                     test::map(0, 1, mapType("AAAA", 1, mapRow(5, 1, 1, "abcde\0"s))));
-    ASSERT_TRUE(gsReadIFF(iff, folder.path("game\\in.iff")));
+    const Path path = make(fileHead(64) + one + picture + two +
+                           test::map(0, 1, mapType("AAAA", 1, mapRow(5, 1, 1, "abcde\0"s))));
+    ASSERT_TRUE(gsReadIFF(iff, path));
     ASSERT_TRUE(gsWriteIFF_NoBMPs(iff, folder.path("game\\out.iff")));
     EXPECT_EQ(folder.read("game/out.iff"), fileHead(0) + one + two);
     EXPECT_EQ(iff.Segments.bound(), 3);

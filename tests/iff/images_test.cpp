@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "iff/iff_file.h"
-#include "support/error_recorder.h"
-#include "support/test_folder.h"
+#include "iff/user_file_test.h"
 #include "system/files.h"
 
 namespace marlowick {
@@ -10,18 +8,9 @@ namespace {
 
 using std::string_literals::operator""s;
 
-class ImagesTest : public ::testing::Test {
+class ImagesTest : public test::UserFileTest {
   protected:
-    void add(const std::string& type, std::string label, const std::string& data) {
-        label.resize(64, '\0');
-        iff.Segments.append({0, type, "", "", label, data});
-    }
-
     std::size_t filesInProgramFolder() { return searchFiles(folder.path("program"), "*").size(); }
-
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
-    IffFile iff;
 };
 
 TEST_F(ImagesTest, AllCasesOfTheNameReachOneFile) {

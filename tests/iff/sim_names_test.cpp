@@ -2,19 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "support/user_file_builder.h"
+#include "iff/user_file_test.h"
 
 namespace marlowick {
 namespace {
 
 using std::string_literals::operator""s;
 
-class SimNamesTest : public ::testing::Test {
+class SimNamesTest : public test::UserFileTest {
   protected:
-    void add(const std::string& type, const std::string& label, const std::string& data = {}) {
-        iff.Segments.append({0, type, "", "", test::padded(label, 64), data});
-    }
-
     bool isUser(const std::string& type, const std::string& label) {
         return isUserObject({0, type, "", "", test::padded(label, 64), ""});
     }
@@ -22,8 +18,6 @@ class SimNamesTest : public ::testing::Test {
     std::string nameIn(const std::string& data) {
         return catalogueName({0, "CTSS", "", "", "", data});
     }
-
-    IffFile iff;
 };
 
 TEST_F(SimNamesTest, AUserObjectsLabelBeginsWithUser) {

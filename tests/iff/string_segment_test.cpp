@@ -2,37 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include "support/error_recorder.h"
-#include "support/test_folder.h"
-#include "support/user_file_builder.h"
+#include "iff/user_file_test.h"
 
 namespace marlowick {
 namespace {
 
 using std::string_literals::operator""s;
 
-const std::string kId("\x00\xC8\x00\x10", 4);
+using test::kWardrobeIdBytes;
 
-class StringSegmentTest : public ::testing::Test {
+class StringSegmentTest : public test::UserFileTest {
   protected:
-    void add(const std::string& type, const std::string& id, const std::string& data) {
-        IffSegment segment;
-        segment.Type = type;
-        segment.ID = id;
-        segment.Data = data;
-        segment.Size = test::big32(76 + static_cast<unsigned>(data.size()));
-        iff.Segments.append(segment);
-    }
-
     bool read(const std::string& data) {
         gsResetIFF(iff);
-        add("STR#", kId, data);
-        return gsReadSTRSegment(iff, strings, kId, false);
+        add("STR#", "", data, kWardrobeIdBytes);
+        return gsReadSTRSegment(iff, strings, kWardrobeIdBytes, false);
     }
 
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
-    IffFile iff;
     StrSegment strings;
 };
 
@@ -55,7 +41,7 @@ TEST_F(StringSegmentTest, ReadThenWrittenIsTheSame) {
          {"\xFD\xFF\x01\x00\x01one\0\0"s, "\xFD\xFF\x01\x00\x01one\0c\0tail\0x"s,
           "\x00\x00\x02\x00\x01\0\0\x01\0\0"s, "\xFF\xFF\x01\x00\x07\0\0"s}) {
         ASSERT_TRUE(read(data));
-        ASSERT_TRUE(gsWriteSTRSegment(iff, strings, kId, false));
+        ASSERT_TRUE(gsWriteSTRSegment(iff, strings, kWardrobeIdBytes, false));
         EXPECT_EQ(iff.Segments[1].Data, data);
         EXPECT_EQ(iff.Segments[1].Size, test::big32(76 + static_cast<unsigned>(data.size())));
     }
@@ -72,7 +58,7 @@ TEST_F(StringSegmentTest, ACountOfTwoLeavesTheThirdRowInTheTail) {
     EXPECT_EQ(strings.Tail,
               "\x01"
               "c\0\0"s);
-    gsWriteSTRSegment(iff, strings, kId, false);
+    gsWriteSTRSegment(iff, strings, kWardrobeIdBytes, false);
     EXPECT_EQ(iff.Segments[1].Data, data);
 }
 
@@ -87,10 +73,10 @@ TEST_F(StringSegmentTest, ALongerTextMakesTheSizeGrow) {
     ASSERT_TRUE(
         read("\xFD\xFF\x01\x00\x01"
              "ab\0\0"s));
-    add("TEST", kId, "behind");
+    add("TEST", "", "behind", kWardrobeIdBytes);
     iff.Segments[2].Offset = 147;
     strings.Entries[1].Text = "abcde";
-    gsWriteSTRSegment(iff, strings, kId, false);
+    gsWriteSTRSegment(iff, strings, kWardrobeIdBytes, false);
     EXPECT_EQ(iff.Segments[1].Data,
               "\xFD\xFF\x01\x00\x01"
               "abcde\0\0"s);
@@ -102,22 +88,39 @@ TEST_F(StringSegmentTest, ALongerTextMakesTheSizeGrow) {
 }
 
 TEST_F(StringSegmentTest, ReadsTheFirstAndWritesEveryMatchingSegment) {
-    add("CTSS", kId, "\xFD\xFF\x01\x00\x01no\0\0"s);
-    add("STR#", "\x00\xC8\x00\x11"s, "\xFD\xFF\x01\x00\x01no\0\0"s);
-    add("STR#", kId,
+    add("CTSS", "", "\xFD\xFF\x01\x00\x01no\0\0"s, kWardrobeIdBytes);
+    add("STR#", "", "\xFD\xFF\x01\x00\x01no\0\0"s, "\x00\xC8\x00\x11"s);
+    add("STR#", "",
         "\xFD\xFF\x01\x00\x01"
-        "first\0\0"s);
-    add("STR#", kId,
+        "first\0\0"s,
+        kWardrobeIdBytes);
+    add("STR#", "",
         "\xFD\xFF\x01\x00\x01"
-        "second\0\0"s);
-    ASSERT_TRUE(gsReadSTRSegment(iff, strings, kId, false));
+        "second\0\0"s,
+        kWardrobeIdBytes);
+    ASSERT_TRUE(gsReadSTRSegment(iff, strings, kWardrobeIdBytes, false));
     EXPECT_EQ(strings.Entries[1].Text, "first");
-    gsWriteSTRSegment(iff, strings, kId, false);
+    gsWriteSTRSegment(iff, strings, kWardrobeIdBytes, false);
     EXPECT_EQ(iff.Segments[4].Data, iff.Segments[3].Data);
     EXPECT_EQ(iff.Segments[1].Data, "\xFD\xFF\x01\x00\x01no\0\0"s);
     EXPECT_EQ(iff.Segments[2].Data, "\xFD\xFF\x01\x00\x01no\0\0"s);
-    ASSERT_TRUE(gsReadSTRSegment(iff, strings, kId, true));
+    ASSERT_TRUE(gsReadSTRSegment(iff, strings, kWardrobeIdBytes, true));
     EXPECT_EQ(strings.Entries[1].Text, "no");
+}
+
+TEST_F(StringSegmentTest, TheWardrobeIsTheTableWithIdTwoHundred) {
+    add("STR#", "", "\xFD\xFF\x01\x00\x01no\0\0"s, "\x00\xC9\x00\x10"s);
+    add("CTSS", "", "\xFD\xFF\x01\x00\x01no\0\0"s, kWardrobeIdBytes);
+    add("STR#", "", "\xFD\xFF\x01\x00\x01yes\0\0"s, kWardrobeIdBytes);
+    ASSERT_TRUE(readWardrobeTable(iff, strings));
+    EXPECT_EQ(strings.Entries[1].Text, "yes");
+    strings.Entries[1].Text = "changed";
+    ASSERT_TRUE(writeWardrobeTable(iff, strings));
+    EXPECT_EQ(iff.Segments[1].Data, "\xFD\xFF\x01\x00\x01no\0\0"s);
+    EXPECT_EQ(iff.Segments[2].Data, "\xFD\xFF\x01\x00\x01no\0\0"s);
+    EXPECT_EQ(iff.Segments[3].Data,
+              "\xFD\xFF\x01\x00\x01"
+              "changed\0\0"s);
 }
 
 TEST_F(StringSegmentTest, WithoutASegmentOnlyTheRowsGo) {
@@ -125,7 +128,7 @@ TEST_F(StringSegmentTest, WithoutASegmentOnlyTheRowsGo) {
         read("\xFD\xFF\x01\x00\x01"
              "ab\0\0tail"s));
     gsResetIFF(iff);
-    EXPECT_TRUE(gsReadSTRSegment(iff, strings, kId, false));
+    EXPECT_TRUE(gsReadSTRSegment(iff, strings, kWardrobeIdBytes, false));
     EXPECT_EQ(strings.Entries.bound(), 0);
     EXPECT_EQ(strings.Tail, "tail");
     EXPECT_TRUE(recorder.reports().empty());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/user_file_builder.h"
+#include "wardrobe/wardrobe_table.h"
 
 namespace marlowick {
 namespace {
@@ -13,10 +14,7 @@ using test::SimRows;
 class DefaultNamesTest : public ::testing::Test {
   protected:
     void load(const SimRows& sim) {
-        strings = {};
-        for (const std::string& row : simRows(sim)) {
-            strings.Entries.append({'\1', row, {}});
-        }
+        strings = test::tableOf(simRows(sim));
         fields = {};
         fields.txtAge = sim.age;
         fields.txtGender = sim.gender;

@@ -1,15 +1,7 @@
 // What is left of a sim when loading or saving it fails and the report is closed by its frame.
 #include <gtest/gtest.h>
 
-#include "browser/frmMain.h"
-#include "foundation/error_trap.h"
-#include "foundation/game.h"
-#include "start/startup.h"
-#include "support/error_recorder.h"
-#include "support/faulty_files.h"
-#include "system/streams.h"
 #include "wardrobe/edit_sim_test.h"
-#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {
@@ -17,15 +9,11 @@ namespace {
 using test::click;
 using test::EditSimTest;
 using test::FaultyFiles;
+using test::inWords;
 using test::kFile;
 using test::Report;
 using test::simRows;
 using test::textOf;
-
-std::string inWords(const Report& report) {
-    return std::to_string(report.number) + " " + report.module + " " + report.procedure + " " +
-           std::to_string(report.checkpoint);
-}
 
 class EditSimFailuresTest : public EditSimTest {
   protected:
@@ -178,31 +166,7 @@ TEST_F(EditSimFailuresTest, AMachineThatStopsLeavesTheOldFileOrTheNewOne) {
     open([this](QWidget& window) { saveAndAgree(window); });
     const std::string saved = folder.read(kFile);
     ASSERT_FALSE(saved == content);
-    bool finished = false;
-    int oldOnes = 0;
-    for (int stopAt = 1; stopAt < 40 && !finished; ++stopAt) {
-        folder.write(kFile, content);
-        streams().closeAll();
-        const test::ErrorRecorder recorder;
-        open([&](QWidget& window) {
-            const FaultyFiles faulty(stopAt, FaultyFiles::Fault::Stop);
-            script.answer(QMessageBox::Yes);
-            click(window, "cmdSave");
-            finished = recorder.reports().empty();
-            if (window.isVisible()) {
-                click(window, "cmdCancel");
-            }
-        });
-        const std::string left = folder.read(kFile);
-        EXPECT_TRUE(left == content || left == saved) << stopAt;
-        EXPECT_EQ(left == saved, finished) << stopAt;
-        oldOnes += left == content ? 1 : 0;
-    }
-    EXPECT_TRUE(finished);
-    EXPECT_GE(oldOnes, 5);
-    // The success of the last round was told, which nobody had announced.
-    EXPECT_EQ(script.unexpected().size(), 1);
-    script.forgetUnexpected();
+    stopEverySave(saved, 5);
 }
 
 }  // namespace

@@ -3,23 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "foundation/error_trap.h"
-#include "support/error_recorder.h"
-#include "support/user_file_builder.h"
+#include "iff/user_file_test.h"
 #include "system/runtime_error.h"
+#include "wardrobe/wardrobe_table.h"
 
 namespace marlowick {
 namespace {
 
 using test::simRows;
 using test::SimRows;
-
-StrSegment tableOf(const std::vector<std::string>& rows) {
-    StrSegment strings;
-    for (const std::string& row : rows) {
-        strings.Entries.append({'\1', row, {}});
-    }
-    return strings;
-}
+using test::tableOf;
 
 WardrobeFields fieldsOf(const std::vector<std::string>& rows) {
     WardrobeFields fields;
@@ -206,19 +199,13 @@ TEST(WardrobeFieldsTest, BuildsTheRequestToTheChooser) {
     EXPECT_EQ(request({.tone = "odd tone"}, BodyType::Fat, 'W'), "faodd tonefatW");
 }
 
-class SimNameTest : public ::testing::Test {
+class SimNameTest : public test::UserFileTest {
   protected:
-    void add(const std::string& type, const std::string& label, const std::string& data = {}) {
-        iff.Segments.append({0, type, "", "", test::padded(label, 64), data});
-    }
-
     std::string name() {
         WardrobeFields fields;
         readSimName(iff, fields);
         return fields.txtName;
     }
-
-    IffFile iff;
 };
 
 TEST_F(SimNameTest, IsTheNameTableWithTheLabelInBrackets) {

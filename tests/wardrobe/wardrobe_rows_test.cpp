@@ -6,6 +6,7 @@
 
 #include "support/user_file_builder.h"
 #include "system/runtime_error.h"
+#include "wardrobe/wardrobe_table.h"
 
 namespace marlowick {
 namespace {
@@ -37,10 +38,7 @@ class WardrobeRowsTest : public ::testing::Test {
 
     void load(const SimRows& sim) {
         before = simRows(sim);
-        strings = {};
-        for (const std::string& row : before) {
-            strings.Entries.append({'\1', row, {}});
-        }
+        strings = test::tableOf(before);
         fields.txtAge = sim.age;
         fields.txtGender = sim.gender;
     }

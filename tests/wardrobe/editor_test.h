@@ -1,0 +1,120 @@
+// What tests of the windows of a sim and of a pet share.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "support/error_recorder.h"
+#include "support/faulty_files.h"
+#include "support/user_file_builder.h"
+#include "support/window_driver.h"
+#include "system/clock.h"
+#include "system/streams.h"
+#include "widgets/picture_box.h"
+
+namespace marlowick::test {
+
+// A report as one line: number, module, procedure, checkpoint.
+inline std::string inWords(const Report& report) {
+    return std::to_string(report.number) + " " + report.module + " " + report.procedure + " " +
+           std::to_string(report.checkpoint);
+}
+
+// It is noon of the first day of 2026.
+template <class Editor>
+class EditorTest : public WindowTest {
+  protected:
+    // window: the editor's name. It opens the file of that name in the neighbourhood, under the
+    // path that the main window makes of them.
+    EditorTest(const char* window, const std::string& neighbourhood, const std::string& file)
+        : window_(window),
+          file_("game/" + neighbourhood + "/Characters/" + file),
+          path_(folder.path("game\\" + neighbourhood + "\\characters\\" + file)) {
+        std::tm noon{};
+        noon.tm_year = 126;
+        noon.tm_mday = 1;
+        noon.tm_hour = 12;
+        setClock([noon] { return noon; });
+    }
+    ~EditorTest() override { setClock({}); }
+
+    // Gives the file its content, which the test can look at again.
+    void makeFile(const std::string& newContent) {
+        content = newContent;
+        folder.write(file_, content);
+    }
+    std::string fileContent() const { return folder.read(file_); }
+
+    // A skin in the game's folder, as a picture of one colour.
+    void makeSkin(const std::string& name, unsigned rgb) {
+        folder.write("game/GameData/Skins/" + name + ".bmp", bitmapFile(8, 8, rgb));
+    }
+
+    // Opens the window on the file and does something in it.
+    void open(std::function<void(QWidget&)> action) {
+        auto& editor = theWindow<Editor>();
+        editor.LoadUserFile = path_;
+        editor.BackupWanted = backupWanted;
+        script.whenShown(window_, std::move(action));
+        editor.showModal();
+        EXPECT_TRUE(script.isDone());
+    }
+
+    void saveAndAgree(QWidget& window) {
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdSave");
+    }
+
+    // Saves again and again, and each time the machine stops one step later: the file is the old
+    // one, or saved, whole. oldOnes: how many steps at least leave the old one.
+    void stopEverySave(const std::string& saved, int oldOnes) {
+        bool finished = false;
+        int left = 0;
+        for (int stopAt = 1; stopAt < 40 && !finished; ++stopAt) {
+            folder.write(file_, content);
+            streams().closeAll();
+            const ErrorRecorder recorder;
+            open([&](QWidget& window) {
+                const FaultyFiles faulty(stopAt, FaultyFiles::Fault::Stop);
+                script.answer(QMessageBox::Yes);
+                click(window, "cmdSave");
+                finished = recorder.reports().empty();
+                if (window.isVisible()) {
+                    click(window, "cmdCancel");
+                }
+            });
+            EXPECT_TRUE(fileContent() == (finished ? saved : content)) << stopAt;
+            left += finished ? 0 : 1;
+        }
+        EXPECT_TRUE(finished);
+        EXPECT_GE(left, oldOnes);
+        // The success of the last round was told, which nobody had announced.
+        EXPECT_EQ(script.unexpected().size(), 1);
+        script.forgetUnexpected();
+    }
+
+    static unsigned colourOf(QWidget& window, const char* picture) {
+        const QImage image = find<PictureBox>(window, picture)->picture();
+        return image.isNull() ? 0 : image.pixel(image.width() / 2, image.height() / 2) & 0xFFFFFF;
+    }
+
+    static bool shows(QWidget& window, const char* picture, const char* stock) {
+        return find<PictureBox>(window, picture)->picture() ==
+               find<PictureBox>(window, stock)->picture();
+    }
+
+    std::string content;
+    bool backupWanted = false;
+
+  private:
+    const char* window_;
+    std::string file_;  // below the test's folder
+    Path path_;
+};
+
+}  // namespace marlowick::test
