@@ -35,8 +35,9 @@ char takeLabelByte(ByteReader& reader) {
 }
 
 // A label ends in a zero byte, and a pad byte where the row would end on an odd offset from the
-// map's start; or in 0xA3, without any pad.
-std::string readLabel(ByteReader& reader, std::size_t mapStart) {
+// map's start; or in 0xA3, without any pad. Where the map's last row ends the file, some writers
+// leave the pad out.
+std::string readLabel(ByteReader& reader, std::size_t mapStart, bool lastRow) {
     CheckpointNumber = 4000;
     std::string label;
     for (;;) {
@@ -45,7 +46,8 @@ std::string readLabel(ByteReader& reader, std::size_t mapStart) {
             return label;
         }
         if (label.back() == '\0') {
-            if ((reader.position() - mapStart) % 2 == 1) {
+            const bool odd = (reader.position() - mapStart) % 2 == 1;
+            if (odd && !(lastRow && reader.left() == 0)) {
                 label.push_back(takeLabelByte(reader));
             }
             return label;
@@ -53,13 +55,17 @@ std::string readLabel(ByteReader& reader, std::size_t mapStart) {
     }
 }
 
-// False, with no entry read, if the row claims more than mostEntries.
-bool readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart,
-                 std::int32_t mostEntries) {
+struct MapReading {
+    std::size_t mapStart;      // bytes from 0
+    std::int32_t mostEntries;  // that a type row may claim
+};
+
+// False, with no entry read, if the row claims too many.
+bool readTypeRow(RsmpType& type, ByteReader& reader, const MapReading& reading, bool lastType) {
     CheckpointNumber = 2000;
     type.TypeCode = reader.take(4);
     type.EntryCount = gflngLittleEndianToLong(reader.take(4));
-    if (type.EntryCount > mostEntries) {
+    if (type.EntryCount > reading.mostEntries) {
         return false;
     }
     checkCount(type.EntryCount);
@@ -69,7 +75,8 @@ bool readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart,
         RsmpEntry entry;
         entry.EntryOffset = reader.take(4);
         entry.EntryID = reader.take(4);
-        entry.EntryLabel = readLabel(reader, mapStart);
+        const bool lastRow = lastType && row == type.EntryCount;
+        entry.EntryLabel = readLabel(reader, reading.mapStart, lastRow);
         type.Entries.appendCounted(std::move(entry));
     }
     return true;
@@ -78,7 +85,7 @@ bool readTypeRow(RsmpType& type, ByteReader& reader, std::size_t mapStart,
 // False if a type row claims more than mostEntries; reading ends there.
 bool readMap(IffFile& iff, ByteReader& reader, std::int32_t mostEntries) {
     CheckpointNumber = 1000;
-    const std::size_t mapStart = reader.position();
+    const MapReading reading{reader.position(), mostEntries};
     iff.RsmpHeader = reader.take(kMapHead);
     iff.RsmpSize = gflngLittleEndianToLong(reader.take(4));
     iff.RsmpTypeCount = gflngLittleEndianToLong(reader.take(4));
@@ -87,7 +94,8 @@ bool readMap(IffFile& iff, ByteReader& reader, std::int32_t mostEntries) {
     // The lists grow with what the file holds, not with what it claims.
     for (std::int32_t row = 1; row <= iff.RsmpTypeCount; ++row) {
         iff.RsmpTypes.appendCounted({});
-        if (!readTypeRow(iff.RsmpTypes[row], reader, mapStart, mostEntries)) {
+        const bool lastType = row == iff.RsmpTypeCount;
+        if (!readTypeRow(iff.RsmpTypes[row], reader, reading, lastType)) {
             return false;
         }
     }

@@ -70,6 +70,23 @@ TEST_F(GuardedReadTest, AMapCutInALabelIsTheEndOfTheFileAndTheNextFileOpens) {
     EXPECT_EQ(read(test::simFile(test::simRows({}))), "");
 }
 
+// Writers other than the game leave the pad byte out behind the last label.
+TEST_F(GuardedReadTest, AMapThatEndsTheFileWithoutItsPadByteIsWhole) {
+    const std::string first = mapRow(0, 1, 0, "abcd\0\x07"s);
+    const std::string last = mapRow(0, 2, 0, "abcd\0"s);
+    EXPECT_EQ(read(fileHead(64) + test::map(0, 1, mapType("TEST", 2, first + last))), "");
+    EXPECT_EQ(iff.RsmpTypes[1].Entries[1].EntryLabel, "abcd\0\x07"s);
+    EXPECT_EQ(iff.RsmpTypes[1].Entries[2].EntryLabel, "abcd\0"s);
+}
+
+TEST_F(GuardedReadTest, NoOtherLabelMayLackItsPadByteAtTheEnd) {
+    const std::string row = mapRow(0, 1, 0, "abcd\0"s);
+    EXPECT_EQ(read(fileHead(64) + test::map(0, 1, mapType("TEST", 2, row))),
+              "Error 62 - Input past end of file (RSMP)");
+    EXPECT_EQ(read(fileHead(64) + test::map(0, 2, mapType("TEST", 1, row))),
+              "Error 62 - Input past end of file (RSMP)");
+}
+
 TEST_F(GuardedReadTest, CountsOfZeroOrBelowAreTold) {
     EXPECT_EQ(read(fileHead(64) + test::map(0, 0, "")), "Error 9 - Subscript out of range (RSMP)");
     EXPECT_EQ(read(fileHead(64) + test::map(0, 1, mapType("TEST", 0xFFFFFFFF, ""))),

@@ -67,6 +67,17 @@ TEST_F(IffWriteTest, AMapInTheMiddleMovesToTheEndAndItsOffsetsAreMadeTrue) {
     EXPECT_EQ(iff.RsmpSize, 7);  // the record keeps what was read
 }
 
+TEST_F(IffWriteTest, AMapWithoutItsLastPadByteComesBackWithoutIt) {
+    const std::string one = segment("AAAA", 1, 1, "", "one");
+    const std::string types = mapType("AAAA", 1, mapRow(64, 1, 5, "abcd\0"s));
+    const auto length = static_cast<unsigned>(96 + types.size());
+    ASSERT_EQ(length % 2, 1U);
+    const std::string file =
+        fileHead(64 + static_cast<unsigned>(one.size())) + one + test::map(length - 1, 1, types);
+    EXPECT_TRUE(rewritten(file) == file);
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
 TEST_F(IffWriteTest, AMapThatTheHeadDeniesIsLost) {
     const std::string one = segment("AAAA", 1, 1, "", "one");
     EXPECT_EQ(rewritten(fileHead(0) + one +
