@@ -3,6 +3,7 @@
 #include "iff/safe_rewrite.h"
 #include "iff/string_segment.h"
 #include "iff/user_file_test.h"
+#include "support/faulty_files.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -160,6 +161,41 @@ TEST_F(IffWriteTest, FailuresNameModuleAndProcedure) {
     EXPECT_EQ(recorder.reports()[0].checkpoint, 1000);
     EXPECT_EQ(recorder.reports()[1].module, "modMarlowickMain");
     EXPECT_EQ(recorder.reports()[1].procedure, "gsWriteIFF_NoBMPs");
+}
+
+// A write that the system refuses tells what was on its way: head and segments, the map, the map's
+// place in the head.
+TEST_F(IffWriteTest, ARefusedWriteTellsItsStage) {
+    rewritten(test::simFile(test::simRows({})));
+    const Path target = folder.path("game\\out.iff");
+    const auto stageOf = [&](int write, bool (*writer)(IffFile&, const Path&)) {
+        streams().closeAll();
+        const std::size_t before = recorder.reports().size();
+        const test::FaultyFiles faulty(write, test::FaultyFiles::Fault::Fail);
+        EXPECT_FALSE(writer(iff, target)) << write;
+        EXPECT_EQ(recorder.reports().size(), before + 1);
+        EXPECT_EQ(recorder.reports().back().number, 57);
+        return recorder.reports().back().procedure + " " +
+               std::to_string(recorder.reports().back().checkpoint);
+    };
+    EXPECT_EQ(stageOf(1, gsWriteIFF), "gsWriteIFF 2000");
+    EXPECT_EQ(stageOf(2, gsWriteIFF), "gsWriteIFF 3000");
+    EXPECT_EQ(stageOf(3, gsWriteIFF), "gsWriteIFF 4000");
+    EXPECT_EQ(stageOf(1, gsWriteIFF_NoBMPs), "gsWriteIFF_NoBMPs 2000");
+    iff.HasRsmp = false;
+    EXPECT_EQ(stageOf(1, gsWriteIFF), "gsWriteIFF 2000");
+}
+
+TEST_F(IffWriteTest, AFileIsWrittenInFewPieces) {
+    rewritten(test::simFile(test::simRows({})));
+    const auto writes = [&](bool (*writer)(IffFile&, const Path&)) {
+        std::filesystem::remove(folder.game() / "out.iff");
+        const test::FaultyFiles counting(0, test::FaultyFiles::Fault::Fail);
+        EXPECT_TRUE(writer(iff, folder.path("game\\out.iff")));
+        return counting.changes();
+    };
+    EXPECT_EQ(writes(gsWriteIFF), 3);
+    EXPECT_EQ(writes(gsWriteIFF_NoBMPs), 1);
 }
 
 TEST_F(IffWriteTest, AMapThatCantBeRenewedFailsTheWritingUnderItsOwnName) {
