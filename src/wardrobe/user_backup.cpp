@@ -1,5 +1,6 @@
 #include "wardrobe/user_backup.h"
 
+#include <algorithm>
 #include <array>
 
 #include "foundation/bytes.h"
@@ -12,6 +13,9 @@
 
 namespace marlowick {
 namespace {
+
+constexpr std::size_t kLongestFileName = 255;  // bytes
+constexpr std::size_t kLongestName = 32767;    // that can be cleaned
 
 // From the second character behind the first "-": the object label reads "user00012 - name".
 std::string nameInLabel(const std::string& simName) {
@@ -39,8 +43,12 @@ std::string nameOnDisk(const Path& userFile) {
 std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time) {
     std::array<char, 32> stamp{};
     std::strftime(stamp.data(), stamp.size(), "%Y%m%d_%H%M%M", &time);
-    return gfstrCleanName(nameOnDisk(userFile) + "_" + nameInLabel(simName) + "_" +
-                          neighbourhoodFolder(userFile) + "_" + stamp.data());
+    const std::string front = gfstrCleanName(nameOnDisk(userFile) + "_");
+    const std::string back =
+        gfstrCleanName("_" + neighbourhoodFolder(userFile) + "_" + stamp.data());
+    const std::size_t taken = std::min(front.size() + back.size(), kLongestFileName);
+    const std::string name = gfstrCleanName(nameInLabel(simName).substr(0, kLongestName));
+    return front + name.substr(0, kLongestFileName - taken) + back;
 }
 
 bool msMakeUserBackup(const Path& userFile, const std::string& simName) {

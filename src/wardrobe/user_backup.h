@@ -13,7 +13,7 @@ inline Path gstrUserFile;
 
 // File name, sim name, neighbourhood and time stamp, of which only letters, digits, "-" and "_"
 // are kept. The stamp ends in hour, minute and the minute again: two backups within a minute
-// share a name.
+// share a name. The sim name is shortened where the whole would pass 255 bytes.
 std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time);
 
 // Copies the user file into the program folder's "\Backup", which is made if it is missing.

@@ -317,6 +317,20 @@ TEST_F(EditSimTest, ABackupOfTheOldFileIsMadeIfWanted) {
     EXPECT_EQ(folder.read("program/Backup/" + backups[0]), content);
 }
 
+TEST_F(EditSimTest, ASimOfALongNameIsBackedUpAndSaved) {
+    makeFile(test::simFile(simRows({}), "X-" + std::string(300, 'n')));
+    backupWanted = true;
+    open([this](QWidget& window) {
+        saveAndAgree(window);
+        EXPECT_FALSE(window.isVisible());
+    });
+    const std::vector<std::string> backups = searchFiles(folder.path("program\\Backup"), "*");
+    ASSERT_EQ(backups.size(), 1U);
+    EXPECT_EQ(backups[0].size(), 255U);
+    EXPECT_EQ(folder.read("program/Backup/" + backups[0]), content);
+    EXPECT_FALSE(folder.read(kFile) == content);
+}
+
 TEST_F(EditSimTest, WithoutTheWishThereIsNoBackupAndNoFolder) {
     makeSim();
     backupWanted = false;

@@ -46,6 +46,23 @@ TEST_F(UserBackupTest, TheNameIsMadeOfFileSimNeighbourhoodAndTime) {
     EXPECT_EQ(backupName(file, "", now), "User00012iff__UserData2_20260309_140707");
 }
 
+// A file name holds 255 bytes. The sim's name gives way, the other pieces stay whole.
+TEST_F(UserBackupTest, ALongNameIsShortenedToWhatAFileNameHolds) {
+    folder.write("game/UserData2/Characters/User00012.iff", "old");
+    const Path file = folder.path("game\\UserData2\\characters\\user00012.IFF");
+    const std::string front = "User00012iff_";
+    const std::string back = "_UserData2_20260309_140707";
+    const std::string room(255 - front.size() - back.size(), 'n');
+    EXPECT_EQ(backupName(file, "A - " + room, now), front + room + back);
+    EXPECT_EQ(backupName(file, "A - " + room + "x", now), front + room + back);
+    // What the cleaning drops takes no room.
+    EXPECT_EQ(backupName(file, "A - . . ." + room + "x", now), front + room + back);
+    EXPECT_EQ(backupName(file, "A - " + std::string(40000, 'n'), now), front + room + back);
+    EXPECT_TRUE(msMakeUserBackup(file, "A - " + std::string(300, 'n')));
+    EXPECT_EQ(backups(), std::vector<std::string>{front + room + back});
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
 TEST_F(UserBackupTest, TheFolderIsMadeAndTheFileCopied) {
     folder.write("game/UserData/Characters/user1.iff", "old content");
     const Path file = folder.path("game\\UserData\\characters\\user1.iff");
