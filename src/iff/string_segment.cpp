@@ -67,7 +67,7 @@ std::string tableData(const StrSegment& strings) {
     for (int row = 1; row <= strings.Entries.bound(); ++row) {
         const StrEntry& entry = strings.Entries[row];
         data.push_back(entry.Language);
-        data += entry.Text + '\0' + entry.Comment + '\0';
+        data += gfstrTrimAtNull(entry.Text) + '\0' + gfstrTrimAtNull(entry.Comment) + '\0';
     }
     return data + strings.Tail;
 }

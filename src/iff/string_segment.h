@@ -31,8 +31,9 @@ struct StrSegment {
 // Trapped (modIFFsupport); false after a failure.
 bool gsReadSTRSegment(const IffFile& iff, StrSegment& strings, std::string_view id, bool ctss);
 
-// Puts the record's rows into Data and Size of every segment with that type and id. Changes the
-// record in memory only. Trapped; false after a failure.
+// Puts the record's rows into Data and Size of every segment with that type and id, a text up to
+// its first zero byte, which would end it for every reader. Changes the record in memory only.
+// Trapped; false after a failure.
 bool gsWriteSTRSegment(IffFile& iff, const StrSegment& strings, std::string_view id, bool ctss);
 
 // The same for the one table that this program works on: the wardrobe's rows.

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/bytes.h"
 #include "system/files.h"
 #include "system/replace_file.h"
 #include "system/runtime_error.h"
@@ -28,13 +29,13 @@ constexpr Field kLines[] = {
 constexpr int kFirstLines = 18;
 constexpr int kWinterLines = 20;
 
-// Takes the next line off the front of the text.
+// Takes the next line off the front of the text. No name holds a zero byte: it ends its line.
 std::string nextLine(std::string_view& text) {
     if (text.empty()) {
         throw RuntimeError(error::kInputPastEnd);
     }
     const std::size_t end = text.find_first_of("\r\n");
-    std::string line(text.substr(0, end));
+    std::string line = gfstrTrimAtNull(text.substr(0, end));
     text.remove_prefix(end == std::string_view::npos ? text.size() : end);
     if (text.starts_with("\r\n")) {
         text.remove_prefix(2);

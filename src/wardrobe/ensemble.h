@@ -9,8 +9,9 @@ namespace marlowick {
 
 // Puts the lines into the fields as they come. Files of earlier generations have 18 or 20 lines:
 // the fields of the missing ones stay as they are. A line ends at CR LF, CR or LF, the last one
-// also at the end of the file. Raises 62 for a file that ends before, with the fields filled as
-// far as it went, and what opening raises; the stream then stays open.
+// also at the end of the file; what stands behind a zero byte in it is passed over. Raises 62 for a
+// file that ends before, with the fields filled as far as it went, and what opening raises; the
+// stream then stays open.
 void loadEnsemble(const Path& path, WardrobeFields& fields);
 
 // Writes all 22 lines, each ended by CR LF, in the place of what stands at path. Raises 75 for a

@@ -87,6 +87,18 @@ TEST_F(StringSegmentTest, ALongerTextMakesTheSizeGrow) {
     EXPECT_EQ(iff.Segments[2].Offset, 64 + 88 + 1);
 }
 
+// A zero byte in a text would be its end for whoever reads the table, and shift all rows behind.
+TEST_F(StringSegmentTest, ATextIsWrittenUpToItsFirstZeroByte) {
+    ASSERT_TRUE(read("\xFD\xFF\x02\x00\x01one\0\0\x01two\0\0"s));
+    strings.Entries[1].Text = "cut\0off"s;
+    strings.Entries[1].Comment = "so\0too"s;
+    ASSERT_TRUE(gsWriteSTRSegment(iff, strings, kWardrobeIdBytes, false));
+    EXPECT_EQ(iff.Segments[1].Data,
+              "\xFD\xFF\x02\x00\x01"
+              "cut\0so\0\x01two\0\0"s);
+    EXPECT_EQ(iff.Segments[1].Size, "\0\0\0\x5E"s);  // 76 + 18
+}
+
 TEST_F(StringSegmentTest, ReadsTheFirstAndWritesEveryMatchingSegment) {
     add("CTSS", "", "\xFD\xFF\x01\x00\x01no\0\0"s, kWardrobeIdBytes);
     add("STR#", "", "\xFD\xFF\x01\x00\x01no\0\0"s, "\x00\xC8\x00\x11"s);

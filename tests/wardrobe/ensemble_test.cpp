@@ -108,6 +108,17 @@ TEST_F(EnsembleTest, ALineEndsInAnyOfThreeWaysAndTheLastMayLackItsEnd) {
     EXPECT_EQ(filled(eighteen.substr(0, eighteen.size() - 1)), 18);
 }
 
+// No name of the game holds a zero byte: in its string tables it is the end of a text.
+TEST_F(EnsembleTest, ALineEndsAtItsFirstZeroByte) {
+    using std::string_literals::operator""s;
+    folder.write("program/ENS/x.ENS", "body\0more\0\r\n\0\r\n"s + lines(20));
+    loadEnsemble(ensembleFolder().child("x.ENS"), fields);
+    EXPECT_EQ(fields.txtNormalBody, "body");
+    EXPECT_EQ(fields.txtNormalSkin, "");
+    EXPECT_EQ(fields.txtSwimsuitBody, "line 1");
+    EXPECT_EQ(fields.txtFashionSkin, "line 20");
+}
+
 TEST_F(EnsembleTest, AMissingFileAndAFolderFail) {
     for (const auto& [path, number] :
          {std::pair{ensembleFolder().child("none.ENS"), 53}, std::pair{ensembleFolder(), 75}}) {

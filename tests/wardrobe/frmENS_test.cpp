@@ -298,6 +298,28 @@ TEST_F(EnsembleWindowTest, AnAdultsEnsembleGoesOntoAChildAndBack) {
     });
 }
 
+TEST_F(EnsembleWindowTest, ALineWithAZeroByteLeavesTheSimsOtherRowsInTheirPlaces) {
+    using std::string_literals::operator""s;
+    std::vector<std::string> rows = test::simRows({});
+    makeSimOf(rows);
+    std::string ensemble = linesOfTheSim();
+    ensemble.insert(ensemble.find("n100fafit_own"), "na\0\0"s);
+    folder.write("program/ENS/zero.ENS", ensemble);
+    open([this](QWidget& window) {
+        run(window, "cmdEnsLoad", [](QWidget& ensembles) {
+            clickLine(ensembles, "flbENS", "zero.ENS");
+            click(ensembles, "cmdSaveLoad");
+        });
+        EXPECT_EQ(textOf(window, "txtNudeBody"), "na");
+        saveAndAgree(window);
+    });
+    const std::vector<std::string> after = test::rowsOfFile(folder.read(kFile));
+    ASSERT_EQ(after.size(), rows.size());
+    EXPECT_EQ(after[15], "na,BODY=n100fafitlgt_own");
+    EXPECT_EQ(after[16], rows[16]);
+    EXPECT_EQ(after[34], rows[34]);
+}
+
 TEST_F(EnsembleWindowTest, ALoadLeavesTheOptionsToChangesAndItsBodyToDefaults) {
     makeSim();
     folder.write("program/ENS/fat.ENS", "b001fafat_new\r\n" + lines(21));
