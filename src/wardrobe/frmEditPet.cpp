@@ -14,7 +14,7 @@
 namespace marlowick {
 namespace {
 
-constexpr QSize kWindowSize(470, 584);
+constexpr QSize kWindowSize(470, 450);
 constexpr int kFontPixels = 10;  // every caption fits its place in it
 
 }  // namespace

@@ -118,11 +118,11 @@ TEST_F(EditPetTest, EveryControlHasItsPlace) {
         for (const Place& place : kPlaces) {
             EXPECT_EQ(find<QWidget>(window, place.name)->geometry(), place.box) << place.name;
         }
-        EXPECT_EQ(window.size(), QSize(470, 584));
+        EXPECT_EQ(window.size(), QSize(470, 450));
         window.resize(900, 900);
-        EXPECT_EQ(window.size(), QSize(470, 584));
+        EXPECT_EQ(window.size(), QSize(470, 450));
         for (const char* hidden : {"picNotFound", "picWebNotFound", "picNoBitmaps", "cmdFocus"}) {
-            EXPECT_GT(find<QWidget>(window, hidden)->y(), 584) << hidden;
+            EXPECT_GT(find<QWidget>(window, hidden)->y(), 450) << hidden;
         }
         for (const char* box :
              {"txtName", "txtType", "txtGender", "txtNormalBody", "txtNormalSkin"}) {
