@@ -54,6 +54,16 @@ std::string errorText(const RuntimeError& failure) {
     return "Error " + std::to_string(failure.number()) + " - " + failure.description();
 }
 
+std::string firstFailure(std::initializer_list<std::function<bool()>> steps) {
+    std::string first;
+    for (const std::function<bool()>& step : steps) {
+        if (!step() && first.empty()) {
+            first = errorText(RuntimeError(glngErrorNumber, gstrErrorDescription));
+        }
+    }
+    return first;
+}
+
 std::string errorReport() {
     const std::string lines[] = {
         std::string(kProgramTitle) + " - Version " + kVersionText,

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <string>
 
 #include "system/runtime_error.h"
@@ -35,6 +36,11 @@ bool ignoringErrors(const std::function<void()>& body);
 
 // "Error ", the number, " - ", the description: a failure in words for a person.
 std::string errorText(const RuntimeError& failure);
+
+// Runs steps that trap their own failures, one after another, whatever fails; each gives false if
+// it failed. Gives the failure of the first such step as errorText, an empty text if there was
+// none.
+std::string firstFailure(std::initializer_list<std::function<bool()>> steps);
 
 // The eleven lines of the error report, each ended by CR LF. UTF-8.
 std::string errorReport();

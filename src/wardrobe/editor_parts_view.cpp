@@ -41,4 +41,11 @@ void tellSaved(const std::string& name) {
                 toDisplay(name) + QStringLiteral(" has been saved."));
 }
 
+void tellNotSaved(const Path& userFile, const std::string& failure) {
+    showMessage(QStringLiteral("File Not Saved"), MessageIcon::Exclamation, MessageButtons::Ok,
+                QStringLiteral("The file ") + toDisplay(userFile.fileName()) +
+                    QStringLiteral(" can not be saved, because it could not be loaded:\n") +
+                    toDisplay(failure));
+}
+
 }  // namespace marlowick

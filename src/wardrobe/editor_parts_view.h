@@ -4,6 +4,8 @@
 #include <QImage>
 #include <string>
 
+#include "system/path.h"
+
 namespace marlowick {
 
 class PictureBox;
@@ -28,5 +30,8 @@ bool saveWanted(const std::string& name);
 
 // Tells that it has been saved.
 void tellSaved(const std::string& name);
+
+// Tells that a file that wasn't loaded whole can't be saved; failure: of the load, in words.
+void tellNotSaved(const Path& userFile, const std::string& failure);
 
 }  // namespace marlowick

@@ -31,7 +31,6 @@ void frmEditPet::buildControls() {
     PetFile = {};
     PetStrings = {};
     fields_ = {};
-    loaded_ = false;
     setEscapeButton(ui->cmdCancel);
     ui->picNotFound->setPicture(notFoundCard());
     ui->picWebNotFound->setPicture(webNotFoundCard());
@@ -47,10 +46,9 @@ void frmEditPet::buildControls() {
 void frmEditPet::Form_Load() {
     setFixedSize(kWindowSize);
     UserFilePath = LoadUserFile;
-    const bool read = gsReadIFF(PetFile, UserFilePath);
-    const bool parsed = readWardrobeTable(PetFile, PetStrings);
-    const bool shown = msDisplayPet();
-    loaded_ = read && parsed && shown;
+    loadFailure_ = firstFailure({[this] { return gsReadIFF(PetFile, UserFilePath); },
+                                 [this] { return readWardrobeTable(PetFile, PetStrings); },
+                                 [this] { return msDisplayPet(); }});
 }
 
 void frmEditPet::Form_Activate() {
@@ -127,10 +125,11 @@ void frmEditPet::cmdSave_Click() {
     trapped("frmEditSim", "cmdSave_Click", [&] {
         CheckpointNumber = 1000;
         ui->cmdFocus->setFocus();
-        if (fields_.txtName.empty() || !loaded_) {
+        if (!loadFailure_.empty()) {
+            tellNotSaved(UserFilePath, loadFailure_);
             return;
         }
-        if (!saveWanted(fields_.txtName)) {
+        if (fields_.txtName.empty() || !saveWanted(fields_.txtName)) {
             return;
         }
         writePet(fields_, PetStrings);

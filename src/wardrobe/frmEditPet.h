@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "catalogue/chosen_skin.h"
 #include "iff/iff_file.h"
@@ -46,7 +47,7 @@ class frmEditPet : public ModalForm, public ChosenSkin {
     IffFile PetFile;
     StrSegment PetStrings;
     PetFields fields_;
-    bool loaded_ = false;  // a window whose load failed never saves
+    std::string loadFailure_;  // in words; a window whose load failed never saves
 };
 
 }  // namespace marlowick

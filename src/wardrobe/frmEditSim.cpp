@@ -71,7 +71,6 @@ void frmEditSim::buildControls() {
     userFile_ = {};
     wardrobe_ = {};
     fields_ = {};
-    loaded_ = false;
     setEscapeButton(ui->cmdCancel);
     ui->optFit->setChecked(true);
     ui->tabSkins->tabBar()->setAccessibleName(ui->tabSkins->accessibleName());
@@ -158,10 +157,9 @@ void frmEditSim::Form_Activate() {
 void frmEditSim::msLoadUserData() {
     gstrUserFile = LoadUserFile;
     msClearUserData();
-    const bool read = gsReadIFF(userFile_, gstrUserFile);
-    const bool parsed = readWardrobeTable(userFile_, wardrobe_);
-    const bool shown = msDisplayUserData();
-    loaded_ = read && parsed && shown;
+    loadFailure_ = firstFailure({[this] { return gsReadIFF(userFile_, gstrUserFile); },
+                                 [this] { return readWardrobeTable(userFile_, wardrobe_); },
+                                 [this] { return msDisplayUserData(); }});
 }
 
 void frmEditSim::msClearUserData() {
@@ -376,10 +374,11 @@ void frmEditSim::cmdEnsLoad_Click() {
 void frmEditSim::cmdSave_Click() {
     CheckpointNumber = 1000;
     takeFocus();
-    if (fields_.txtName.empty() || !loaded_) {
+    if (!loadFailure_.empty()) {
+        tellNotSaved(gstrUserFile, loadFailure_);
         return;
     }
-    if (!saveWanted(fields_.txtName)) {
+    if (fields_.txtName.empty() || !saveWanted(fields_.txtName)) {
         return;
     }
     writeWardrobe(fields_, wardrobe_);

@@ -87,7 +87,7 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     IffFile userFile_;
     StrSegment wardrobe_;
     WardrobeFields fields_;
-    bool loaded_ = false;  // a window whose load failed never saves
+    std::string loadFailure_;  // in words; a window whose load failed never saves
 };
 
 }  // namespace marlowick

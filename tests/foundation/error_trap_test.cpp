@@ -63,6 +63,24 @@ TEST_F(ErrorTrapTest, IgnoredErrorsReachNoTrap) {
     EXPECT_EQ(glngErrorNumber, 0);
 }
 
+TEST_F(ErrorTrapTest, OfSeveralStepsAllRunAndTheFirstFailureIsTold) {
+    int runs = 0;
+    const auto step = [&](int number) {
+        return [&runs, number] {
+            ++runs;
+            return trapped("modTest", "gsTest", [number] {
+                if (number != 0) {
+                    throw RuntimeError(number);
+                }
+            });
+        };
+    };
+    EXPECT_EQ(firstFailure({step(0), step(53), step(0), step(9)}), "Error 53 - File not found");
+    EXPECT_EQ(runs, 4);
+    // An earlier failure of another routine isn't told again.
+    EXPECT_EQ(firstFailure({step(0), step(0)}), "");
+}
+
 TEST_F(ErrorTrapTest, TheReportHasElevenLines) {
     ProgramFolder = Path("C:\\Marlowick");
     SimsPath = Path("C:\\Games\\The Sims");

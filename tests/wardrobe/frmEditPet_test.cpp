@@ -307,7 +307,7 @@ TEST_F(EditPetTest, ASkinThatCantBeShownIsReportedAndTheOldPictureStays) {
     });
 }
 
-TEST_F(EditPetTest, ARowWithoutACommaIsReportedAsTheSimsWindowAndNeverSaved) {
+TEST_F(EditPetTest, ARowWithoutACommaIsReportedAsTheSimsWindowAndASaveTellsWhyItCant) {
     makePet({.outfit = "no comma;a,b"});
     const test::ErrorRecorder recorder;
     open([&](QWidget& window) {
@@ -317,12 +317,19 @@ TEST_F(EditPetTest, ARowWithoutACommaIsReportedAsTheSimsWindowAndNeverSaved) {
         EXPECT_EQ(recorder.reports()[0].procedure, "msDisplayUserData");
         EXPECT_EQ(recorder.reports()[0].checkpoint, 2000);
         EXPECT_EQ(textOf(window, "txtType"), "Dog");
+        script.answer();
         click(window, "cmdSave");
         EXPECT_TRUE(window.isVisible());
         click(window, "cmdCancel");
     });
-    EXPECT_TRUE(script.messages().empty());
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "File Not Saved");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(script.messages()[0].text,
+              "The file user00007.iff can not be saved, because it could not be loaded:\n"
+              "Error 5 - Invalid procedure call or argument");
     EXPECT_TRUE(folder.read(kPetFile) == content);
+    EXPECT_FALSE(folder.exists("program/usertemp.iff"));
 }
 
 TEST_F(EditPetTest, TheBackupIsTheUnchangedFileUnderItsCleanedName) {

@@ -1,6 +1,9 @@
 // What is left of a sim when loading or saving it fails and the report is closed by its frame.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
+#include "system/runtime_error.h"
 #include "wardrobe/edit_sim_test.h"
 
 namespace marlowick {
@@ -17,9 +20,11 @@ using test::textOf;
 
 class EditSimFailuresTest : public EditSimTest {
   protected:
-    // Opens the window, presses Save, closes it; nothing may be asked, nothing may change.
+    // Opens the window, presses Save, closes it: the window tells the first failure of the load as
+    // the reason, asks nothing, and nothing changes.
     std::vector<std::string> reportsOfALoadThatNeverSaves() {
         const std::string before = folder.read(kFile);
+        const std::size_t messages = script.messages().size();
         std::vector<std::string> reports;
         {
             const test::ErrorRecorder recorder;
@@ -27,12 +32,26 @@ class EditSimFailuresTest : public EditSimTest {
                 for (const Report& report : recorder.reports()) {
                     reports.push_back(inWords(report));
                 }
+                script.answer();
                 click(window, "cmdSave");
+                EXPECT_TRUE(script.isDone());
                 EXPECT_TRUE(window.isVisible());
                 click(window, "cmdCancel");
             });
         }
-        EXPECT_TRUE(script.messages().empty());
+        if (script.messages().size() != messages + 1 || reports.empty()) {
+            ADD_FAILURE() << "no failure, or no message";
+            return reports;
+        }
+        const test::SeenMessage& told = script.messages().back();
+        EXPECT_EQ(told.title, "File Not Saved");
+        EXPECT_EQ(told.icon, QMessageBox::Warning);
+        EXPECT_FALSE(told.yesNo);
+        const int number = std::atoi(reports.front().c_str());
+        EXPECT_EQ(
+            told.text.toStdString(),
+            "The file user00001.iff can not be saved, because it could not be loaded:\nError " +
+                std::to_string(number) + " - " + errorDescription(number));
         EXPECT_TRUE(folder.read(kFile) == before);
         EXPECT_FALSE(folder.exists("program/usertemp.iff"));
         return reports;

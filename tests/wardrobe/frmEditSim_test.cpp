@@ -192,14 +192,16 @@ TEST_F(EditSimTest, AWardrobeThatEndsEarlyGoesToTheReportAndNeverSaves) {
     auto& editor = theWindow<frmEditSim>();
     editor.LoadUserFile = folder.path("game\\UserData\\characters\\user00001.iff");
     script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
-    script.whenShown("frmEditSim", [](QWidget& window) {
+    script.whenShown("frmEditSim", [this](QWidget& window) {
+        script.answer();
         click(window, "cmdSave");
         EXPECT_TRUE(window.isVisible());
         click(window, "cmdCancel");
     });
     editor.showModal();
     EXPECT_TRUE(script.isDone());
-    EXPECT_TRUE(script.messages().empty());
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "File Not Saved");
     EXPECT_NE(
         folder.read("program/errorlog.txt").find("Procedure: msDisplayUserData\r\nLocation: 2000"),
         std::string::npos);
