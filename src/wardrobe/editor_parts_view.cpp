@@ -44,7 +44,7 @@ void tellSaved(const std::string& name) {
 void tellNotSaved(const Path& userFile, const std::string& failure) {
     showMessage(QStringLiteral("File Not Saved"), MessageIcon::Exclamation, MessageButtons::Ok,
                 QStringLiteral("The file ") + toDisplay(userFile.fileName()) +
-                    QStringLiteral(" can not be saved, because it could not be loaded:\n") +
+                    QStringLiteral(" can not be saved.\nIt could not be loaded:\n") +
                     toDisplay(failure));
 }
 

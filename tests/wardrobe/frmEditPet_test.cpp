@@ -326,7 +326,7 @@ TEST_F(EditPetTest, ARowWithoutACommaIsReportedAsTheSimsWindowAndASaveTellsWhyIt
     EXPECT_EQ(script.messages()[0].title, "File Not Saved");
     EXPECT_EQ(script.messages()[0].icon, QMessageBox::Warning);
     EXPECT_EQ(script.messages()[0].text,
-              "The file user00007.iff can not be saved, because it could not be loaded:\n"
+              "The file user00007.iff can not be saved.\nIt could not be loaded:\n"
               "Error 5 - Invalid procedure call or argument");
     EXPECT_TRUE(folder.read(kPetFile) == content);
     EXPECT_FALSE(folder.exists("program/usertemp.iff"));

@@ -48,10 +48,9 @@ class EditSimFailuresTest : public EditSimTest {
         EXPECT_EQ(told.icon, QMessageBox::Warning);
         EXPECT_FALSE(told.yesNo);
         const int number = std::atoi(reports.front().c_str());
-        EXPECT_EQ(
-            told.text.toStdString(),
-            "The file user00001.iff can not be saved, because it could not be loaded:\nError " +
-                std::to_string(number) + " - " + errorDescription(number));
+        EXPECT_EQ(told.text.toStdString(),
+                  "The file user00001.iff can not be saved.\nIt could not be loaded:\nError " +
+                      std::to_string(number) + " - " + errorDescription(number));
         EXPECT_TRUE(folder.read(kFile) == before);
         EXPECT_FALSE(folder.exists("program/usertemp.iff"));
         return reports;
