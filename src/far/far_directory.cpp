@@ -6,6 +6,7 @@
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
+#include "system/buffered_reader.h"
 #include "system/files.h"
 #include "system/game_text.h"
 #include "system/streams.h"
@@ -15,54 +16,10 @@ namespace {
 
 constexpr std::int64_t kManifestField = 12;
 constexpr std::size_t kRecordHead = 16;
-
-// Reads a file from a position on in large pieces, so that what lies behind the directory is never
-// held whole.
-class PieceReader {
-  public:
-    PieceReader(File& file, std::int64_t position) : file_(file) {
-        file_.seek(position);
-        unread_ = std::max<std::int64_t>(0, file_.size() - position);
-    }
-
-    // The next bytes, valid until the next call; none if there are fewer in the file.
-    std::optional<std::string_view> take(std::size_t size) {
-        const std::size_t held = piece_.size() - start_;
-        if (size > held) {
-            const auto missing = static_cast<std::int64_t>(size - held);
-            if (missing > unread_) {
-                return std::nullopt;
-            }
-            fill(static_cast<std::size_t>(std::min(std::max(missing, kPiece), unread_)));
-        }
-        if (size > piece_.size() - start_) {
-            return std::nullopt;
-        }
-        start_ += size;
-        return std::string_view(piece_).substr(start_ - size, size);
-    }
-
-  private:
-    void fill(std::size_t size) {
-        piece_.erase(0, start_);
-        start_ = 0;
-        const std::size_t held = piece_.size();
-        piece_.resize(held + size);
-        const std::size_t count = file_.read(piece_.data() + held, size);
-        piece_.resize(held + count);
-        unread_ = count < size ? 0 : unread_ - static_cast<std::int64_t>(count);
-    }
-
-    static constexpr std::int64_t kPiece = 1 << 20;
-
-    File& file_;
-    std::int64_t unread_ = 0;
-    std::string piece_;
-    std::size_t start_ = 0;
-};
+constexpr std::size_t kPiece = 1 << 20;
 
 // Takes the records that lie whole in the file.
-void takeRecords(FarDirectory& directory, PieceReader& manifest, std::int32_t count) {
+void takeRecords(FarDirectory& directory, BufferedReader& manifest, std::int32_t count) {
     for (std::int32_t number = 1; number <= count; ++number) {
         const std::optional<std::string_view> head = manifest.take(kRecordHead);
         if (!head) {
@@ -98,7 +55,9 @@ void readDirectory(FarDirectory& directory, File& archive) {
     if (manifestOffset == 0) {
         return;
     }
-    PieceReader manifest(archive, manifestOffset);
+    // In pieces, so that what lies behind the directory is never held whole.
+    archive.seek(manifestOffset);
+    BufferedReader manifest(archive, kPiece);
     const std::optional<std::string_view> countField = manifest.take(4);
     if (!countField) {
         return;

@@ -6,7 +6,7 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/list.h"
-#include "mesh/block_reader.h"
+#include "mesh/item_reader.h"
 #include "mesh/float_text.h"
 #include "system/block_copy.h"
 #include "system/streams.h"
@@ -35,21 +35,21 @@ class LineWriter {
     std::string lines_;
 };
 
-std::string integerItem(BlockReader& mesh) {
+std::string integerItem(ItemReader& mesh) {
     return std::to_string(mesh.number());
 }
 
-std::string floatItem(BlockReader& mesh) {
+std::string floatItem(ItemReader& mesh) {
     return floatText(mesh.singleFloat());
 }
 
-std::string textItem(BlockReader& mesh) {
+std::string textItem(ItemReader& mesh) {
     return mesh.countedText();
 }
 
 // A count, and then that many rows.
 struct Section {
-    std::string (*item)(BlockReader&);
+    std::string (*item)(ItemReader&);
     int itemsPerRow;
 };
 
@@ -62,7 +62,7 @@ constexpr Section kSections[] = {
     {floatItem, 6},    // vertices: position, then normal
 };
 
-void convertSection(BlockReader& mesh, LineWriter& output, const Section& section) {
+void convertSection(ItemReader& mesh, LineWriter& output, const Section& section) {
     const std::int32_t count = mesh.number();
     output.line(std::to_string(count));
     checkCounter(count);
@@ -78,7 +78,7 @@ void convertSection(BlockReader& mesh, LineWriter& output, const Section& sectio
 }
 
 void convert(File& source, File& target) {
-    BlockReader mesh(source);
+    ItemReader mesh(source);
     LineWriter output(target);
     try {
         output.line(mesh.countedText());  // name

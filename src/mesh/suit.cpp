@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "mesh/block_reader.h"
+#include "mesh/item_reader.h"
 #include "system/runtime_error.h"
 #include "system/streams.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr Slot kNamedStream = Slot::free(1);
 
-void readRows(BlockReader& reader, SuitRecord& suit) {
+void readRows(ItemReader& reader, SuitRecord& suit) {
     if (suit.RowCount < 1) {
         throw RuntimeError(error::kSubscript);
     }
@@ -45,7 +45,7 @@ void gsReadSuitBCF(const Path& bcf, SuitRecord& suit) {
     suit = {};
     const Slot slot = streams().freeSlot();
     streams().open(slot, bcf, OpenMode::Input);
-    BlockReader reader(streams().at(kNamedStream));
+    ItemReader reader(streams().at(kNamedStream));
     suit.Number1 = reader.number();
     suit.Number2 = reader.number();
     suit.SuitName = reader.countedText();

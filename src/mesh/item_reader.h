@@ -1,5 +1,5 @@
-// Reads the items of a mesh or a suit from an open file, which it takes from the disk in blocks:
-// numbers of 32 bits, little-endian, and counted texts.
+// Reads the items of a mesh or a suit from an open file: numbers of 32 bits, little-endian, and
+// counted texts.
 #pragma once
 
 #include <cstddef>
@@ -7,15 +7,15 @@
 #include <string>
 #include <string_view>
 
-#include "system/files.h"
+#include "system/buffered_reader.h"
 
 namespace marlowick {
 
 // Every item is error 62 if the file ends before it does.
-class BlockReader {
+class ItemReader {
   public:
     // Begins at the file's position. The file must outlive the reader; its own position runs ahead.
-    explicit BlockReader(File& file) : file_(file) {}
+    explicit ItemReader(File& file);
 
     std::int32_t number();
     float singleFloat();
@@ -23,12 +23,10 @@ class BlockReader {
     std::string countedText();
 
   private:
-    // The next so many bytes, at most a block; good until the next call.
+    // The next so many bytes; good until the next call.
     std::string_view take(std::size_t size);
 
-    File& file_;
-    std::string block_;
-    std::size_t next_ = 0;  // of the block's bytes, from 0
+    BufferedReader bytes_;
 };
 
 }  // namespace marlowick

@@ -1,0 +1,34 @@
+// Reads an open file from front to back in large pieces and hands it out in small ones.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "system/files.h"
+
+namespace marlowick {
+
+class BufferedReader {
+  public:
+    // Begins at the file's position and asks the disk for so many bytes at a time, or for more
+    // where more is taken at once. The file must outlive the reader; its own position runs ahead.
+    BufferedReader(File& file, std::size_t pieceSize);
+
+    // The next bytes, good until the next call; none if the file holds fewer: a size that no file
+    // could fill asks for no memory. Raises 57 for a read that the system refuses.
+    std::optional<std::string_view> take(std::size_t size);
+
+  private:
+    void fill(std::size_t size);
+
+    File& file_;
+    std::size_t pieceSize_;
+    std::int64_t unread_;  // bytes of the file behind the piece
+    std::string piece_;
+    std::size_t next_ = 0;  // of the piece's bytes, from 0
+};
+
+}  // namespace marlowick
