@@ -50,8 +50,10 @@ void listSkinsOfAFolder(benchmark::State& state) {
     List<Path> skins;
     std::vector<std::string> badFiles;
     while (state.KeepRunning()) {
-        listSkinFiles(
-            {"B001FAFIT_1", "falgtfitB"}, [](const Path&) { return true; }, skins, badFiles);
+        skins.reset();
+        sortOutFiles(
+            skinCandidates({"B001FAFIT_1", "falgtfitB"}), [](const Path&) { return true; }, skins,
+            badFiles);
         benchmark::DoNotOptimize(skins.bound());
     }
 }

@@ -3,14 +3,15 @@
 #include <QProxyStyle>
 #include <algorithm>
 #include <array>
-#include <functional>
 
 #include "catalogue/model_catalogue.h"
 #include "catalogue/skin_image.h"
 #include "catalogue/thumbnail_page.h"
 #include "catalogue/thumbnail_page_view.h"
 #include "far/far_directory.h"
+#include "foundation/bitmap_file.h"
 #include "foundation/error_trap.h"
+#include "system/runtime_error.h"
 #include "system/shown_path.h"
 #include "ui_frmSelectSkin.h"
 #include "widgets/display_text.h"
@@ -18,6 +19,7 @@
 #include "widgets/look.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
+#include "widgets/stock_pictures.h"
 
 namespace marlowick {
 namespace {
@@ -62,17 +64,19 @@ class SmallMarks : public QProxyStyle {
     }
 };
 
-}  // namespace
+const char* painterOf(SkinPage kind) {
+    switch (kind) {
+        case SkinPage::Skins:
+            return "msFillThumbs";
+        case SkinPage::Hands:
+            return "msFillHandBMPs";
+        case SkinPage::Archives:
+            break;
+    }
+    return "msFillThumbsFAR";
+}
 
-// What the three painters differ in. Entries count from 1.
-struct frmSelectSkin::Source {
-    const char* procedure;
-    int size;
-    PictureBox* box;  // every thumbnail passes through it
-    std::function<void(int)> load;
-    std::function<void(int)> showFirst;
-    std::function<Path(int)> file;  // empty: the painter tells no stage and no file
-};
+}  // namespace
 
 frmSelectSkin::frmSelectSkin()
     : ModalForm("frmSelectSkin"), ui(std::make_unique<Ui::frmSelectSkin>()) {}
@@ -212,38 +216,30 @@ SkinQuery frmSelectSkin::query(const std::string& model) const {
 }
 
 void frmSelectSkin::msGetSkinFileNames() {
-    trapped("frmSelectSkin", "msGetSkinFileNames", [&] {
-        const std::string model = ui->lstModels->line();
-        listFiles([&](const PictureTest& loads, std::vector<std::string>& badFiles) {
-            listSkinFiles(query(model), loads, SkinFiles, badFiles);
-        });
-    });
+    trapped("frmSelectSkin", "msGetSkinFileNames", [&] { listFiles(SkinPage::Skins); });
 }
 
 void frmSelectSkin::msGetHandFileNames() {
-    trapped("frmSelectSkin", "msGetHandFileNames", [&] {
-        listFiles([&](const PictureTest& loads, std::vector<std::string>& badFiles) {
-            listHandFiles(loads, SkinFiles, badFiles);
-        });
-    });
+    trapped("frmSelectSkin", "msGetHandFileNames", [&] { listFiles(SkinPage::Hands); });
 }
 
-void frmSelectSkin::listFiles(
-    const std::function<void(const PictureTest&, std::vector<std::string>&)>& list) {
+void frmSelectSkin::listFiles(SkinPage kind) {
     std::vector<std::string> badFiles;
     {
         const InputGuard guard;
         setCursor(Qt::WaitCursor);
         repaintWindows();
+        SkinFiles.reset();
+        const std::string model = ui->lstModels->line();
         int tried = 0;
-        list(
-            [&](const Path& file) {
-                if (++tried % kFilesBetweenRepaints == 0) {
-                    repaintWindows();
-                }
-                return ignoringErrors([&] { ui->picLoad->load(file); });
-            },
-            badFiles);
+        const auto loads = [&](const Path& file) {
+            if (++tried % kFilesBetweenRepaints == 0) {
+                repaintWindows();
+            }
+            return ignoringErrors([&] { ui->picLoad->load(file); });
+        };
+        sortOutFiles(kind == SkinPage::Hands ? handCandidates() : skinCandidates(query(model)),
+                     loads, SkinFiles, badFiles);
         unsetCursor();
     }
     if (!badFiles.empty()) {
@@ -294,98 +290,134 @@ void frmSelectSkin::showPageCount(int entries) {
     ui->txtPageCount->setToolTip(text);
 }
 
-void frmSelectSkin::chooseEntry(int entry) {
-    if (FarMode) {
-        const FarSkinEntry& skin = FarSkins[entry];
-        showArchiveSkin(*ui->picSkin, skin.FarFile, skin.FileIndex);
-        ChosenFile = skin.FarFile;
-        ChosenIndex = skin.FileIndex;
-        showSkinName(skin.FileName);
-    } else {
-        ui->picSkin->load(SkinFiles[entry]);
-        ChosenFile = SkinFiles[entry];
-        showSkinName(ChosenFile.fileName());
+void frmSelectSkin::chooseFile(const Path& file) {
+    ui->picSkin->load(file);
+    ChosenFile = file;
+    showSkinName(file.fileName());
+}
+
+void frmSelectSkin::chooseArchiveSkin(const FarSkinEntry& skin, const std::string& name) {
+    ChosenFile = skin.FarFile;
+    ChosenIndex = skin.FileIndex;
+    showSkinName(name);
+}
+
+// A picture that isn't a whole bitmap costs its own place alone. What is no picture at all is
+// raised: then the archive itself may be damaged, and the report names it.
+std::string frmSelectSkin::loadOrShowCard(PictureBox& box, const FarSkinEntry& skin) {
+    const ExtractedSkin extracted = extractSkin(skin.FarFile, skin.FileIndex);
+    try {
+        box.load(extracted.file, extracted.length);
+    } catch (const RuntimeError& failure) {
+        if (failure.number() != error::kInvalidPicture ||
+            !beginsLikePicture(extracted.file, extracted.length)) {
+            throw;
+        }
+        box.setPicture(brokenFileCard({kThumbSize, kThumbSize}));
     }
+    return extracted.name;
 }
 
 void frmSelectSkin::msFillThumbs() {
-    // A file that went bad since it was listed shows the thumbnail before it.
-    paint({"msFillThumbs", SkinFiles.bound(), ui->picLoad,
-           [this](int entry) { ignoringErrors([&] { ui->picLoad->load(SkinFiles[entry]); }); },
-           [this](int entry) { chooseEntry(entry); },
-           [this](int entry) { return SkinFiles[entry]; }});
+    paint(SkinPage::Skins);
 }
 
 void frmSelectSkin::msFillHandBMPs() {
-    // The first hand of a page is shown but not chosen: the file of the last choice stays.
-    paint({"msFillHandBMPs",
-           SkinFiles.bound(),
-           ui->picSkin,
-           [this](int entry) { ui->picSkin->load(SkinFiles[entry]); },
-           [this](int entry) {
-               ui->picSkin->load(SkinFiles[entry]);
-               showSkinName(SkinFiles[entry].fileName());
-           },
-           {}});
+    paint(SkinPage::Hands);
 }
 
 void frmSelectSkin::msFillThumbsFAR() {
-    paint({"msFillThumbsFAR", FarSkins.bound(), ui->picLoad,
-           [this](int entry) {
-               showArchiveSkin(*ui->picLoad, FarSkins[entry].FarFile, FarSkins[entry].FileIndex);
-           },
-           [this](int entry) { chooseEntry(entry); },
-           [this](int entry) { return FarSkins[entry].FarFile; }});
+    paint(SkinPage::Archives);
 }
 
-void frmSelectSkin::paint(const Source& source) {
-    trapped("frmSelectSkin", source.procedure, [&] {
+// Whether the painter tells how far it came and with which file.
+bool frmSelectSkin::tellsFile(SkinPage kind) {
+    return kind != SkinPage::Hands;
+}
+
+const Path& frmSelectSkin::fileOf(SkinPage kind, int entry) const {
+    return kind == SkinPage::Archives ? FarSkins[entry].FarFile : SkinFiles[entry];
+}
+
+const QImage& frmSelectSkin::loadThumb(SkinPage kind, int entry) {
+    switch (kind) {
+        case SkinPage::Skins:
+            // A file that went bad since it was listed shows the thumbnail before it.
+            ignoringErrors([&] { ui->picLoad->load(SkinFiles[entry]); });
+            break;
+        case SkinPage::Hands:
+            ui->picSkin->load(SkinFiles[entry]);
+            return ui->picSkin->picture();
+        case SkinPage::Archives:
+            loadOrShowCard(*ui->picLoad, FarSkins[entry]);
+            break;
+    }
+    return ui->picLoad->picture();
+}
+
+void frmSelectSkin::showFirst(SkinPage kind, int entry) {
+    switch (kind) {
+        case SkinPage::Skins:
+            chooseFile(SkinFiles[entry]);
+            break;
+        case SkinPage::Hands:
+            // It is shown but not chosen: the file of the last choice stays.
+            ui->picSkin->load(SkinFiles[entry]);
+            showSkinName(SkinFiles[entry].fileName());
+            break;
+        case SkinPage::Archives:
+            chooseArchiveSkin(FarSkins[entry], loadOrShowCard(*ui->picSkin, FarSkins[entry]));
+            break;
+    }
+}
+
+void frmSelectSkin::paint(SkinPage kind) {
+    trapped("frmSelectSkin", painterOf(kind), [&] {
         CheckpointNumber = 1000;
+        const int size = kind == SkinPage::Archives ? FarSkins.bound() : SkinFiles.bound();
         ui->picThumbs->clear();
-        if (source.size == 0) {
+        if (size == 0) {
             return;
         }
         const InputGuard guard;
         setCursor(Qt::WaitCursor);
         repaintWindows();
         const int first = page::entryOf(PageNumber, 0);
-        const int last = std::min(page::entryOf(PageNumber, page::kCells - 1), source.size);
+        const int last = std::min(page::entryOf(PageNumber, page::kCells - 1), size);
         CheckpointNumber = 2000;
         Path file;
         try {
-            paintCells(source, first, last, file);
+            paintCells(kind, first, last, file);
             CheckpointNumber = 3000;
             SelectedCell = 0;
-            if (source.file) {
-                file = source.file(first);
-            }
-            source.showFirst(first);
+            file = tellsFile(kind) ? fileOf(kind, first) : Path();
+            showFirst(kind, first);
         } catch (...) {
             const RuntimeError failure = currentError();
-            if (source.file) {
+            if (tellsFile(kind)) {
                 throw RuntimeError(failure.number(),
                                    failure.description() + "\r\nFile: " + shownPath(file));
             }
             throw RuntimeError(failure);
         }
-        showPageCount(source.size);
+        showPageCount(size);
         unsetCursor();
     });
 }
 
-void frmSelectSkin::paintCells(const Source& source, int first, int last, Path& file) {
+// file is the one that is being loaded.
+void frmSelectSkin::paintCells(SkinPage kind, int first, int last, Path& file) {
     for (int entry = first; entry <= last; ++entry) {
-        if (source.file) {
+        if (tellsFile(kind)) {
             CheckpointNumber = 2400;
-            file = source.file(entry);
+            file = fileOf(kind, entry);
         }
-        source.load(entry);
-        if (source.file) {
+        const QImage& thumb = loadThumb(kind, entry);
+        if (tellsFile(kind)) {
             CheckpointNumber = 2800;
         }
         const page::Position corner = page::corner(entry - first);
-        ui->picThumbs->paintScaled(source.box->picture(),
-                                   {corner.x + 2, corner.y + 2, kThumbSize, kThumbSize});
+        ui->picThumbs->paintScaled(thumb, {corner.x + 2, corner.y + 2, kThumbSize, kThumbSize});
         repaintWindows();
     }
 }
@@ -455,9 +487,17 @@ void frmSelectSkin::picThumbs_MouseDown(QPoint position) {
         frameCell(false);
         SelectedCell = page::cellAt(position.x(), position.y());
         const int entry = page::entryOf(PageNumber, SelectedCell);
-        if (entry >= 1 && entry <= entryCount()) {
-            chooseEntry(entry);
+        if (entry < 1 || entry > entryCount()) {
+            return;
         }
+        if (!FarMode) {
+            chooseFile(SkinFiles[entry]);
+            return;
+        }
+        const FarSkinEntry& skin = FarSkins[entry];
+        const ExtractedSkin extracted = extractSkin(skin.FarFile, skin.FileIndex);
+        ui->picSkin->load(extracted.file, extracted.length);
+        chooseArchiveSkin(skin, extracted.name);
     });
 }
 

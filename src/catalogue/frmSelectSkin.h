@@ -5,7 +5,6 @@
 #include <QRect>
 #include <QTimer>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,6 +26,13 @@ class PictureBox;
 inline constexpr std::int32_t kSelectHand = 1;
 inline constexpr std::int32_t kSelectSimSkin = 2;
 inline constexpr std::int32_t kSelectPetSkin = 3;
+
+// What a page of thumbnails shows, and thereby which of the three painters is at work.
+enum class SkinPage {
+    Skins,     // bitmaps of a body's or a pet's skins
+    Hands,     // bitmaps of hands
+    Archives,  // entries of archives
+};
 
 class frmSelectSkin : public ModalForm {
     Q_OBJECT
@@ -61,18 +67,24 @@ class frmSelectSkin : public ModalForm {
     void msGetHandFileNames();
     void msGetSkinFARNames();
     void msGetHandFARNames();
-    // Runs a builder of a list of bitmaps and tells of the bad ones.
-    void listFiles(const std::function<void(const PictureTest&, std::vector<std::string>&)>& list);
+    // Lists the bitmaps of skins or hands that can be loaded and tells of the others.
+    void listFiles(SkinPage kind);
     SkinQuery query(const std::string& model) const;
 
     void msFillThumbs();
     void msFillHandBMPs();
     void msFillThumbsFAR();
     void paintPage();
-    struct Source;
-    void paint(const Source& source);
-    void paintCells(const Source& source, int first, int last, Path& file);
-    void chooseEntry(int entry);
+    void paint(SkinPage kind);
+    void paintCells(SkinPage kind, int first, int last, Path& file);
+    static bool tellsFile(SkinPage kind);
+    const Path& fileOf(SkinPage kind, int entry) const;
+    const QImage& loadThumb(SkinPage kind, int entry);
+    void showFirst(SkinPage kind, int entry);
+    void chooseFile(const Path& file);
+    void chooseArchiveSkin(const FarSkinEntry& skin, const std::string& name);
+    // Gives the entry's name.
+    static std::string loadOrShowCard(PictureBox& box, const FarSkinEntry& skin);
     void showSkinName(const std::string& fileName);
     void showPageCount(int entries);
 

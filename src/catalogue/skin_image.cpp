@@ -1,11 +1,14 @@
 #include "catalogue/skin_image.h"
 
+#include <algorithm>
 #include <string>
 
 #include "far/archives.h"
 #include "far/far_directory.h"
+#include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
+#include "system/files.h"
 #include "system/game_text.h"
 #include "system/path.h"
 
@@ -34,6 +37,13 @@ int firstMatch(const FarDirectory& directory, const std::string& wanted) {
     return 0;
 }
 
+// How many bytes of an entry its archive has.
+std::int64_t lengthOf(const FarEntry& entry, const Path& archive) {
+    const std::int64_t offset = gflngLittleEndianToLong(entry.FileOffset);
+    const std::int64_t size = gflngLittleEndianToLong(entry.FileSize);
+    return std::max<std::int64_t>(0, std::min(size, files().length(archive) - offset));
+}
+
 void loadFromArchives(PictureTarget& picture, const std::string& wanted) {
     const auto archives = existingArchives(
         {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
@@ -47,9 +57,12 @@ void loadFromArchives(PictureTarget& picture, const std::string& wanted) {
             continue;
         }
         // The first hit ends the search, whatever becomes of it.
-        ignoringErrors(
-            [&] { extractFarEntry(archive, tempFolder(), kSkinTempName, directory, number); });
-        ignoringErrors([&] { picture.load(tempFolder().child(kSkinTempName)); });
+        std::int64_t length = kWholeFile;
+        ignoringErrors([&] {
+            extractFarEntry(archive, tempFolder(), kSkinTempName, directory, number);
+            length = lengthOf(directory.Entries[number], archive);
+        });
+        ignoringErrors([&] { picture.load(tempFolder().child(kSkinTempName), length); });
         return;
     }
 }
@@ -63,19 +76,22 @@ void gsFetchSkinImage(PictureTarget& picture, std::string_view name) {
     loadFromArchives(picture, upperCase(name));
 }
 
-void showArchiveSkin(PictureTarget& picture, const Path& archive, int number) {
+ExtractedSkin extractSkin(const Path& archive, int number) {
     FarDirectory directory;
     gsReadFARdir(directory, archive);
-    gsExtractFileEx(archive, tempFolder(), kSkinTempName, directory, number);
-    picture.load(tempFolder().child(kSkinTempName));
+    const bool copied = gsExtractFileEx(archive, tempFolder(), kSkinTempName, directory, number);
+    const FarEntry& entry = directory.Entries[number];
+    return {tempFolder().child(kSkinTempName), copied ? lengthOf(entry, archive) : kWholeFile,
+            gfstrFarBaseName(entry.FileName)};
 }
 
 void showChosenSkin(PictureTarget& picture, const ChosenSkin& chosen) {
     if (chosen.FarFileIndex == -1) {
         picture.load(chosen.LoadSkinFile);
-    } else {
-        showArchiveSkin(picture, chosen.LoadSkinFile, chosen.FarFileIndex);
+        return;
     }
+    const ExtractedSkin skin = extractSkin(chosen.LoadSkinFile, chosen.FarFileIndex);
+    picture.load(skin.file, skin.length);
 }
 
 }  // namespace marlowick

@@ -1,10 +1,13 @@
 // Finds what a skin name looks like, wherever the game keeps the bitmap.
 #pragma once
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "catalogue/chosen_skin.h"
 #include "foundation/picture_target.h"
+#include "system/path.h"
 
 namespace marlowick {
 
@@ -13,12 +16,20 @@ namespace marlowick {
 // touches nothing. Quiet: no failure is reported to anyone.
 void gsFetchSkinImage(PictureTarget& picture, std::string_view name);
 
-// Copies an archive's entry (its number from 1) out as "skintemp.bmp" and shows that. Failures of
-// the archive are reported by gsReadFARdir and gsExtractFileEx; what stands in the file then is
-// shown. Raises what the picture raises.
-void showArchiveSkin(PictureTarget& picture, const Path& archive, int number);
+// An entry of an archive that was copied out as "skintemp.bmp".
+struct ExtractedSkin {
+    Path file;
+    std::int64_t length = 0;  // of the entry; behind it stands what is left of longer ones
+    std::string name;         // its last component, upper case, with extension
+};
+
+// Copies an archive's entry (its number from 1) out. Failures of the archive are reported by
+// gsReadFARdir and gsExtractFileEx; what stands in the file then counts whole. Raises 9 if the
+// archive has no such entry.
+ExtractedSkin extractSkin(const Path& archive, int number);
 
 // Shows what the skin chooser has handed back: an entry of an archive or a bitmap of its own.
+// Raises what extractSkin and the picture raise.
 void showChosenSkin(PictureTarget& picture, const ChosenSkin& chosen);
 
 }  // namespace marlowick

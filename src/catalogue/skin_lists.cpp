@@ -3,7 +3,6 @@
 #include "catalogue/names.h"
 #include "far/archives.h"
 #include "far/far_directory.h"
-#include "foundation/folders.h"
 #include "system/files.h"
 #include "system/game_text.h"
 
@@ -26,15 +25,10 @@ constexpr HandFamily kHandFamilies[] = {
     {"gm??_*.bmp", "GM"}, {"gf??_*.bmp", "GF"}, {"gu??_*.bmp", "GU"},
 };
 
-void tryFiles(SkinFolder place, std::string_view mask, const PictureTest& loads, List<Path>& skins,
-              std::vector<std::string>& badFiles) {
-    const Path folder = skinFolder(place);
-    for (const std::string& name : searchFiles(folder, mask)) {
-        if (isFileName(name) && loads(folder.child(name))) {
-            skins.appendCounted(folder.child(name));
-        } else {
-            badFiles.push_back(name);
-        }
+void addCandidates(SkinFolder folder, std::string_view mask,
+                   std::vector<SkinCandidate>& candidates) {
+    for (std::string& name : searchFiles(skinFolder(folder), mask)) {
+        candidates.push_back({folder, std::move(name)});
     }
 }
 
@@ -68,23 +62,34 @@ void takeEntries(const Path& archive, const std::vector<std::string>& names,
 
 }  // namespace
 
-void listSkinFiles(const SkinQuery& query, const PictureTest& loads, List<Path>& skins,
-                   std::vector<std::string>& badFiles) {
-    skins.reset();
+std::vector<SkinCandidate> skinCandidates(const SkinQuery& query) {
+    std::vector<SkinCandidate> candidates;
     const std::string mask = skinMask(query.model, toneOf(query));
-    if (mask.empty()) {
-        return;
+    if (!mask.empty()) {
+        for (const SkinFolder folder : skinFolders()) {
+            addCandidates(folder, mask + ".bmp", candidates);
+        }
     }
-    for (const SkinFolder folder : skinFolders()) {
-        tryFiles(folder, mask + ".bmp", loads, skins, badFiles);
-    }
+    return candidates;
 }
 
-void listHandFiles(const PictureTest& loads, List<Path>& skins,
-                   std::vector<std::string>& badFiles) {
-    skins.reset();
+std::vector<SkinCandidate> handCandidates() {
+    std::vector<SkinCandidate> candidates;
     for (const HandFamily& family : kHandFamilies) {
-        tryFiles(SkinFolder::Game, family.mask, loads, skins, badFiles);
+        addCandidates(SkinFolder::Game, family.mask, candidates);
+    }
+    return candidates;
+}
+
+void sortOutFiles(const std::vector<SkinCandidate>& candidates, const PictureTest& loads,
+                  List<Path>& skins, std::vector<std::string>& badFiles) {
+    for (const SkinCandidate& candidate : candidates) {
+        const Path folder = skinFolder(candidate.folder);
+        if (isFileName(candidate.name) && loads(folder.child(candidate.name))) {
+            skins.appendCounted(folder.child(candidate.name));
+        } else {
+            badFiles.push_back(candidate.name);
+        }
     }
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "foundation/folders.h"
 #include "foundation/list.h"
 #include "system/path.h"
 
@@ -28,14 +29,24 @@ struct SkinQuery {
     bool pet = false;
 };
 
+// A bitmap that a mask found: its folder and its bare name.
+struct SkinCandidate {
+    SkinFolder folder = SkinFolder::Game;
+    std::string name;
+};
+
+// The bitmaps that a model's skins, and hands, are to be found among, in the order of the search.
+// Nothing is tested for duplicates.
+std::vector<SkinCandidate> skinCandidates(const SkinQuery& query);
+std::vector<SkinCandidate> handCandidates();
+
 // Tries a bitmap: false if it can't be loaded.
 using PictureTest = std::function<bool(const Path&)>;
 
-// Rebuild a list of bitmaps in folders. Each candidate is tried once; the bare names of those that
-// can't be loaded go to badFiles. Nothing is tested for duplicates. Raise 6 past 32767 entries.
-void listSkinFiles(const SkinQuery& query, const PictureTest& loads, List<Path>& skins,
-                   std::vector<std::string>& badFiles);
-void listHandFiles(const PictureTest& loads, List<Path>& skins, std::vector<std::string>& badFiles);
+// Tries each candidate once and appends it to the skins, or its bare name to badFiles if it can't
+// be loaded. Raises 6 past 32767 skins.
+void sortOutFiles(const std::vector<SkinCandidate>& candidates, const PictureTest& loads,
+                  List<Path>& skins, std::vector<std::string>& badFiles);
 
 // Rebuild a list of skins in archives; nothing is tried. An archive that can't be read is reported
 // by gsReadFARdir. Raise 6 past 32767 entries.

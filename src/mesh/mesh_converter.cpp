@@ -6,8 +6,8 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/list.h"
-#include "mesh/item_reader.h"
 #include "mesh/float_text.h"
+#include "mesh/item_reader.h"
 #include "system/block_copy.h"
 #include "system/streams.h"
 

@@ -5,16 +5,11 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleHints>
-#include <cmath>
 
-#include "system/files.h"
 #include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {
-
-// A skin is a few hundred kilobytes; a file of this size is no picture of the game.
-constexpr std::int64_t kLargestPicture = 64LL << 20U;
 
 QRect fittedInto(const QRect& area, QSize size) {
     if (size.width() > area.width() || size.height() > area.height()) {
@@ -26,13 +21,10 @@ QRect fittedInto(const QRect& area, QSize size) {
 
 }  // namespace
 
-QImage decodePicture(const Path& path) {
-    if (files().length(path) > kLargestPicture) {
-        throw RuntimeError(error::kInvalidPicture);
-    }
-    const std::string content = readWholeFile(path);
-    QImage image = QImage::fromData(reinterpret_cast<const uchar*>(content.data()),
-                                    static_cast<int>(content.size()));
+QImage decodePicture(const Path& path, std::int64_t length) {
+    const std::string bitmap = readBitmap(path, length);
+    QImage image = QImage::fromData(reinterpret_cast<const uchar*>(bitmap.data()),
+                                    static_cast<int>(bitmap.size()), "BMP");
     if (image.isNull()) {
         throw RuntimeError(error::kInvalidPicture);
     }
@@ -44,8 +36,8 @@ PictureBox::PictureBox(QWidget* parent) : QFrame(parent) {
     setMouseTracking(true);
 }
 
-void PictureBox::load(const Path& path) {
-    setPicture(path.empty() ? QImage() : decodePicture(path));
+void PictureBox::load(const Path& path, std::int64_t length) {
+    setPicture(path.empty() ? QImage() : decodePicture(path, length));
 }
 
 void PictureBox::setPicture(const QImage& picture) {

@@ -15,9 +15,8 @@
 
 namespace marlowick {
 
-// A bitmap file as an image. Raises 53 or 76 for a missing file and 481 for one that can't be
-// decoded.
-QImage decodePicture(const Path& path);
+// The bitmap in the first length bytes of a file as an image. Raises as PictureTarget::load.
+QImage decodePicture(const Path& path, std::int64_t length);
 
 class PictureBox : public QFrame, public PictureTarget {
     Q_OBJECT
@@ -26,7 +25,8 @@ class PictureBox : public QFrame, public PictureTarget {
 
     // The loaded picture: shown whole, in the middle, made smaller only if it is larger than the
     // control. A null image blanks the control.
-    void load(const Path& path) override;
+    using PictureTarget::load;
+    void load(const Path& path, std::int64_t length) override;
     void setPicture(const QImage& picture);
     const QImage& picture() const { return picture_; }
 

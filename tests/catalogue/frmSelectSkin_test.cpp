@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -15,6 +16,7 @@
 #include "foundation/error_trap.h"
 #include "start/startup.h"
 #include "support/archive_builder.h"
+#include "support/chooser_driver.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/window_driver.h"
@@ -29,7 +31,13 @@ using test::ArchiveEntry;
 using test::archiveFile;
 using test::bitmapFile;
 using test::click;
+using test::clickCell;
+using test::clickLine;
 using test::find;
+using test::kArchives;
+using test::kFolder;
+using test::lookIn;
+using test::sourceOption;
 using test::textOf;
 
 const std::string kSkins = "game/GameData/Skins/";
@@ -85,7 +93,7 @@ class SelectSkinTest : public test::WindowTest {
     void makeArchive(const std::vector<std::pair<std::string, unsigned>>& skins) {
         std::vector<ArchiveEntry> entries;
         for (const auto& [name, rgb] : skins) {
-            entries.push_back({name, bitmapFile(8, 8, rgb), {}});
+            entries.push_back({name, bitmapFile(8, 8, rgb)});
         }
         folder.write(kTextures, archiveFile(entries));
     }
@@ -101,34 +109,9 @@ class SelectSkinTest : public test::WindowTest {
         EXPECT_TRUE(script.isDone());
     }
 
-    static void pickModel(QWidget& window, const QString& name) {
-        auto* list = find<QListWidget>(window, "lstModels");
-        const auto found = list->findItems(name, Qt::MatchExactly);
-        ASSERT_EQ(found.size(), 1);
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          list->visualItemRect(found.first()).center());
-    }
-
-    static QRadioButton* source(QWidget& window, int index) {
-        for (auto* option : window.findChildren<QRadioButton*>("optMode")) {
-            if (option->property("Index") == index) {
-                return option;
-            }
-        }
-        return nullptr;
-    }
-
-    static void pickSource(QWidget& window, int index) {
-        QTest::mouseClick(source(window, index), Qt::LeftButton, Qt::NoModifier, {6, 6});
-    }
-
     static void press(QWidget& window, int x, int y) {
         QTest::mouseClick(find<PictureBox>(window, "picThumbs"), Qt::LeftButton, Qt::NoModifier,
                           {x, y});
-    }
-
-    static void pressCell(QWidget& window, int cell) {
-        press(window, cell % 7 * 68 + 30, cell / 7 * 68 + 30);
     }
 
     // The colour in the middle of a cell; 0 where nothing is painted.
@@ -186,8 +169,8 @@ TEST_F(SelectSkinTest, EachModeAndSourceHasItsCaption) {
             const QString start =
                 QStringLiteral("Skin Selection - %1 - Looking For Skins In ").arg(c.request);
             EXPECT_EQ(window.windowTitle(), start + "The Skins Folder");
-            EXPECT_TRUE(source(window, 0)->isChecked());
-            pickSource(window, 1);
+            EXPECT_TRUE(sourceOption(window, kFolder)->isChecked());
+            lookIn(window, kArchives);
             EXPECT_EQ(window.windowTitle(), start + "FAR Files");
             EXPECT_EQ(window.focusWidget(), find<QWidget>(window, "cmdFocus"));
             click(window, "cmdCancel");
@@ -215,8 +198,8 @@ TEST_F(SelectSkinTest, EveryControlHasItsPlace) {
         for (const Place& place : kPlaces) {
             EXPECT_EQ(find<QWidget>(window, place.name)->geometry(), place.box) << place.name;
         }
-        EXPECT_EQ(source(window, 0)->geometry(), QRect(372, 8, 81, 13));
-        EXPECT_EQ(source(window, 1)->geometry(), QRect(456, 8, 73, 13));
+        EXPECT_EQ(sourceOption(window, kFolder)->geometry(), QRect(372, 8, 81, 13));
+        EXPECT_EQ(sourceOption(window, kArchives)->geometry(), QRect(456, 8, 73, 13));
         EXPECT_EQ(find<QLabel>(window, "Label3")->text(), "Selected Skin Image");
         EXPECT_EQ(window.size(), QSize(770, 549));
         window.resize(900, 900);
@@ -234,7 +217,7 @@ TEST_F(SelectSkinTest, ModelsAreSortedAndAClickShowsTheirSkins) {
         EXPECT_EQ(models(window), QStringList({"b000fafit_Shop", "B001FAFIT_01", "B002FAFIT_01"}));
         EXPECT_EQ(textOf(window, "txtPageCount"), "");
         EXPECT_EQ(cellColour(window, 0), 0U);
-        pickModel(window, "B002FAFIT_01");
+        clickLine(window, "lstModels", "B002FAFIT_01");
         EXPECT_EQ(cellColour(window, 0), 0x400001U);
         EXPECT_EQ(cellColour(window, 2), 0x400003U);
         EXPECT_EQ(cellColour(window, 3), 0U);
@@ -253,7 +236,7 @@ TEST_F(SelectSkinTest, AThumbnailFillsItsPlaceInTheCellWhateverItsSize) {
     folder.write(kSkins + "b001fafit_01.cmx", "");
     folder.write(kSkins + "b001fafitlgt_a.bmp", bitmapFile(3, 200, 0x112233));
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         const QImage page = find<PictureBox>(window, "picThumbs")->painted();
         EXPECT_EQ(page.pixel(2, 2) & 0xFFFFFF, 0x112233U);
         EXPECT_EQ(page.pixel(65, 65) & 0xFFFFFF, 0x112233U);
@@ -266,9 +249,9 @@ TEST_F(SelectSkinTest, AThumbnailFillsItsPlaceInTheCellWhateverItsSize) {
 TEST_F(SelectSkinTest, FortyNineSkinsAreOnePage) {
     makeModel("b001fafit", 49);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
-        pressCell(window, 5);
+        clickCell(window, 5);
         click(window, "cmdNext");
         EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s006");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
@@ -284,7 +267,7 @@ TEST_F(SelectSkinTest, FiftySkinsAreTwoPagesAndAModelBeginsWithItsFirst) {
     makeModel("b001fafit", 50);
     makeModel("b002fafit", 60, 0x500000);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
         click(window, "cmdNext");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
@@ -293,11 +276,11 @@ TEST_F(SelectSkinTest, FiftySkinsAreTwoPagesAndAModelBeginsWithItsFirst) {
         EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s050");
         click(window, "cmdNext");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
-        pickModel(window, "B002FAFIT_01");
+        clickLine(window, "lstModels", "B002FAFIT_01");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
         EXPECT_EQ(cellColour(window, 48), 0x500000U + 49);
         click(window, "cmdNext");
-        pressCell(window, 10);
+        clickCell(window, 10);
         click(window, "cmdPrevious");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
         EXPECT_EQ(textOf(window, "txtSkinName"), "b002fafitlgt_s001");
@@ -307,7 +290,7 @@ TEST_F(SelectSkinTest, FiftySkinsAreTwoPagesAndAModelBeginsWithItsFirst) {
 }
 
 TEST_F(SelectSkinTest, APageNumberOfTwoDigitsIsToldWhole) {
-    std::vector<ArchiveEntry> entries(10 * 49, {"b001fafitlgt_a.bmp", bitmapFile(1, 1, 0x1), {}});
+    std::vector<ArchiveEntry> entries(10 * 49, {"b001fafitlgt_a.bmp", bitmapFile(1, 1, 0x1)});
     folder.write(kTextures, archiveFile(entries));
     makeModel("b001fafit", 1);
     open(kSelectSimSkin, [](QWidget& window) {
@@ -317,15 +300,15 @@ TEST_F(SelectSkinTest, APageNumberOfTwoDigitsIsToldWhole) {
             EXPECT_EQ(box->toolTip(), text);
             EXPECT_LE(QFontMetrics(box->font()).horizontalAdvance(text), box->width() - 10);
         };
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         expectWhole("Page 1 of 1");
         EXPECT_EQ(box->font(), window.font());
-        pickSource(window, 1);
+        lookIn(window, kArchives);
         for (int page = 2; page <= 10; ++page) {
             click(window, "cmdNext");
         }
         expectWhole("Page 10 of 10");
-        pickSource(window, 0);
+        lookIn(window, kFolder);
         EXPECT_EQ(box->font(), window.font());
         click(window, "cmdCancel");
     });
@@ -365,10 +348,10 @@ TEST_F(SelectSkinTest, APressLeftOfTheFirstCellChoosesNothing) {
 TEST_F(SelectSkinTest, AClickOnAnEmptyCellMovesTheFrameAlone) {
     makeModel("b001fafit", 3);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
-        pressCell(window, 1);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        clickCell(window, 1);
         EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s002");
-        pressCell(window, 20);
+        clickCell(window, 20);
         EXPECT_EQ(framedCell(window), 20);
         EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s002");
         EXPECT_EQ(skinColour(window), 0x100002U);
@@ -380,7 +363,7 @@ TEST_F(SelectSkinTest, AClickOnAnEmptyCellMovesTheFrameAlone) {
 TEST_F(SelectSkinTest, TheBorderBeyondTheSeventhColumnIsTheNextRow) {
     makeModel("b001fafit", 10);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         press(window, 475, 10);
         EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s007");
         press(window, 477, 10);
@@ -401,10 +384,10 @@ TEST_F(SelectSkinTest, TheToolTipTellsTheWholeNameUnderThePointer) {
             return box->toolTip();
         };
         EXPECT_EQ(tipAt({5, 5}), "");
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         EXPECT_EQ(tipAt({10, 10}), "B001FAFITLGT_S001.BMP");
         EXPECT_EQ(tipAt({100, 10}), "");
-        pickSource(window, 1);
+        lookIn(window, kArchives);
         EXPECT_EQ(tipAt({12, 10}), "B001FAFITLGT_FAR.BMP");
         click(window, "cmdCancel");
     });
@@ -416,12 +399,12 @@ TEST_F(SelectSkinTest, ASkinOutOfAnArchiveIsHandedBackByItsNumber) {
                  {"b001fafitlgt_one.bmp", 0xAA0001},
                  {"b001fafitlgt_two.bmp", 0xAA0002}});
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
-        pickSource(window, 1);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        lookIn(window, kArchives);
         EXPECT_EQ(cellColour(window, 0), 0xAA0001U);
         EXPECT_EQ(cellColour(window, 1), 0xAA0002U);
         EXPECT_EQ(textOf(window, "txtSkinName"), "B001FAFITLGT_ONE");
-        pressCell(window, 1);
+        clickCell(window, 1);
         EXPECT_EQ(textOf(window, "txtSkinName"), "B001FAFITLGT_TWO");
         EXPECT_EQ(skinColour(window), 0xAA0002U);
         click(window, "cmdSelect");
@@ -435,7 +418,7 @@ TEST_F(SelectSkinTest, ASkinOutOfAnArchiveIsHandedBackByItsNumber) {
 TEST_F(SelectSkinTest, ADoubleClickSelectsAndATypedNameIsHandedBack) {
     makeModel("b001fafit", 3);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         auto* name = find<QLineEdit>(window, "txtSkinName");
         auto* page = find<PictureBox>(window, "picThumbs");
         QTest::mouseClick(page, Qt::LeftButton, Qt::NoModifier, {80, 10});
@@ -450,7 +433,7 @@ TEST_F(SelectSkinTest, ADoubleClickSelectsAndATypedNameIsHandedBack) {
 TEST_F(SelectSkinTest, ArrowsMoveTheChoiceAndEnterSelectsIt) {
     makeModel("b001fafit", 20);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         auto* box = find<PictureBox>(window, "picThumbs");
         box->setFocus();
         QTest::keyClick(box, Qt::Key_Left);
@@ -468,7 +451,7 @@ TEST_F(SelectSkinTest, ArrowsMoveTheChoiceAndEnterSelectsIt) {
 TEST_F(SelectSkinTest, AModelStaysChosenByClicksThatChooseNoOther) {
     makeModel("b001fafit", 2);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         auto* list = find<QListWidget>(window, "lstModels");
         const QPoint below(20, list->viewport()->height() - 5);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, below);
@@ -505,7 +488,7 @@ TEST_F(SelectSkinTest, SelectNeedsAModelAndAName) {
         QTest::keyClicks(find<QLineEdit>(window, "txtSkinName"), "typed");
         click(window, "cmdSelect");
         EXPECT_TRUE(window.isVisible());
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         find<QLineEdit>(window, "txtSkinName")->clear();
         click(window, "cmdSelect");
         EXPECT_TRUE(window.isVisible());
@@ -528,8 +511,8 @@ TEST_F(SelectSkinTest, AModelWithoutSkinsClearsThePageAndKeepsItsCount) {
     makeModel("b001fafit", 3);
     folder.write(kSkins + "b002fafit_01.cmx", "");
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
-        pickModel(window, "B002FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        clickLine(window, "lstModels", "B002FAFIT_01");
         EXPECT_TRUE(find<PictureBox>(window, "picThumbs")->painted().isNull());
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
         EXPECT_EQ(textOf(window, "txtSkinName"), "");
@@ -545,7 +528,7 @@ TEST_F(SelectSkinTest, ABadSkinIsToldOncePerRunOfTheBuilder) {
     folder.write(kSkins + "b001fafitlgt_bad.bmp", "no picture");
     open(kSelectSimSkin, [this](QWidget& window) {
         script.answer();
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         EXPECT_EQ(cellColour(window, 1), 0x100002U);
         EXPECT_EQ(cellColour(window, 2), 0U);
         click(window, "cmdCancel");
@@ -588,7 +571,7 @@ TEST_F(SelectSkinTest, HundredsOfBadSkinsScrollAndLeaveTheButtonOnTheScreen) {
             QTest::keyClick(box.focusWidget(), Qt::Key_Return);
             EXPECT_FALSE(box.isVisible());
         });
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         EXPECT_EQ(cellColour(window, 0), 0x100001U);
         click(window, "cmdCancel");
     });
@@ -613,7 +596,7 @@ TEST_F(SelectSkinTest, HandsNeedNoModelAndTheFirstIsShownButNotChosen) {
 TEST_F(SelectSkinTest, AHandThatIsClickedIsChosen) {
     makeHands(3);
     open(kSelectHand, [](QWidget& window) {
-        pressCell(window, 2);
+        clickCell(window, 2);
         click(window, "cmdSelect");
     });
     EXPECT_EQ(reply.SelectedSkin, "hm003");
@@ -649,7 +632,7 @@ TEST_F(SelectSkinTest, HandsOfArchivesAreShownAtOnceAndTheNextSourceIsEmpty) {
     makeHands(2);
     open(kSelectHand, [](QWidget& window) {
         // No archive: the page is cleared, the name and the count of the folder stay.
-        pickSource(window, 1);
+        lookIn(window, kArchives);
         EXPECT_TRUE(find<PictureBox>(window, "picThumbs")->painted().isNull());
         EXPECT_EQ(textOf(window, "txtSkinName"), "hm001");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
@@ -659,7 +642,7 @@ TEST_F(SelectSkinTest, HandsOfArchivesAreShownAtOnceAndTheNextSourceIsEmpty) {
     EXPECT_EQ(reply.FarFileIndex, 0);
     makeArchive({{"x.bmp", 1}, {"hmfar.bmp", 0xBB0001}});
     open(kSelectHand, [](QWidget& window) {
-        pickSource(window, 1);
+        lookIn(window, kArchives);
         EXPECT_EQ(cellColour(window, 0), 0xBB0001U);
         click(window, "cmdSelect");
     });
@@ -671,8 +654,8 @@ TEST_F(SelectSkinTest, AnArchivesPathIsLeftOverWhenTheSourceChangesBack) {
     makeHands(1);
     makeArchive({{"hmfar.bmp", 0xBB0001}});
     open(kSelectHand, [](QWidget& window) {
-        pickSource(window, 1);
-        pickSource(window, 0);
+        lookIn(window, kArchives);
+        lookIn(window, kFolder);
         click(window, "cmdSelect");
     });
     EXPECT_EQ(reply.SelectedSkin, "hm001");
@@ -687,7 +670,7 @@ TEST_F(SelectSkinTest, TheSourceKeepsThePageOfHandsAndFailsIfItIsTooFar) {
     open(kSelectHand, [&](QWidget& window) {
         click(window, "cmdNext");
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
-        pickSource(window, 1);
+        lookIn(window, kArchives);
         ASSERT_EQ(recorder.reports().size(), 1U);
         EXPECT_EQ(recorder.reports()[0].number, 9);
         EXPECT_EQ(recorder.reports()[0].module, "frmSelectSkin");
@@ -695,7 +678,7 @@ TEST_F(SelectSkinTest, TheSourceKeepsThePageOfHandsAndFailsIfItIsTooFar) {
         EXPECT_EQ(recorder.reports()[0].checkpoint, 3000);
         EXPECT_EQ(cellColour(window, 0), 0U);
         EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
-        pickSource(window, 0);
+        lookIn(window, kFolder);
         EXPECT_EQ(recorder.reports().size(), 1U);
         EXPECT_EQ(textOf(window, "txtSkinName"), "hm050");
         click(window, "cmdCancel");
@@ -707,7 +690,7 @@ TEST_F(SelectSkinTest, ASkinThatWentBadShowsTheThumbnailBeforeIt) {
     const SpoiledFile spoiled("b001fafitlgt_s002.bmp", 1);
     const test::ErrorRecorder recorder;
     open(kSelectSimSkin, [&](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         EXPECT_EQ(cellColour(window, 1), 0x100001U);
         EXPECT_EQ(cellColour(window, 2), 0x100003U);
         EXPECT_TRUE(recorder.reports().empty());
@@ -720,7 +703,7 @@ TEST_F(SelectSkinTest, AFirstSkinThatWentBadIsReportedWithItsFile) {
     const SpoiledFile spoiled("b001fafitlgt_s001.bmp", 2);
     const test::ErrorRecorder recorder;
     open(kSelectSimSkin, [&](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         ASSERT_EQ(recorder.reports().size(), 1U);
         EXPECT_EQ(recorder.reports()[0].procedure, "msFillThumbs");
         EXPECT_EQ(recorder.reports()[0].checkpoint, 3000);
@@ -751,13 +734,13 @@ TEST_F(SelectSkinTest, AHandThatWentBadEndsThePage) {
 
 TEST_F(SelectSkinTest, ABadBitmapInAnArchiveEndsThePage) {
     makeModel("b001fafit", 1);
-    folder.write(kTextures, archiveFile({{"b001fafitlgt_a.bmp", bitmapFile(8, 8, 0xCC0001), {}},
-                                         {"b001fafitlgt_b.bmp", std::string(900, 'x'), {}},
-                                         {"b001fafitlgt_c.bmp", bitmapFile(8, 8, 0xCC0003), {}}}));
+    folder.write(kTextures, archiveFile({{"b001fafitlgt_a.bmp", bitmapFile(8, 8, 0xCC0001)},
+                                         {"b001fafitlgt_b.bmp", std::string(900, 'x')},
+                                         {"b001fafitlgt_c.bmp", bitmapFile(8, 8, 0xCC0003)}}));
     const test::ErrorRecorder recorder;
     open(kSelectSimSkin, [&](QWidget& window) {
-        pickSource(window, 1);
-        pickModel(window, "B001FAFIT_01");
+        lookIn(window, kArchives);
+        clickLine(window, "lstModels", "B001FAFIT_01");
         ASSERT_EQ(recorder.reports().size(), 1U);
         EXPECT_EQ(recorder.reports()[0].number, 481);
         EXPECT_EQ(recorder.reports()[0].procedure, "msFillThumbsFAR");
@@ -767,7 +750,7 @@ TEST_F(SelectSkinTest, ABadBitmapInAnArchiveEndsThePage) {
                       shownPath(folder.path("game\\GameData\\Textures\\Textures.far")));
         EXPECT_EQ(cellColour(window, 0), 0xCC0001U);
         EXPECT_EQ(cellColour(window, 2), 0U);
-        pressCell(window, 1);
+        clickCell(window, 1);
         ASSERT_EQ(recorder.reports().size(), 2U);
         EXPECT_EQ(recorder.reports()[1].procedure, "picThumbs_MouseDown");
         click(window, "cmdCancel");
@@ -782,7 +765,7 @@ TEST_F(SelectSkinTest, APetsSkinsComeByTheirPrefix) {
         kSelectPetSkin,
         [](QWidget& window) {
             EXPECT_EQ(models(window), QStringList({"B001DOG_01"}));
-            pickModel(window, "B001DOG_01");
+            clickLine(window, "lstModels", "B001DOG_01");
             EXPECT_EQ(cellColour(window, 0), 0x778899U);
             click(window, "cmdSelect");
         },
@@ -798,10 +781,202 @@ TEST_F(SelectSkinTest, AReportInTheMiddleOfAnActivationStartsNoSecondOne) {
     open(kSelectHand, [&](QWidget& window) {
         click(window, "cmdNext");
         script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
-        pickSource(window, 1);
+        lookIn(window, kArchives);
         // The hands of the folder are listed again, the source stays.
         EXPECT_EQ(cellColour(window, 0), 0x200000U + 50);
-        EXPECT_TRUE(source(window, 1)->isChecked());
+        EXPECT_TRUE(sourceOption(window, kArchives)->isChecked());
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(SelectSkinTest, AnEntryOfMoreThan64MegabytesSpoilsNoSkinBehindIt) {
+    makeModel("b001fafit", 1);
+    // A bitmap and, with its entry, 70 megabytes behind its rows.
+    std::string large = bitmapFile(8, 8, 0xDD0001);
+    large.resize(70U << 20U);
+    folder.write(kTextures, archiveFile({{"b001fafitlgt_a.bmp", large},
+                                         {"b001fafitlgt_b.bmp", bitmapFile(8, 8, 0xDD0002)}}));
+    const test::ErrorRecorder recorder;
+    open(kSelectSimSkin, [&](QWidget& window) {
+        lookIn(window, kArchives);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_EQ(cellColour(window, 0), 0xDD0001U);
+        EXPECT_EQ(cellColour(window, 1), 0xDD0002U);
+        clickCell(window, 1);
+        EXPECT_EQ(skinColour(window), 0xDD0002U);
+        click(window, "cmdSelect");
+    });
+    EXPECT_TRUE(recorder.reports().empty());
+    EXPECT_EQ(reply.FarFileIndex, 2);
+}
+
+TEST_F(SelectSkinTest, ABitmapOfMoreThan64MegabytesIsShown) {
+    folder.write(kSkins + "b001fafit_01.cmx", "");
+    folder.write(kSkins + "b001fafitlgt_a.bmp", bitmapFile(4800, 4800, 0xEE0001));
+    open(kSelectSimSkin, [](QWidget& window) {
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_EQ(cellColour(window, 0), 0xEE0001U);
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(SelectSkinTest, AClickShowsTheNameThatTheArchiveHasNow) {
+    makeModel("b001fafit", 1);
+    makeArchive({{"b001fafitlgt_a.bmp", 0xAA0001}, {"b001fafitlgt_b.bmp", 0xAA0002}});
+    open(kSelectSimSkin, [&](QWidget& window) {
+        lookIn(window, kArchives);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_EQ(textOf(window, "txtSkinName"), "B001FAFITLGT_A");
+        makeArchive({{"b001fafitlgt_a.bmp", 0xAA0001}, {"skins\\b001fafitlgt_New.bmp", 0xAA0003}});
+        clickCell(window, 1);
+        EXPECT_EQ(textOf(window, "txtSkinName"), "B001FAFITLGT_NEW");
+        EXPECT_EQ(skinColour(window), 0xAA0003U);
+        click(window, "cmdSelect");
+    });
+    EXPECT_EQ(reply.SelectedSkin, "B001FAFIT_01,B001FAFITLGT_NEW");
+    EXPECT_EQ(reply.FarFileIndex, 2);
+}
+
+TEST_F(SelectSkinTest, AnEntryThatIsGoneIsReportedAndChoosesNothing) {
+    makeModel("b001fafit", 1);
+    makeArchive({{"b001fafitlgt_a.bmp", 0xAA0001}, {"b001fafitlgt_b.bmp", 0xAA0002}});
+    const test::ErrorRecorder recorder;
+    open(kSelectSimSkin, [&](QWidget& window) {
+        lookIn(window, kArchives);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        makeArchive({{"b001fafitlgt_a.bmp", 0xAA0001}});
+        clickCell(window, 1);
+        ASSERT_EQ(recorder.reports().size(), 2U);
+        EXPECT_EQ(recorder.reports()[0].procedure, "gsExtractFileEx");
+        EXPECT_EQ(recorder.reports()[1].procedure, "picThumbs_MouseDown");
+        EXPECT_EQ(recorder.reports()[1].number, 9);
+        EXPECT_EQ(skinColour(window), 0xAA0001U);
+        click(window, "cmdSelect");
+    });
+    EXPECT_EQ(reply.SelectedSkin, "B001FAFIT_01,B001FAFITLGT_A");
+    EXPECT_EQ(reply.FarFileIndex, 1);
+}
+
+// A red picture as other programs write it.
+std::string pictureOf(const char* format) {
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(0xFF0000);
+    QByteArray content;
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return content.toStdString();
+}
+
+// Bitmaps of 8 rows of 24 bytes behind a head of 54, and pictures of other formats.
+const std::vector<std::string>& unfitPictures() {
+    static const std::vector<std::string> pictures = {
+        bitmapFile(8, 8, 0xFF0000).substr(0, 54 + 8 * 24 - 1),
+        bitmapFile(8, 8, 0xFF0000).substr(0, 80), pictureOf("PNG"), pictureOf("XPM")};
+    return pictures;
+}
+
+TEST_F(SelectSkinTest, APictureThatIsNoWholeBitmapIsListedAsBad) {
+    makeModel("b001fafit", 2);
+    QString names;
+    for (const std::string& picture : unfitPictures()) {
+        const std::string name =
+            numbered("b001fafitlgt_x", static_cast<int>(names.size())) + ".bmp";
+        folder.write(kSkins + name, picture);
+        names += QString::fromStdString(name) + "\r\n";
+    }
+    open(kSelectSimSkin, [&](QWidget& window) {
+        script.answer();
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_EQ(cellColour(window, 1), 0x100002U);
+        EXPECT_EQ(cellColour(window, 2), 0U);
+        EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
+        click(window, "cmdCancel");
+    });
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_TRUE(script.messages()[0].text.contains("loaded:\r\n\r\n" + names + "\r\nThese"));
+}
+
+TEST_F(SelectSkinTest, ABitmapWithoutTheLastRowsPadIsWhole) {
+    folder.write(kSkins + "b001fafit_01.cmx", "");
+    // Rows of 9 bytes are padded to 12.
+    const std::string bitmap = bitmapFile(3, 3, 0x123456);
+    folder.write(kSkins + "b001fafitlgt_a.bmp", bitmap.substr(0, bitmap.size() - 3));
+    open(kSelectSimSkin, [](QWidget& window) {
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_EQ(cellColour(window, 0), 0x123456U);
+        const QImage skin = find<PictureBox>(window, "picSkin")->picture();
+        EXPECT_EQ(skin.size(), QSize(3, 3));
+        EXPECT_EQ(skin.pixel(2, 0) & 0xFFFFFF, 0x123456U);
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(SelectSkinTest, AnUnfitPictureInAnArchiveCostsItsOwnCell) {
+    makeModel("b001fafit", 1);
+    std::vector<ArchiveEntry> entries = {{"b001fafitlgt_first.bmp", bitmapFile(8, 8, 0xCC0001)}};
+    for (const std::string& picture : unfitPictures()) {
+        entries.push_back({"b001fafitlgt_x.bmp", picture});
+    }
+    entries.push_back({"b001fafitlgt_last.bmp", bitmapFile(8, 8, 0xCC0002)});
+    folder.write(kTextures, archiveFile(entries));
+    const test::ErrorRecorder recorder;
+    open(kSelectSimSkin, [&](QWidget& window) {
+        lookIn(window, kArchives);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_TRUE(recorder.reports().empty());
+        EXPECT_EQ(cellColour(window, 0), 0xCC0001U);
+        for (int cell = 1; cell <= 4; ++cell) {
+            EXPECT_NE(cellColour(window, cell), 0xFF0000U) << cell;
+            EXPECT_NE(cellColour(window, cell), 0xCC0001U) << cell;
+        }
+        EXPECT_EQ(cellColour(window, 5), 0xCC0002U);
+        EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
+        EXPECT_EQ(textOf(window, "txtSkinName"), "B001FAFITLGT_FIRST");
+        EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+        // A click tells why it isn't shown, and changes nothing.
+        clickCell(window, 3);
+        ASSERT_EQ(recorder.reports().size(), 1U);
+        EXPECT_EQ(recorder.reports()[0].number, 481);
+        EXPECT_EQ(recorder.reports()[0].procedure, "picThumbs_MouseDown");
+        EXPECT_EQ(skinColour(window), 0xCC0001U);
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(SelectSkinTest, AnUnfitPictureThatIsTheFirstOfItsPageCostsNoMore) {
+    makeModel("b001fafit", 1);
+    folder.write(kTextures, archiveFile({{"b001fafitlgt_a.bmp", unfitPictures()[0]},
+                                         {"b001fafitlgt_b.bmp", bitmapFile(8, 8, 0xCC0002)}}));
+    const test::ErrorRecorder recorder;
+    open(kSelectSimSkin, [&](QWidget& window) {
+        lookIn(window, kArchives);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_TRUE(recorder.reports().empty());
+        EXPECT_EQ(cellColour(window, 1), 0xCC0002U);
+        EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 1");
+        EXPECT_EQ(textOf(window, "txtSkinName"), "B001FAFITLGT_A");
+        EXPECT_NE(skinColour(window), 0xFF0000U);
+        click(window, "cmdSelect");
+    });
+    EXPECT_EQ(reply.FarFileIndex, 1);
+}
+
+// The scratch file isn't cut: what stands behind an entry is what is left of the one before.
+TEST_F(SelectSkinTest, ABitmapIsNotMadeWholeByTheOneBeforeIt) {
+    makeModel("b001fafit", 1);
+    const std::string cut = bitmapFile(8, 8, 0xFF0000).substr(0, 100);
+    std::string archive = archiveFile(
+        {{"b001fafitlgt_a.bmp", bitmapFile(8, 8, 0xCC0001)}, {"b001fafitlgt_b.bmp", cut}});
+    folder.write(kTextures, archive);
+    const test::ErrorRecorder recorder;
+    open(kSelectSimSkin, [&](QWidget& window) {
+        lookIn(window, kArchives);
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        clickCell(window, 1);
+        ASSERT_EQ(recorder.reports().size(), 1U);
+        EXPECT_EQ(recorder.reports()[0].number, 481);
+        EXPECT_EQ(skinColour(window), 0xCC0001U);
         click(window, "cmdCancel");
     });
 }

@@ -3,14 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "foundation/error_trap.h"
-#include "support/archive_builder.h"
-#include "support/error_recorder.h"
-#include "support/test_folder.h"
+#include "support/game_files.h"
 
 namespace marlowick {
 namespace {
 
-using Names = std::vector<std::string>;
+using test::Names;
 
 Names namesOf(const List<std::string>& list) {
     Names names;
@@ -21,24 +19,10 @@ Names namesOf(const List<std::string>& list) {
     return names;
 }
 
-class ModelCatalogueTest : public ::testing::Test {
+class ModelCatalogueTest : public test::GameFilesTest {
   protected:
     ModelCatalogueTest() { resetModelCatalogue(); }
     ~ModelCatalogueTest() override { resetModelCatalogue(); }
-
-    void archive(const std::string& path, const Names& names) {
-        std::vector<test::ArchiveEntry> entries;
-        for (const std::string& name : names) {
-            entries.push_back({name, "x", {}});
-        }
-        folder.write("game/" + path, test::archiveFile(entries));
-    }
-
-    void files(const std::string& path, const Names& names) {
-        for (const std::string& name : names) {
-            folder.write("game/" + path + "/" + name, "");
-        }
-    }
 
     static Names persons(const std::string& skinData) {
         List<std::string> models;
@@ -51,16 +35,13 @@ class ModelCatalogueTest : public ::testing::Test {
         listPetModels(skinData, models);
         return namesOf(models);
     }
-
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
 };
 
 TEST_F(ModelCatalogueTest, EachCodeHasItsList) {
-    archive("GameData/Animation/Animation.far",
-            {"b001fafit_01.bcf", "Skins\\B002MAfat_01.BCF", "B003FCCHD_01.bcf", "B004MCCHD_01.bcf",
-             "B005UCCHD_01.x.bcf", "B006XXFIT_01.bcf", "B007FAFIT-01.bcf", "F008FAFIT_01.bcf",
-             "B009FAFIT_01.cmx", "B00_.bcf"});
+    archiveOf("GameData/Animation/Animation.far",
+              {"b001fafit_01.bcf", "Skins\\B002MAfat_01.BCF", "B003FCCHD_01.bcf",
+               "B004MCCHD_01.bcf", "B005UCCHD_01.x.bcf", "B006XXFIT_01.bcf", "B007FAFIT-01.bcf",
+               "F008FAFIT_01.bcf", "B009FAFIT_01.cmx", "B00_.bcf"});
     gsBuildModelCatalogue();
     EXPECT_EQ(namesOf(CatalogueFA), Names({"B001FAFIT_01"}));
     EXPECT_EQ(namesOf(CatalogueMA), Names({"B002MAFAT_01"}));
@@ -71,13 +52,13 @@ TEST_F(ModelCatalogueTest, EachCodeHasItsList) {
 }
 
 TEST_F(ModelCatalogueTest, TheArchivesComeInTheirOrderAndTheTenthPackIsUnknown) {
-    archive("ExpansionShared/ExpansionShared.far", {"B001FAFIT_SHARED.BCF"});
+    archiveOf("ExpansionShared/ExpansionShared.far", {"B001FAFIT_SHARED.BCF"});
     for (int n = 2; n <= 10; ++n) {
         const std::string pack = "ExpansionPack" + std::to_string(n);
-        archive(pack + "/" + pack + ".far", {"B001FAFIT_PACK" + std::to_string(n) + ".BCF"});
+        archiveOf(pack + "/" + pack + ".far", {"B001FAFIT_PACK" + std::to_string(n) + ".BCF"});
     }
-    archive("ExpansionPack/ExpansionPack.far", {"B001FAFIT_PACK1.BCF"});
-    archive("GameData/Animation/Animation.far", {"B001FAFIT_BASE.BCF"});
+    archiveOf("ExpansionPack/ExpansionPack.far", {"B001FAFIT_PACK1.BCF"});
+    archiveOf("GameData/Animation/Animation.far", {"B001FAFIT_BASE.BCF"});
     gsBuildModelCatalogue();
     EXPECT_EQ(namesOf(CatalogueFA),
               Names({"B001FAFIT_BASE", "B001FAFIT_PACK1", "B001FAFIT_PACK2", "B001FAFIT_PACK3",
@@ -87,19 +68,19 @@ TEST_F(ModelCatalogueTest, TheArchivesComeInTheirOrderAndTheTenthPackIsUnknown) 
 
 TEST_F(ModelCatalogueTest, PetsComeFromTheLaterArchivesAlone) {
     const Names names = {"B001DOG_01.BCF", "B001CAT_01.BCF", "B001PIG_01.BCF"};
-    archive("GameData/Animation/Animation.far", names);
-    archive("ExpansionPack/ExpansionPack.far", names);
+    archiveOf("GameData/Animation/Animation.far", names);
+    archiveOf("ExpansionPack/ExpansionPack.far", names);
     gsBuildModelCatalogue();
     EXPECT_EQ(CatalogueDog.bound() + CatalogueCat.bound(), 0);
-    archive("ExpansionPack5/ExpansionPack5.far", names);
-    archive("ExpansionShared/ExpansionShared.far", {"b002dog_02.bcf"});
+    archiveOf("ExpansionPack5/ExpansionPack5.far", names);
+    archiveOf("ExpansionShared/ExpansionShared.far", {"b002dog_02.bcf"});
     gsBuildModelCatalogue();
     EXPECT_EQ(namesOf(CatalogueDog), Names({"B001DOG_01", "B002DOG_02"}));
     EXPECT_EQ(namesOf(CatalogueCat), Names({"B001CAT_01"}));
 }
 
 TEST_F(ModelCatalogueTest, APetsNameThatPassesBothTestsIsAPetAlone) {
-    archive("ExpansionPack2/ExpansionPack2.far", {"B001DOG_A_B.BCF"});
+    archiveOf("ExpansionPack2/ExpansionPack2.far", {"B001DOG_A_B.BCF"});
     gsBuildModelCatalogue();
     EXPECT_EQ(namesOf(CatalogueDog), Names({"B001DOG_A_B"}));
     for (const auto* list :
@@ -118,7 +99,7 @@ TEST_F(ModelCatalogueTest, WithoutArchivesAListHoldsWhatTheFoldersGive) {
 TEST_F(ModelCatalogueTest, ABrokenArchiveIsReportedAndTheOthersAreRead) {
     folder.write("game/GameData/Animation/Animation.far",
                  "FAR!byAZ" + std::string("\1\0\0\0\x10\0\0\0\xFF\xFF\xFF\xFF", 12));
-    archive("ExpansionPack/ExpansionPack.far", {"B001FAFIT_01.BCF"});
+    archiveOf("ExpansionPack/ExpansionPack.far", {"B001FAFIT_01.BCF"});
     gsBuildModelCatalogue();
     ASSERT_EQ(recorder.reports().size(), 1U);
     EXPECT_EQ(gstrErrorModule, "modFARsupport");
@@ -126,8 +107,8 @@ TEST_F(ModelCatalogueTest, ABrokenArchiveIsReportedAndTheOthersAreRead) {
 }
 
 TEST_F(ModelCatalogueTest, DuplicatesOfArchivesStayAndAFolderAddsNoneOfTheirNames) {
-    archive("GameData/Animation/Animation.far", {"B001FAFIT_01.BCF"});
-    archive("ExpansionPack/ExpansionPack.far", {"B001FAFIT_01.BCF", "B002FAFAT_01.BCF"});
+    archiveOf("GameData/Animation/Animation.far", {"B001FAFIT_01.BCF"});
+    archiveOf("ExpansionPack/ExpansionPack.far", {"B001FAFIT_01.BCF", "B002FAFAT_01.BCF"});
     gsBuildModelCatalogue();
     files("GameData/Skins", {"b001faFIT_01.cmx"});
     files("ExpansionPack3/SkinsBuy", {"B001fafit_01.cmx", "b003FAfit_shop.cmx"});
@@ -146,8 +127,8 @@ TEST_F(ModelCatalogueTest, TheGamesFolderTestsTheNameWithoutItsExtension) {
 }
 
 TEST_F(ModelCatalogueTest, AnAdultsListChangesWithTheBodyType) {
-    archive("GameData/Animation/Animation.far",
-            {"B001FAFIT_01.BCF", "B001FAFAT_01.BCF", "B001MASKN_01.BCF"});
+    archiveOf("GameData/Animation/Animation.far",
+              {"B001FAFIT_01.BCF", "B001FAFAT_01.BCF", "B001MASKN_01.BCF"});
     gsBuildModelCatalogue();
     files("GameData/Skins", {"b002fafat_02.cmx", "b002fafit_02.cmx"});
     EXPECT_EQ(persons("falgtfitB"), Names({"B001FAFIT_01", "B002FAFIT_02"}));
@@ -156,8 +137,8 @@ TEST_F(ModelCatalogueTest, AnAdultsListChangesWithTheBodyType) {
 }
 
 TEST_F(ModelCatalogueTest, AChildsListIsUnfilteredAndEndsInTheModelsForEitherGender) {
-    archive("GameData/Animation/Animation.far",
-            {"B001UCCHD_01.BCF", "B001FCFIT_01.BCF", "B002FCCHD_01.BCF", "B003MCCHD_01.BCF"});
+    archiveOf("GameData/Animation/Animation.far",
+              {"B001UCCHD_01.BCF", "B001FCFIT_01.BCF", "B002FCCHD_01.BCF", "B003MCCHD_01.BCF"});
     gsBuildModelCatalogue();
     files("GameData/Skins", {"b004fcchd_04.cmx", "b005ucchd_05.cmx"});
     EXPECT_EQ(persons("fclgtchdB"),
@@ -166,7 +147,7 @@ TEST_F(ModelCatalogueTest, AChildsListIsUnfilteredAndEndsInTheModelsForEitherGen
 }
 
 TEST_F(ModelCatalogueTest, TheOtherClothesComeFromFoldersAlone) {
-    archive("GameData/Animation/Animation.far", {"B001FAFIT_01.BCF"});
+    archiveOf("GameData/Animation/Animation.far", {"B001FAFIT_01.BCF"});
     gsBuildModelCatalogue();
     EXPECT_EQ(persons("falgtfitF"), Names());
     for (const char letter : std::string("FLSNWH")) {
@@ -179,7 +160,7 @@ TEST_F(ModelCatalogueTest, TheOtherClothesComeFromFoldersAlone) {
 }
 
 TEST_F(ModelCatalogueTest, WhatIsNotADogIsACat) {
-    archive("ExpansionPack5/ExpansionPack5.far", {"B001DOG_01.BCF", "B001CAT_01.BCF"});
+    archiveOf("ExpansionPack5/ExpansionPack5.far", {"B001DOG_01.BCF", "B001CAT_01.BCF"});
     gsBuildModelCatalogue();
     files("GameData/Skins", {"b002dog_02.cmx", "b002cat_02.cmx"});
     files("ExpansionShared/SkinsBuy", {"b003Dog_03.cmx", "B002DOG_02.cmx"});

@@ -2,39 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <map>
 
-#include "support/archive_builder.h"
-#include "support/error_recorder.h"
-#include "support/test_folder.h"
+#include "support/game_files.h"
 #include "system/files.h"
 
 namespace marlowick {
 namespace {
 
-using Names = std::vector<std::string>;
+using test::Names;
 
-class SkinListsTest : public ::testing::Test {
+class SkinListsTest : public test::GameFilesTest {
   protected:
     ~SkinListsTest() override { EXPECT_TRUE(recorder.reports().empty()); }
 
-    void files(const std::string& path, const Names& names) {
-        for (const std::string& name : names) {
-            folder.write("game/" + path + "/" + name, "good");
-        }
-    }
-
-    void archive(const std::string& path, const Names& names) {
-        std::vector<test::ArchiveEntry> entries;
-        for (const std::string& name : names) {
-            entries.push_back({name, "x", {}});
-        }
-        folder.write("game/" + path, test::archiveFile(entries));
-    }
-
     void pack(int n, const Names& names) {
-        const std::string name = n == 1 ? "ExpansionPack" : "ExpansionPack" + std::to_string(n);
-        archive(name + "/" + name + ".far", names);
+        archiveOf(packName(n == 1 ? "" : std::to_string(n)), names);
     }
 
     // Paths below the game's folder, as they are listed.
@@ -48,17 +31,20 @@ class SkinListsTest : public ::testing::Test {
         return paths;
     }
 
-    Names skinFiles(const SkinQuery& query) {
+    Names sortedOut(const std::vector<SkinCandidate>& candidates) {
+        skins.reset();
         badFiles.clear();
-        listSkinFiles(query, loads(), skins, badFiles);
+        const auto loads = [this](const Path& file) {
+            ++tries[file.text()];
+            return readWholeFile(file) != "bad";
+        };
+        sortOutFiles(candidates, loads, skins, badFiles);
         return shown(skins);
     }
 
-    Names handFiles() {
-        badFiles.clear();
-        listHandFiles(loads(), skins, badFiles);
-        return shown(skins);
-    }
+    Names skinFiles(const SkinQuery& query) { return sortedOut(skinCandidates(query)); }
+
+    Names handFiles() { return sortedOut(handCandidates()); }
 
     // "archive file:number:name" of each entry.
     static Names told(const List<FarSkinEntry>& list) {
@@ -82,15 +68,6 @@ class SkinListsTest : public ::testing::Test {
         return told(list);
     }
 
-    PictureTest loads() {
-        return [this](const Path& file) {
-            ++tries[file.text()];
-            return readWholeFile(file) != "bad";
-        };
-    }
-
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
     std::map<std::string, int> tries;
     Names badFiles;
     List<Path> skins;
@@ -127,7 +104,7 @@ TEST_F(SkinListsTest, APetsSkinsHaveNoTone) {
 
 TEST_F(SkinListsTest, AModelWithoutASkinOrWithoutASeparatorHasNone) {
     files("GameData/Skins", {"b001fafitlgt_a.bmp", "_lgt.bmp", ".bmp", "lgt_a.bmp"});
-    archive("GameData/Textures/Textures.far", {"B001FAFITLGT_A.BMP", "LGT.BMP", ".BMP"});
+    archiveOf("GameData/Textures/Textures.far", {"B001FAFITLGT_A.BMP", "LGT.BMP", ".BMP"});
     for (const char* model : {"B999FAFIT_01", "B001FAFIT", ""}) {
         EXPECT_EQ(skinFiles({model, "falgtfitB"}), Names()) << model;
         EXPECT_EQ(skinEntries({model, "falgtfitB"}), Names()) << model;
@@ -169,13 +146,13 @@ TEST_F(SkinListsTest, HandsComeByTheirSixMasksFromTheGamesFolderAlone) {
 }
 
 TEST_F(SkinListsTest, SkinsInArchivesComeInTheirOwnOrder) {
-    archive("ExpansionShared/ExpansionShared.far", {"b001fafitlgt_s.bmp"});
+    archiveOf("ExpansionShared/ExpansionShared.far", {"b001fafitlgt_s.bmp"});
     for (const int n : {1, 2, 9, 10, 13, 14}) {
         pack(n, {"x.bmp", "Skins\\B001FAFITLGT_" + std::to_string(n) + ".bmp"});
     }
-    archive("GameData/Textures/Textures.far", {"b001fafitlgt_t.bmp", "b001fafitlgt_t.bmp",
-                                               "b001fafitmed_t.bmp", "b001fafitlgt_t.tga"});
-    archive("GameData/Textures/aaa.FAR", {"b001fafitlgtX.bmp"});
+    archiveOf("GameData/Textures/Textures.far", {"b001fafitlgt_t.bmp", "b001fafitlgt_t.bmp",
+                                                 "b001fafitmed_t.bmp", "b001fafitlgt_t.tga"});
+    archiveOf("GameData/Textures/aaa.FAR", {"b001fafitlgtX.bmp"});
     EXPECT_EQ(
         skinEntries({"b001fafit_01", "falgtfitB"}),
         Names({"ExpansionShared.far:1:B001FAFITLGT_S.BMP", "ExpansionPack.far:2:B001FAFITLGT_1.BMP",
@@ -187,7 +164,7 @@ TEST_F(SkinListsTest, SkinsInArchivesComeInTheirOwnOrder) {
 
 TEST_F(SkinListsTest, AnArchivesPathIsTheOneItWasSearchedUnder) {
     pack(3, {"b001fafitlgt_a.bmp"});
-    archive("GameData/Textures/more.far", {"b001fafitlgt_a.bmp"});
+    archiveOf("GameData/Textures/more.far", {"b001fafitlgt_a.bmp"});
     List<FarSkinEntry> list;
     listSkinEntries({"B001FAFIT_01", "falgtfitB"}, list);
     ASSERT_EQ(list.bound(), 2);
@@ -196,7 +173,7 @@ TEST_F(SkinListsTest, AnArchivesPathIsTheOneItWasSearchedUnder) {
 }
 
 TEST_F(SkinListsTest, APetsModelInLowerCaseMatchesNothingInArchives) {
-    archive("GameData/Textures/Textures.far", {"b001dog_coat.bmp", "b001fafitlgt_a.bmp"});
+    archiveOf("GameData/Textures/Textures.far", {"b001dog_coat.bmp", "b001fafitlgt_a.bmp"});
     EXPECT_EQ(skinEntries({"B001DOG_01", "Dog", true}), Names({"Textures.far:1:B001DOG_COAT.BMP"}));
     EXPECT_EQ(skinEntries({"b001dog_01", "Dog", true}), Names());
     EXPECT_EQ(skinEntries({"b001fafit_01", "falgtfitB"}),
@@ -204,11 +181,11 @@ TEST_F(SkinListsTest, APetsModelInLowerCaseMatchesNothingInArchives) {
 }
 
 TEST_F(SkinListsTest, HandsInArchivesRunByArchiveAndThenByPrefix) {
-    archive("ExpansionShared/ExpansionShared.far", {"hmshared.bmp"});
+    archiveOf("ExpansionShared/ExpansionShared.far", {"hmshared.bmp"});
     pack(1, {"GUX.BMP", "gfao_bride.bmp", "hu1.bmp", "hm1.tga", "hands\\hf1.bmp"});
     pack(13, {"gm13.bmp", "hm13.bmp"});
     pack(14, {"hm14.bmp"});
-    archive("GameData/Textures/Textures.far", {"hmt.bmp"});
+    archiveOf("GameData/Textures/Textures.far", {"hmt.bmp"});
     EXPECT_EQ(handEntries(), Names({"ExpansionPack.far:5:HF1.BMP", "ExpansionPack.far:3:HU1.BMP",
                                     "ExpansionPack.far:2:GFAO_BRIDE.BMP",
                                     "ExpansionPack.far:1:GUX.BMP", "ExpansionPack13.far:2:HM13.BMP",
@@ -216,7 +193,7 @@ TEST_F(SkinListsTest, HandsInArchivesRunByArchiveAndThenByPrefix) {
 }
 
 TEST_F(SkinListsTest, AListOfMoreThan32767SkinsOverflows) {
-    archive("GameData/Textures/Textures.far", Names(32768, "hm.bmp"));
+    archiveOf("GameData/Textures/Textures.far", Names(32768, "hm.bmp"));
     List<FarSkinEntry> list;
     EXPECT_THROW(listHandEntries(list), RuntimeError);
     EXPECT_EQ(list.bound(), 32767);

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "foundation/error_trap.h"
+#include "support/counting_files.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/mesh_files.h"
@@ -18,50 +17,6 @@ namespace {
 using test::counted;
 using test::floats;
 using test::integers;
-
-// Notes how large and how many the reads and writes are.
-class CountedFile : public File {
-  public:
-    struct Traffic {
-        std::size_t reads = 0;
-        std::size_t largestRead = 0;
-        std::size_t writes = 0;
-        std::size_t largestWrite = 0;
-    };
-
-    CountedFile(std::unique_ptr<File> under, Traffic* traffic)
-        : under_(std::move(under)), traffic_(traffic) {}
-
-    std::size_t read(char* data, std::size_t size) override {
-        ++traffic_->reads;
-        traffic_->largestRead = std::max(traffic_->largestRead, size);
-        return under_->read(data, size);
-    }
-    void write(std::string_view data) override {
-        ++traffic_->writes;
-        traffic_->largestWrite = std::max(traffic_->largestWrite, data.size());
-        under_->write(data);
-    }
-    void seek(std::int64_t position) override { under_->seek(position); }
-    std::int64_t position() override { return under_->position(); }
-    std::int64_t size() override { return under_->size(); }
-    void flush() override { under_->flush(); }
-
-  private:
-    std::unique_ptr<File> under_;
-    Traffic* traffic_;
-};
-
-class CountingFiles : public test::FaultyFiles {
-  public:
-    CountingFiles() : FaultyFiles(0, Fault::Fail) {}
-
-    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
-        return std::make_unique<CountedFile>(FaultyFiles::open(path, mode), &traffic);
-    }
-
-    CountedFile::Traffic traffic;
-};
 
 class MeshConverterTest : public ::testing::Test {
   protected:
@@ -297,7 +252,7 @@ TEST_F(MeshConverterTest, GoesFromFileToFileInBlocks) {
     const int count = 32766;
     const std::string mesh = meshUpTo(5, count, count);
     folder.write("mesh.bmf", mesh);
-    CountingFiles counting;
+    test::CountingFiles counting;
     EXPECT_TRUE(gsConvertBMFtoSKN(folder.path("mesh.bmf"), folder.path("mesh.skn")));
     EXPECT_LE(counting.traffic.largestRead, 32768U);
     EXPECT_LE(counting.traffic.reads, mesh.size() / 32000 + 2);

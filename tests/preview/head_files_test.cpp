@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "foundation/game.h"
-#include "support/error_recorder.h"
+#include "support/faulty_files.h"
+#include "support/game_files.h"
 #include "support/mesh_files.h"
-#include "support/test_folder.h"
 #include "support/user_file_builder.h"
 #include "system/files.h"
 #include "system/runtime_error.h"
@@ -14,17 +14,12 @@
 namespace marlowick {
 namespace {
 
-using test::archiveFile;
 using test::counted;
 using test::integers;
 using test::suitFile;
 
 constexpr const char* kAnimation = "GameData/Animation/Animation.far";
 constexpr const char* kSharedArchive = "ExpansionShared/ExpansionShared.far";
-
-std::string packName(const std::string& number) {
-    return "ExpansionPack" + number + "/ExpansionPack" + number + ".far";
-}
 
 // A mesh with that name and nothing in it, and its text.
 std::string emptyBmf(const std::string& name) {
@@ -34,47 +29,21 @@ std::string emptySkn(const std::string& name) {
     return name + "\r\nx\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n";
 }
 
-// Counts what is opened for reading or writing.
-class OpenedFiles : public FileSystem {
+// Notes what is opened for reading or writing.
+class OpenedFiles : public test::FaultyFiles {
   public:
-    OpenedFiles() : before_(setFileSystem(this)) {}
-    ~OpenedFiles() override { setFileSystem(before_); }
-    OpenedFiles(const OpenedFiles&) = delete;
-    OpenedFiles& operator=(const OpenedFiles&) = delete;
+    OpenedFiles() : FaultyFiles(0, Fault::Fail) {}
 
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
         opened.push_back(path.fileName());
-        return under_.open(path, mode);
+        return FaultyFiles::open(path, mode);
     }
-    std::vector<FolderEntry> list(const Path& folder) override { return under_.list(folder); }
-    bool fileExists(const Path& path) override { return under_.fileExists(path); }
-    bool folderExists(const Path& path) override { return under_.folderExists(path); }
-    std::int64_t length(const Path& path) override { return under_.length(path); }
-    void remove(const Path& path) override { under_.remove(path); }
-    void makeFolder(const Path& path) override { under_.makeFolder(path); }
-    bool isReadOnly(const Path& path) override { return under_.isReadOnly(path); }
-    void clearAttributes(const Path& path) override { under_.clearAttributes(path); }
-    void copyAttributes(const Path& source, const Path& target) override {
-        under_.copyAttributes(source, target);
-    }
-    Path followLinks(const Path& path) override { return under_.followLinks(path); }
-    void rename(const Path& source, const Path& target) override { under_.rename(source, target); }
-    bool canWriteInto(const Path& folder) override { return under_.canWriteInto(folder); }
 
     std::vector<std::string> opened;
-
-  private:
-    FileSystem& under_ = nativeFileSystem();
-    FileSystem* before_;
 };
 
-class HeadFilesTest : public ::testing::Test {
+class HeadFilesTest : public test::GameFilesTest {
   protected:
-    void archive(const std::string& name,
-                 const std::vector<std::pair<std::string, std::string>>& entries) const {
-        folder.write("game/" + name, archiveFile(entries));
-    }
-
     // An archive with the head's suit and its mesh in text form.
     void packWithHead(const std::string& name, const std::string& mesh) const {
         archive(name, {{"head.cmx.bcf", suitFile("head", {{"HEAD", mesh}})},
@@ -90,9 +59,6 @@ class HeadFilesTest : public ::testing::Test {
 
     std::string sknTemp() const { return ProgramFolder.text() + "\\temp\\skntemp.skn"; }
     std::string skinTemp() const { return ProgramFolder.text() + "\\temp\\skintemp.bmp"; }
-
-    test::TestFolder folder;
-    test::ErrorRecorder recorder;
 };
 
 using MeshFileTest = HeadFilesTest;

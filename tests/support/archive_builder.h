@@ -11,7 +11,7 @@ namespace marlowick::test {
 struct ArchiveEntry {
     std::string name;
     std::string data;
-    std::optional<unsigned> secondSize;  // as the first if it isn't told
+    std::optional<unsigned> secondSize = {};  // as the first if it isn't told
 
     bool operator==(const ArchiveEntry&) const = default;
 };

@@ -18,13 +18,27 @@ inline void clickLine(QWidget& window, const char* list, const QString& line) {
                       box->visualItemRect(found.first()).center());
 }
 
-// Switches the chooser to the archives.
-inline void lookInArchives(QWidget& chooser) {
+// Where the chooser looks for skins: the index of an option.
+inline constexpr int kFolder = 0;
+inline constexpr int kArchives = 1;
+
+inline QRadioButton* sourceOption(QWidget& chooser, int index) {
     for (auto* option : chooser.findChildren<QRadioButton*>("optMode")) {
-        if (option->property("Index") == 1) {
-            QTest::mouseClick(option, Qt::LeftButton, Qt::NoModifier, {6, 6});
+        if (option->property("Index") == index) {
+            return option;
         }
     }
+    qFatal("no option of that index");
+    return nullptr;
+}
+
+// Switches the chooser to the folders or to the archives.
+inline void lookIn(QWidget& chooser, int index) {
+    QTest::mouseClick(sourceOption(chooser, index), Qt::LeftButton, Qt::NoModifier, {6, 6});
+}
+
+inline void lookInArchives(QWidget& chooser) {
+    lookIn(chooser, kArchives);
 }
 
 // Clicks a cell of the chooser's page, counted from 0.

@@ -39,18 +39,4 @@ std::string suitFile(const std::string& name,
     return bytes + integers({15});
 }
 
-std::string archiveFile(const std::vector<std::pair<std::string, std::string>>& entries) {
-    std::string data;
-    std::string records;
-    for (const auto& [name, content] : entries) {
-        const auto size = static_cast<unsigned>(content.size());
-        records += little32(size) + little32(size) +
-                   little32(16 + static_cast<unsigned>(data.size())) +
-                   little32(static_cast<unsigned>(name.size())) + name;
-        data += content;
-    }
-    return "FAR!byAZ" + little32(1) + little32(16 + static_cast<unsigned>(data.size())) + data +
-           little32(static_cast<unsigned>(entries.size())) + records;
-}
-
 }  // namespace marlowick::test

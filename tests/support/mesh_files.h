@@ -1,4 +1,4 @@
-// Small writers of meshes, suits and archives for tests, independent of the program's own readers.
+// Small writers of meshes and suits for tests, independent of the program's own readers.
 #pragma once
 
 #include <initializer_list>
@@ -17,8 +17,5 @@ std::string floats(std::initializer_list<float> values);
 // A suit file: its name and the rows of bone and mesh.
 std::string suitFile(const std::string& name,
                      const std::vector<std::pair<std::string, std::string>>& rows);
-
-// An archive of names and their data, the directory behind the data.
-std::string archiveFile(const std::vector<std::pair<std::string, std::string>>& entries);
 
 }  // namespace marlowick::test
