@@ -102,7 +102,7 @@ void frmSelectSkin::buildControls() {
     ChosenFile = {};
     ChosenIndex = 0;
     BlinkPhase = false;
-    activating_ = false;
+    activated_ = false;
     setEscapeButton(ui->cmdCancel);
     connectControls();
 }
@@ -156,11 +156,11 @@ void frmSelectSkin::Form_Load() {
 }
 
 void frmSelectSkin::Form_Activate() {
-    // A report that comes up in here activates the window too when it closes: once is enough.
-    if (activating_) {
+    // Reports are all that opens over this window. One that closes leaves everything as it is.
+    if (activated_) {
         return;
     }
-    activating_ = true;
+    activated_ = true;
     showCaption();
     if (SelectMode == kSelectHand) {
         ui->lblBody->hide();
@@ -178,7 +178,6 @@ void frmSelectSkin::Form_Activate() {
     if (!ui->optMode0->isChecked() && !ui->optMode1->isChecked()) {
         ui->optMode0->setChecked(true);
     }
-    activating_ = false;
 }
 
 void frmSelectSkin::showCaption() {

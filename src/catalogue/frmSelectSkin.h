@@ -113,7 +113,7 @@ class frmSelectSkin : public ModalForm {
     Path ChosenFile;
     std::int32_t ChosenIndex = 0;
     bool BlinkPhase = false;
-    bool activating_ = false;
+    bool activated_ = false;  // in this showing
 };
 
 }  // namespace marlowick

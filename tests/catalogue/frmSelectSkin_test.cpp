@@ -773,20 +773,58 @@ TEST_F(SelectSkinTest, APetsSkinsComeByTheirPrefix) {
     EXPECT_EQ(reply.SelectedSkin, "B001DOG_01,b001dog_coat");
 }
 
-TEST_F(SelectSkinTest, AReportInTheMiddleOfAnActivationStartsNoSecondOne) {
+// Closing the real report window by its frame activates the chooser.
+
+TEST_F(SelectSkinTest, AReportOverTheArchivesHandsLeavesEverythingAsItIs) {
     makeHands(50);
     makeArchive({{"hmfar.bmp", 0xBB0001}});
-    // The real report window: closing it by its frame activates the chooser.
     installErrorWindow();
     open(kSelectHand, [&](QWidget& window) {
         click(window, "cmdNext");
         script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
-        lookIn(window, kArchives);
-        // The hands of the folder are listed again, the source stays.
-        EXPECT_EQ(cellColour(window, 0), 0x200000U + 50);
+        lookIn(window, kArchives);  // its page 2 has no hand
+        EXPECT_TRUE(script.isDone());
         EXPECT_TRUE(sourceOption(window, kArchives)->isChecked());
-        click(window, "cmdCancel");
+        EXPECT_EQ(cellColour(window, 0), 0U);
+        EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
+        click(window, "cmdPrevious");
+        EXPECT_EQ(cellColour(window, 0), 0xBB0001U);
+        folder.write(kTextures, archiveFile({{"hmfar.bmp", "no picture"}}));
+        script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
+        clickCell(window, 0);
+        EXPECT_TRUE(script.isDone());
+        EXPECT_EQ(cellColour(window, 0), 0xBB0001U);
+        EXPECT_TRUE(window.windowTitle().endsWith("FAR Files"));
+        makeArchive({{"hmfar.bmp", 0xBB0002}});
+        clickCell(window, 0);
+        EXPECT_EQ(skinColour(window), 0xBB0002U);
+        click(window, "cmdSelect");
     });
+    EXPECT_EQ(reply.SelectedSkin, "HMFAR");
+    EXPECT_EQ(reply.FarFileIndex, 1);
+}
+
+TEST_F(SelectSkinTest, AReportOverABodysSkinsLeavesItsModelChosen) {
+    makeModel("b001fafit", 60);
+    makeModel("b002fafit", 1);
+    installErrorWindow();
+    open(kSelectSimSkin, [&](QWidget& window) {
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        click(window, "cmdNext");
+        folder.write("game/GameData/Skins/b001fafitlgt_s052.bmp", "no picture");
+        makeModel("b003fafit", 1);
+        script.whenShown("frmErrorDialog", [](QWidget& report) { report.close(); });
+        clickCell(window, 2);
+        EXPECT_TRUE(script.isDone());
+        EXPECT_EQ(models(window), QStringList({"B001FAFIT_01", "B002FAFIT_01"}));
+        EXPECT_EQ(find<QListWidget>(window, "lstModels")->selectedItems().size(), 1);
+        EXPECT_EQ(textOf(window, "txtPageCount"), "Page 2 of 2");
+        EXPECT_EQ(cellColour(window, 2), 0x100000U + 52);
+        EXPECT_TRUE(sourceOption(window, kFolder)->isChecked());
+        click(window, "cmdSelect");
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(reply.SelectedSkin, "B001FAFIT_01,b001fafitlgt_s050");
 }
 
 TEST_F(SelectSkinTest, AnEntryOfMoreThan64MegabytesSpoilsNoSkinBehindIt) {
