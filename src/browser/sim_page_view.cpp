@@ -70,7 +70,8 @@ SimPageView::SimPageView(QWidget* parent) : PictureBox(parent) {
         auto* label = new NameLabel(this);
         label->setObjectName(QStringLiteral("lblSimName"));
         label->setProperty("Index", cell);
-        label->setGeometry(QRect(toPoint(namePosition(cell)), QSize(kNameWidth, kNameHeight)));
+        label->setGeometry(
+            QRect(origin() + toPoint(namePosition(cell)), QSize(kNameWidth, kNameHeight)));
         label->setFont(font);
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);

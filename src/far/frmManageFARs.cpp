@@ -258,7 +258,7 @@ FarSaveProgress frmManageFARs::saveProgress() {
             repaintWindows();
             painted_.start();
         }
-        const QSize size = ui->picStatus->size();
+        const QSize size = ui->picStatus->contentsRect().size();
         const auto width = static_cast<int>(std::int64_t{size.width()} * processed / total);
         ui->picStatus->clear();
         ui->picStatus->fill({0, 0, width, size.height()}, QColor(255, 0, 0));

@@ -5,11 +5,14 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleHints>
+#include <QtMath>
 
 #include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {
+
+constexpr int kBorder = 2;
 
 QRect fittedInto(const QRect& area, QSize size) {
     if (size.width() > area.width() || size.height() > area.height()) {
@@ -17,6 +20,14 @@ QRect fittedInto(const QRect& area, QSize size) {
     }
     return {area.x() + (area.width() - size.width()) / 2,
             area.y() + (area.height() - size.height()) / 2, size.width(), size.height()};
+}
+
+// Its sides are filled, not drawn with a pen: at no scale does one lack a row of pixels then.
+void drawOutline(QPainter& painter, const QRect& box, const QColor& colour) {
+    painter.fillRect(QRect(box.topLeft(), QSize(box.width(), 1)), colour);
+    painter.fillRect(QRect(box.bottomLeft(), QSize(box.width(), 1)), colour);
+    painter.fillRect(QRect(box.topLeft(), QSize(1, box.height())), colour);
+    painter.fillRect(QRect(box.topRight(), QSize(1, box.height())), colour);
 }
 
 }  // namespace
@@ -33,6 +44,7 @@ QImage decodePicture(const Path& path, std::int64_t length) {
 
 PictureBox::PictureBox(QWidget* parent) : QFrame(parent) {
     setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setLineWidth(kBorder);
     setMouseTracking(true);
 }
 
@@ -49,8 +61,10 @@ void PictureBox::setPicture(const QImage& picture) {
 QPixmap& PictureBox::canvas() {
     picture_ = QImage();
     if (canvas_.isNull()) {
-        canvas_ = QPixmap(size() * devicePixelRatio());
-        canvas_.setDevicePixelRatio(devicePixelRatio());
+        const qreal scale = devicePixelRatio();
+        const QSizeF size = QSizeF(contentsRect().size()) * scale;
+        canvas_ = QPixmap(qCeil(size.width()), qCeil(size.height()));
+        canvas_.setDevicePixelRatio(scale);
         canvas_.fill(Qt::transparent);
     }
     return canvas_;
@@ -65,7 +79,8 @@ void PictureBox::clear() {
 }
 
 void PictureBox::paint(const QImage& image, QPoint position) {
-    QPainter(&canvas()).drawImage(position, image);
+    QPainter painter(&canvas());
+    painter.drawImage(position, image);
     update();
 }
 
@@ -85,7 +100,7 @@ void PictureBox::print(const QString& text, QPoint position) {
     QPainter painter(&canvas());
     painter.setFont(font());
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(QRect(position, size()), Qt::AlignLeft | Qt::AlignTop, text);
+    painter.drawText(QRect(position, page().size()), Qt::AlignLeft | Qt::AlignTop, text);
     update();
 }
 
@@ -94,17 +109,23 @@ QImage PictureBox::painted() const {
 }
 
 void PictureBox::outline(const QRect& box, const QColor& colour) {
+    removeOutline(box);
+    outlines_.append({box, colour});
+}
+
+void PictureBox::removeOutline(const QRect& box) {
     outlines_.removeIf([&](const Outline& old) { return old.box == box; });
-    if (colour != buttonFace()) {
-        outlines_.append({box, colour});
-    }
-    update(box.adjusted(-1, -1, 1, 1));
+    update(box.translated(origin()));
 }
 
 void PictureBox::frame(const QRect& cell, bool visible) {
-    const QColor colour = visible ? QColor(Qt::white) : buttonFace();
-    outline(cell, colour);
-    outline(cell.adjusted(1, 1, -1, -1), colour);
+    for (const QRect& box : {cell, cell.adjusted(1, 1, -1, -1)}) {
+        if (visible) {
+            outline(box, Qt::white);
+        } else {
+            removeOutline(box);
+        }
+    }
 }
 
 QColor PictureBox::outlineAt(const QRect& box) const {
@@ -116,50 +137,51 @@ QColor PictureBox::outlineAt(const QRect& box) const {
     return {};
 }
 
-void PictureBox::clearOutlines() {
-    outlines_.clear();
-    update();
-}
-
-QColor PictureBox::buttonFace() const {
-    return palette().color(QPalette::Button);
-}
-
 void PictureBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(rect(), buttonFace());
+    painter.fillRect(rect(), palette().color(QPalette::Button));
+    painter.setClipRect(contentsRect());
+    painter.translate(origin());
     if (!picture_.isNull()) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(fittedInto(contentsRect(), picture_.size()), picture_);
-    }
-    if (!canvas_.isNull()) {
+        painter.drawImage(fittedInto(page(), picture_.size()), picture_);
+    } else if (!canvas_.isNull()) {
         painter.drawPixmap(0, 0, canvas_);
     }
     for (const Outline& outline : outlines_) {
-        painter.setPen(outline.colour);
-        painter.drawRect(outline.box.adjusted(0, 0, -1, -1));
+        drawOutline(painter, outline.box, outline.colour);
     }
     painter.end();
     QFrame::paintEvent(event);
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
+    const QPoint position = event->position().toPoint() - origin();
+    if (!page().contains(position)) {
+        return;
+    }
     if (focusPolicy() != Qt::NoFocus) {
         setFocus(Qt::MouseFocusReason);
     }
-    pressed_ = event->position().toPoint();
-    Q_EMIT mouseDown(*pressed_);
+    pressed_ = position;
+    Q_EMIT mouseDown(position);
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    Q_EMIT mouseMoved(event->position().toPoint());
+    const QPoint position = event->position().toPoint() - origin();
+    if (page().contains(position) || event->buttons() != Qt::NoButton) {
+        Q_EMIT mouseMoved(position);
+    }
 }
 
 void PictureBox::mouseDoubleClickEvent(QMouseEvent* event) {
     // The second press of a double click is no further mouse down: the first one has selected.
     // Unless that one was thrown away or fell on another window.
     const int reach = 2 * QGuiApplication::styleHints()->mouseDoubleClickDistance();
-    const QPoint position = event->position().toPoint();
+    const QPoint position = event->position().toPoint() - origin();
+    if (!page().contains(position)) {
+        return;
+    }
     if (!pressed_ || (position - *pressed_).manhattanLength() > reach) {
         mousePressEvent(event);
         return;

@@ -1,6 +1,7 @@
 // The picture control. It shows a loaded picture, or an image that is painted on
 // it piece by piece and kept, and draws outlines on top that aren't kept. All
-// positions are device-independent pixels from the upper left corner, from 0.
+// positions are device-independent pixels from the first one inside its border,
+// which is two pixels wide, from 0.
 #pragma once
 
 #include <QColor>
@@ -39,17 +40,19 @@ class PictureBox : public QFrame, public PictureTarget {
     // What has been painted, at its natural size.
     QImage painted() const;
 
-    // Draws an unfilled box on top, in place of one that lies at the same place. A box in the
-    // button-face colour just goes.
+    // Draws an unfilled box on top, in place of one that lies at the same place.
     void outline(const QRect& box, const QColor& colour);
+    void removeOutline(const QRect& box);
     // Draws two boxes, one just inside the other, in white, or takes them away: the frame of a
     // chosen cell.
     void frame(const QRect& cell, bool visible);
     QColor outlineAt(const QRect& box) const;  // invalid if there is none
-    void clearOutlines();
-    QColor buttonFace() const;
+
+    // Where (0, 0) lies in the control, for what is laid over it.
+    QPoint origin() const { return contentsRect().topLeft(); }
 
   Q_SIGNALS:
+    // What happens on the border is nothing; but a move with a button held counts everywhere.
     void mouseDown(QPoint position);
     void mouseMoved(QPoint position);
     void doubleClicked();
@@ -70,6 +73,7 @@ class PictureBox : public QFrame, public PictureTarget {
         QColor colour;
     };
     QPixmap& canvas();
+    QRect page() const { return {QPoint(0, 0), contentsRect().size()}; }
 
     QImage picture_;
     QPixmap canvas_;

@@ -43,6 +43,8 @@ using test::textOf;
 const std::string kSkins = "game/GameData/Skins/";
 const std::string kTextures = "game/GameData/Textures/Textures.far";
 
+constexpr int kBorder = 2;  // of a picture box
+
 std::string numbered(const std::string& name, int number) {
     const std::string digits = std::to_string(number);
     return name + std::string(3 - digits.size(), '0') + digits;
@@ -360,15 +362,34 @@ TEST_F(SelectSkinTest, AClickOnAnEmptyCellMovesTheFrameAlone) {
     EXPECT_EQ(reply.LoadSkinFile, skinPath("b001fafitlgt_s002.bmp"));
 }
 
-TEST_F(SelectSkinTest, TheBorderBeyondTheSeventhColumnIsTheNextRow) {
+TEST_F(SelectSkinTest, ThePixelBeyondTheSeventhColumnIsTheNextRow) {
     makeModel("b001fafit", 10);
     open(kSelectSimSkin, [](QWidget& window) {
         clickLine(window, "lstModels", "B001FAFIT_01");
-        press(window, 475, 10);
+        press(window, kBorder + 475, 10);
         EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s007");
-        press(window, 477, 10);
+        press(window, kBorder + 476, 10);
         EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s008");
         EXPECT_EQ(framedCell(window), 7);
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(SelectSkinTest, TheFirstPixelOfTheFirstCellLiesInsideTheBorderAndTheBorderIsNotThePage) {
+    makeModel("b001fafit", 10);
+    open(kSelectSimSkin, [](QWidget& window) {
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        press(window, kBorder + 67, kBorder + 67);
+        EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s001");
+        press(window, kBorder + 68, kBorder + 67);
+        EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s002");
+        for (const QPoint edge : {QPoint(30, 1), QPoint(1, 30), QPoint(479, 30), QPoint(30, 479)}) {
+            press(window, edge.x(), edge.y());
+            EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s002");
+        }
+        EXPECT_EQ(framedCell(window), 1);
+        press(window, kBorder, kBorder);
+        EXPECT_EQ(textOf(window, "txtSkinName"), "b001fafitlgt_s001");
         click(window, "cmdCancel");
     });
 }

@@ -487,8 +487,8 @@ TEST_F(ManageFARsTest, ARedBarGrowsWhileItSaves) {
         click(window, "cmdSave");
         EXPECT_TRUE(watcher.wasVisible);
         EXPECT_TRUE(watcher.wasBusy);
-        const int width = bar->width() * 3 / 4;
-        const int bottom = bar->height() - 1;
+        const int width = bar->contentsRect().width() * 3 / 4;
+        const int bottom = bar->contentsRect().height() - 1;
         EXPECT_EQ(watcher.painted.pixel(0, 0), 0xFFFF0000U);
         EXPECT_EQ(watcher.painted.pixel(width - 1, bottom), 0xFFFF0000U);
         EXPECT_NE(watcher.painted.pixel(width, bottom), 0xFFFF0000U);

@@ -1,0 +1,165 @@
+// The two pages of 49 and the large pictures beside them, as they are seen: what lies at their
+// edges, and whether the chosen cell and the names stand out from the ground. CMakeLists.txt runs
+// these tests on finer screens too.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <algorithm>
+#include <cmath>
+
+#include "browser/frmMain.h"
+#include "catalogue/frmSelectSkin.h"
+#include "catalogue/model_catalogue.h"
+#include "support/chooser_driver.h"
+#include "support/user_file_builder.h"
+#include "support/window_driver.h"
+#include "widgets/picture_box.h"
+
+namespace marlowick {
+namespace {
+
+using test::bitmapFile;
+using test::clickLine;
+using test::find;
+
+constexpr int kBorder = 2;
+constexpr QRgb kWhite = 0xFFFFFFFF;
+
+// A control as it is painted, on whatever screen.
+class Seen {
+  public:
+    explicit Seen(QWidget* control) : image_(control->grab().toImage()) {}
+
+    // The pixels of an area, which is told in pixels of the control.
+    std::vector<QRgb> pixels(const QRect& area) const {
+        const qreal scale = image_.devicePixelRatio();
+        const auto fine = [&](int position) {
+            return static_cast<int>(std::lround(position * scale));
+        };
+        std::vector<QRgb> found;
+        for (int y = fine(area.top()); y < fine(area.bottom() + 1); ++y) {
+            for (int x = fine(area.left()); x < fine(area.right() + 1); ++x) {
+                found.push_back(image_.pixel(x, y));
+            }
+        }
+        return found;
+    }
+
+    bool isAll(QRgb colour, const QRect& area) const {
+        const std::vector<QRgb> found = pixels(area);
+        return std::all_of(found.begin(), found.end(), [&](QRgb pixel) { return pixel == colour; });
+    }
+
+    bool hasNone(QRgb colour, const QRect& area) const {
+        const std::vector<QRgb> found = pixels(area);
+        return std::find(found.begin(), found.end(), colour) == found.end();
+    }
+
+  private:
+    QImage image_;
+};
+
+QRect onPage(const QRect& area) {
+    return area.translated(kBorder, kBorder);
+}
+
+class PagesTest : public test::WindowTest {
+  protected:
+    PagesTest() {
+        resetModelCatalogue();
+        test::installGame(folder);
+    }
+    ~PagesTest() override { resetModelCatalogue(); }
+
+    // The window on a sim whose portrait has one colour.
+    frmMain& showMain() {
+        folder.write(
+            "game/UserData/Characters/user00001.iff",
+            test::fileHead(0) + test::segment("OBJD", 1, 1, "user00001 - Mara", "") +
+                test::segment("CTSS", 2000, 16, "", test::stringTable({"Mara Quill"})) +
+                test::segment("STR#", 200, 16, "", test::stringTable(test::simRows({}))) +
+                test::segment("BMP_", 5000, 16, "web_image", bitmapFile(45, 45, 0xFF0000)));
+        auto& window = theWindow<frmMain>();
+        window.showMain();
+        auto* list = find<QListWidget>(window, "lstUserDataDir");
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          list->visualItemRect(list->item(0)).center());
+        return window;
+    }
+
+    // The chooser on a body with one skin of the size of picSkin's page.
+    void openChooser(std::function<void(QWidget&)> action) {
+        folder.write("game/GameData/Skins/b001fafit_01.cmx", "");
+        folder.write("game/GameData/Skins/b001fafitlgt_a.bmp", bitmapFile(257, 257, 0x0000FF));
+        auto& chooser = theWindow<frmSelectSkin>();
+        chooser.SkinData = "falgtfitB";
+        chooser.SelectMode = kSelectSimSkin;
+        chooser.HandMode = false;
+        ChosenSkin reply;
+        script.whenShown("frmSelectSkin", std::move(action));
+        chooser.choose(reply);
+        EXPECT_TRUE(script.isDone());
+    }
+
+    // Waits until the frame of cell 0 shows or is wiped.
+    static void waitForFrame(PictureBox* page, bool visible) {
+        for (int i = 0; i < 200 && page->outlineAt({0, 0, 68, 68}).isValid() != visible; ++i) {
+            QTest::qWait(10);
+        }
+        ASSERT_EQ(page->outlineAt({0, 0, 68, 68}).isValid(), visible);
+    }
+
+    // The frame of cell 0 lies inside the border: every pixel of its four sides is white.
+    static void expectWholeFrame(PictureBox* page) {
+        EXPECT_EQ(page->size(), QSize(481, 481));
+        waitForFrame(page, true);
+        const Seen seen(page);
+        for (const QRect& side :
+             {QRect(0, 0, 68, 2), QRect(0, 66, 68, 2), QRect(0, 0, 2, 68), QRect(66, 0, 2, 68)}) {
+            EXPECT_TRUE(seen.isAll(kWhite, onPage(side))) << side.x() << "," << side.y();
+        }
+        EXPECT_TRUE(seen.hasNone(kWhite, QRect(0, 0, 70, 2)));
+        EXPECT_TRUE(seen.hasNone(kWhite, QRect(0, 0, 2, 70)));
+        waitForFrame(page, false);
+        const Seen wiped(page);
+        EXPECT_TRUE(wiped.hasNone(kWhite, onPage({0, 0, 68, 2})));
+        EXPECT_TRUE(wiped.hasNone(kWhite, onPage({0, 0, 2, 68})));
+    }
+
+    // What is painted on a box of that size in a colour reaches its first and its last pixels.
+    static void expectPainted(QWidget* box, QRgb colour, const QRect& area) {
+        EXPECT_TRUE(Seen(box).isAll(colour, onPage(area))) << box->objectName().toStdString();
+    }
+};
+
+TEST_F(PagesTest, TheSimsFrameAndPortraitsAreSeenToTheirFirstPixels) {
+    frmMain& window = showMain();
+    expectWholeFrame(find<PictureBox>(window, "picThumbs"));
+    expectPainted(find<PictureBox>(window, "picThumbs"), 0xFFFF0000, {11, 2, 45, 45});
+    auto* sim = find<PictureBox>(window, "picSim");
+    EXPECT_EQ(sim->size(), QSize(261, 261));
+    expectPainted(sim, 0xFFFF0000, {0, 0, 45, 45});
+}
+
+TEST_F(PagesTest, TheSkinsFrameAndTheLargePictureAreSeenToTheirFirstPixels) {
+    openChooser([](QWidget& window) {
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        expectWholeFrame(find<PictureBox>(window, "picThumbs"));
+        expectPainted(find<PictureBox>(window, "picThumbs"), 0xFF0000FF, {2, 2, 64, 64});
+        auto* skin = find<PictureBox>(window, "picSkin");
+        EXPECT_EQ(skin->size(), QSize(261, 261));
+        expectPainted(skin, 0xFF0000FF, {0, 0, 257, 257});
+        test::click(window, "cmdCancel");
+    });
+}
+
+TEST_F(PagesTest, ANameLiesWhereItsCellIs) {
+    frmMain& window = showMain();
+    for (const QLabel* label : window.findChildren<QLabel*>("lblSimName")) {
+        const int cell = label->property("Index").toInt();
+        EXPECT_EQ(label->geometry(), onPage({cell % 7 * 68 + 2, cell / 7 * 68 + 48, 64, 20}));
+    }
+}
+
+}  // namespace
+}  // namespace marlowick
