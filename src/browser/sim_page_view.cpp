@@ -7,6 +7,7 @@
 #include "browser/sim_page.h"
 #include "catalogue/thumbnail_page_view.h"
 #include "widgets/display_text.h"
+#include "widgets/look.h"
 
 namespace marlowick {
 namespace {
@@ -65,6 +66,7 @@ QStringList nameLines(const QString& name, const QFontMetrics& metrics) {
 }
 
 SimPageView::SimPageView(QWidget* parent) : PictureBox(parent) {
+    colourPage(*this);
     const QFont font = nameFont();
     for (int cell = 0; cell < page::kCells; ++cell) {
         auto* label = new NameLabel(this);

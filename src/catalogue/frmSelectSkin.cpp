@@ -103,6 +103,7 @@ void frmSelectSkin::buildControls() {
     ChosenIndex = 0;
     BlinkPhase = false;
     activated_ = false;
+    colourPage(*ui->picThumbs);
     setEscapeButton(ui->cmdCancel);
     connectControls();
 }
@@ -174,6 +175,7 @@ void frmSelectSkin::Form_Activate() {
             msGetFilteredModelList();
         }
         msFillModelList();
+        ui->picThumbs->setEmptyText(emptyPageText());
     }
     if (!ui->optMode0->isChecked() && !ui->optMode1->isChecked()) {
         ui->optMode0->setChecked(true);
@@ -289,6 +291,19 @@ void frmSelectSkin::showPageCount(int entries) {
     ui->txtPageCount->setToolTip(text);
 }
 
+QString frmSelectSkin::emptyPageText() const {
+    const QString place = FarMode ? QStringLiteral("FAR files") : QStringLiteral("skins folder");
+    if (SelectMode == kSelectHand) {
+        return QStringLiteral("There is no hand skin in the %1.").arg(place);
+    }
+    if (ModelList.bound() == 0) {
+        return QStringLiteral("There is no body of this kind to choose.");
+    }
+    return ui->lstModels->line().empty()
+               ? QStringLiteral("Click a body in the list first.")
+               : QStringLiteral("No skin in the %1 fits this body.").arg(place);
+}
+
 void frmSelectSkin::chooseFile(const Path& file) {
     ui->picSkin->load(file);
     ChosenFile = file;
@@ -374,6 +389,7 @@ void frmSelectSkin::paint(SkinPage kind) {
     trapped("frmSelectSkin", painterOf(kind), [&] {
         CheckpointNumber = 1000;
         const int size = kind == SkinPage::Archives ? FarSkins.bound() : SkinFiles.bound();
+        ui->picThumbs->setEmptyText(size == 0 ? emptyPageText() : QString());
         ui->picThumbs->clear();
         if (size == 0) {
             return;

@@ -85,6 +85,7 @@ class frmSelectSkin : public ModalForm {
     void chooseArchiveSkin(const FarSkinEntry& skin, const std::string& name);
     // Gives the entry's name.
     static std::string loadOrShowCard(PictureBox& box, const FarSkinEntry& skin);
+    QString emptyPageText() const;
     void showSkinName(const std::string& fileName);
     void showPageCount(int entries);
 

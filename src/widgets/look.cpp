@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QPalette>
 #include <QProxyStyle>
 #include <QStringList>
 #include <QStyleOption>
+#include <QWidget>
 #include <algorithm>
 
 namespace marlowick {
@@ -44,6 +46,10 @@ class PlainSelection : public QProxyStyle {
     }
 };
 
+// Letters on a page: names, and in grey what stands where nothing is.
+constexpr QColor kPageInk(0x10, 0x14, 0x18);
+constexpr QColor kPageGrey(0x30, 0x38, 0x40);
+
 }  // namespace
 
 QString styleKey() {
@@ -59,6 +65,18 @@ void applyLook() {
     font.setFamily(family != kFamilies.end() ? *family : kFamilies.first());
     font.setPixelSize(kFontPixels);
     QApplication::setFont(font);
+}
+
+QColor pageGround() {
+    return {0x9F, 0xB0, 0xC0};
+}
+
+void colourPage(QWidget& page) {
+    QPalette colours = page.palette();
+    colours.setColor(QPalette::Button, pageGround());
+    colours.setColor(QPalette::WindowText, kPageInk);
+    colours.setColor(QPalette::PlaceholderText, kPageGrey);
+    page.setPalette(colours);
 }
 
 }  // namespace marlowick

@@ -13,6 +13,8 @@ namespace marlowick {
 namespace {
 
 constexpr int kBorder = 2;
+constexpr int kEmptyTextPixels = 14;
+constexpr int kEmptyTextMargin = 40;
 
 QRect fittedInto(const QRect& area, QSize size) {
     if (size.width() > area.width() || size.height() > area.height()) {
@@ -108,6 +110,12 @@ QImage PictureBox::painted() const {
     return canvas_.toImage();
 }
 
+void PictureBox::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    setAccessibleDescription(text);
+    update();
+}
+
 void PictureBox::outline(const QRect& box, const QColor& colour) {
     removeOutline(box);
     outlines_.append({box, colour});
@@ -147,6 +155,13 @@ void PictureBox::paintEvent(QPaintEvent* event) {
         painter.drawImage(fittedInto(page(), picture_.size()), picture_);
     } else if (!canvas_.isNull()) {
         painter.drawPixmap(0, 0, canvas_);
+    } else if (!emptyText_.isEmpty()) {
+        QFont letters = font();
+        letters.setPixelSize(kEmptyTextPixels);
+        painter.setFont(letters);
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(page().adjusted(kEmptyTextMargin, 0, -kEmptyTextMargin, 0),
+                         Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
     }
     for (const Outline& outline : outlines_) {
         drawOutline(painter, outline.box, outline.colour);

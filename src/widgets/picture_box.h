@@ -10,6 +10,7 @@
 #include <QList>
 #include <QPixmap>
 #include <QRect>
+#include <QString>
 #include <optional>
 
 #include "foundation/picture_target.h"
@@ -39,6 +40,10 @@ class PictureBox : public QFrame, public PictureTarget {
     void print(const QString& text, QPoint position);
     // What has been painted, at its natural size.
     QImage painted() const;
+
+    // What stands in the box while nothing is painted on it.
+    void setEmptyText(const QString& text);
+    const QString& emptyText() const { return emptyText_; }
 
     // Draws an unfilled box on top, in place of one that lies at the same place.
     void outline(const QRect& box, const QColor& colour);
@@ -77,6 +82,7 @@ class PictureBox : public QFrame, public PictureTarget {
 
     QImage picture_;
     QPixmap canvas_;
+    QString emptyText_;
     QList<Outline> outlines_;
     std::optional<QPoint> pressed_;  // the last mouse down on what is shown
 };

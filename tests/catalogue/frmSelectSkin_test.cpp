@@ -137,6 +137,19 @@ class SelectSkinTest : public test::WindowTest {
         return names;
     }
 
+    // Whether something stands in the middle of the page, where no thumbnail is.
+    static bool hasLetters(PictureBox* page) {
+        const QImage image = page->grab(QRect(30, 210, 420, 60)).toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) != image.pixel(0, 0)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
     // The cell that is framed, as soon as its frame shows; -1 if none comes.
     static int framedCell(QWidget& window) {
         auto* box = find<PictureBox>(window, "picThumbs");
@@ -1036,6 +1049,49 @@ TEST_F(SelectSkinTest, ABitmapIsNotMadeWholeByTheOneBeforeIt) {
         ASSERT_EQ(recorder.reports().size(), 1U);
         EXPECT_EQ(recorder.reports()[0].number, 481);
         EXPECT_EQ(skinColour(window), 0xCC0001U);
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(SelectSkinTest, AnEmptyPageSaysWhatIsToBeDone) {
+    makeModel("b001fafit", 1);
+    folder.write(kSkins + "b002fafit_01.cmx", "");
+    open(kSelectSimSkin, [](QWidget& window) {
+        auto* page = find<PictureBox>(window, "picThumbs");
+        EXPECT_EQ(page->emptyText(), "Click a body in the list first.");
+        EXPECT_TRUE(hasLetters(page));
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        EXPECT_EQ(page->emptyText(), "");
+        EXPECT_FALSE(hasLetters(page));
+        clickLine(window, "lstModels", "B002FAFIT_01");
+        EXPECT_EQ(page->emptyText(), "No skin in the skins folder fits this body.");
+        EXPECT_TRUE(hasLetters(page));
+        lookIn(window, kArchives);
+        EXPECT_EQ(page->emptyText(), "No skin in the FAR files fits this body.");
+        EXPECT_EQ(page->accessibleDescription(), page->emptyText());
+        click(window, "cmdCancel");
+    });
+    open(
+        kSelectSimSkin,
+        [](QWidget& window) {
+            EXPECT_EQ(find<PictureBox>(window, "picThumbs")->emptyText(),
+                      "There is no body of this kind to choose.");
+            click(window, "cmdCancel");
+        },
+        "malgtfitB");
+}
+
+TEST_F(SelectSkinTest, APageWithoutHandsSaysSo) {
+    open(kSelectHand, [this](QWidget& window) {
+        auto* page = find<PictureBox>(window, "picThumbs");
+        EXPECT_EQ(page->emptyText(), "There is no hand skin in the skins folder.");
+        EXPECT_TRUE(hasLetters(page));
+        lookIn(window, kArchives);
+        EXPECT_EQ(page->emptyText(), "There is no hand skin in the FAR files.");
+        makeHands(1);
+        lookIn(window, kFolder);
+        EXPECT_EQ(page->emptyText(), "");
+        EXPECT_FALSE(hasLetters(page));
         click(window, "cmdCancel");
     });
 }

@@ -131,6 +131,22 @@ TEST_F(PictureBoxTest, WhatIsLaidOverItBeginsAtTheSamePixel) {
     EXPECT_EQ(box.origin(), QPoint(kBorder, kBorder));
 }
 
+TEST_F(PictureBoxTest, TheTextOfAnEmptyBoxGoesWithTheFirstPainting) {
+    const QImage blank = look();
+    box.setEmptyText("Nothing");
+    EXPECT_EQ(box.accessibleDescription(), "Nothing");
+    const QImage text = look();
+    EXPECT_FALSE(text == blank);
+    box.fill({0, 0, 1, 1}, box.palette().color(QPalette::Button));
+    EXPECT_TRUE(look() == blank);
+    box.clear();
+    EXPECT_TRUE(look() == text);
+    QImage picture(1, 1, QImage::Format_RGB32);
+    picture.fill(box.palette().color(QPalette::Button));
+    box.setPicture(picture);
+    EXPECT_TRUE(look() == blank);
+}
+
 TEST_F(PictureBoxTest, OnlyAWholeBitmapIsLoaded) {
     const test::TestFolder folder;
     const std::string bitmap = test::bitmapFile(3, 2, 0xFF0000);

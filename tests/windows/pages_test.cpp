@@ -3,6 +3,7 @@
 // these tests on finer screens too.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLabel>
 #include <algorithm>
 #include <cmath>
@@ -58,6 +59,22 @@ class Seen {
   private:
     QImage image_;
 };
+
+// The contrast of two colours by the formula of the Web Content Accessibility Guidelines: 1 for the
+// same, 21 for black on white.
+double brightness(QRgb colour) {
+    const auto part = [](int value) {
+        const double share = value / 255.0;
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) +
+           0.0722 * part(qBlue(colour));
+}
+
+double contrast(QRgb one, QRgb other) {
+    const auto [darker, lighter] = std::minmax({brightness(one), brightness(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
 
 QRect onPage(const QRect& area) {
     return area.translated(kBorder, kBorder);
@@ -126,6 +143,31 @@ class PagesTest : public test::WindowTest {
         EXPECT_TRUE(wiped.hasNone(kWhite, onPage({0, 0, 2, 68})));
     }
 
+    // The frame of a cell stands out from the ground beside it, and what wipes it is the ground.
+    static void expectPlainFrame(PictureBox* page) {
+        const QRect line(6 * 68 + 10, 6 * 68, 20, 2);  // of the last cell
+        const QRect empty(6 * 68 + 10, 6 * 68 + 20, 20, 2);
+        const QRgb ground = Seen(page).pixels(onPage(empty)).front();
+        EXPECT_TRUE(Seen(page).isAll(ground, onPage(line)));
+        page->frame({6 * 68, 6 * 68, 68, 68}, true);
+        const QRgb frame = Seen(page).pixels(onPage(line)).front();
+        EXPECT_EQ(frame, kWhite);
+        EXPECT_GE(contrast(frame, ground), 2.0);
+        page->frame({6 * 68, 6 * 68, 68, 68}, false);
+        EXPECT_TRUE(Seen(page).isAll(ground, onPage(line)));
+    }
+
+    // Letters, the darkest pixels of an area, can be read on the ground.
+    static void expectReadable(PictureBox* page, const QRect& area) {
+        const Seen seen(page);
+        const std::vector<QRgb> found = seen.pixels(onPage(area));
+        const QRgb letters = *std::min_element(
+            found.begin(), found.end(),
+            [](QRgb one, QRgb other) { return brightness(one) < brightness(other); });
+        const QRgb ground = seen.pixels(onPage({area.topLeft(), QSize(1, 1)})).front();
+        EXPECT_GE(contrast(letters, ground), 4.5);
+    }
+
     // What is painted on a box of that size in a colour reaches its first and its last pixels.
     static void expectPainted(QWidget* box, QRgb colour, const QRect& area) {
         EXPECT_TRUE(Seen(box).isAll(colour, onPage(area))) << box->objectName().toStdString();
@@ -151,6 +193,35 @@ TEST_F(PagesTest, TheSkinsFrameAndTheLargePictureAreSeenToTheirFirstPixels) {
         expectPainted(skin, 0xFF0000FF, {0, 0, 257, 257});
         test::click(window, "cmdCancel");
     });
+}
+
+TEST_F(PagesTest, TheChosenSimAndTheNamesArePlainToSee) {
+    auto* page = find<PictureBox>(showMain(), "picThumbs");
+    expectPlainFrame(page);
+    expectReadable(page, {3, 49, 62, 16});
+}
+
+TEST_F(PagesTest, TheChosenSkinAndTheTextOfTheEmptyPageArePlainToSee) {
+    openChooser([](QWidget& window) {
+        auto* page = find<PictureBox>(window, "picThumbs");
+        expectReadable(page, {40, 218, 397, 40});
+        clickLine(window, "lstModels", "B001FAFIT_01");
+        expectPlainFrame(page);
+        test::click(window, "cmdCancel");
+    });
+}
+
+// Whatever the desktop's colours are: names stay dark on their ground.
+TEST_F(PagesTest, ADarkDesktopChangesNothingOnThePages) {
+    const QPalette before = QApplication::palette();
+    QPalette dark = before;
+    dark.setColor(QPalette::WindowText, Qt::white);
+    dark.setColor(QPalette::Button, Qt::black);
+    QApplication::setPalette(dark);
+    auto* page = find<PictureBox>(showMain(), "picThumbs");
+    expectPlainFrame(page);
+    expectReadable(page, {3, 49, 62, 16});
+    QApplication::setPalette(before);
 }
 
 TEST_F(PagesTest, ANameLiesWhereItsCellIs) {
