@@ -14,7 +14,7 @@ QImage notFoundCard() {
         {256, 256},
         QStringLiteral("The bitmap can not be displayed.\n\nIt was not found, is compressed or is "
                        "invalid."),
-        16);
+        16, QStringLiteral("Bitmap can not be displayed"));
 }
 
 QImage webNotFoundCard() {

@@ -8,6 +8,7 @@
 #include <QtMath>
 
 #include "system/runtime_error.h"
+#include "widgets/stock_pictures.h"
 
 namespace marlowick {
 namespace {
@@ -82,14 +83,14 @@ void PictureBox::clear() {
 
 void PictureBox::paint(const QImage& image, QPoint position) {
     QPainter painter(&canvas());
-    painter.drawImage(position, image);
+    drawPicture(painter, QRect(position, image.size()), image);
     update();
 }
 
 void PictureBox::paintScaled(const QImage& image, const QRect& target) {
     QPainter painter(&canvas());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(target, image);
+    drawPicture(painter, target, image);
     update();
 }
 
@@ -152,7 +153,7 @@ void PictureBox::paintEvent(QPaintEvent* event) {
     painter.translate(origin());
     if (!picture_.isNull()) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(fittedInto(page(), picture_.size()), picture_);
+        drawPicture(painter, fittedInto(page(), picture_.size()), picture_);
     } else if (!canvas_.isNull()) {
         painter.drawPixmap(0, 0, canvas_);
     } else if (!emptyText_.isEmpty()) {
@@ -183,10 +184,7 @@ void PictureBox::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    const QPoint position = event->position().toPoint() - origin();
-    if (page().contains(position) || event->buttons() != Qt::NoButton) {
-        Q_EMIT mouseMoved(position);
-    }
+    Q_EMIT mouseMoved(event->position().toPoint() - origin());
 }
 
 void PictureBox::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -26,7 +26,7 @@ class PictureBox : public QFrame, public PictureTarget {
     explicit PictureBox(QWidget* parent = nullptr);
 
     // The loaded picture: shown whole, in the middle, made smaller only if it is larger than the
-    // control. A null image blanks the control.
+    // control; a card is laid out anew for the room that it has. A null image blanks the control.
     using PictureTarget::load;
     void load(const Path& path, std::int64_t length) override;
     void setPicture(const QImage& picture);
@@ -57,7 +57,7 @@ class PictureBox : public QFrame, public PictureTarget {
     QPoint origin() const { return contentsRect().topLeft(); }
 
   Q_SIGNALS:
-    // What happens on the border is nothing; but a move with a button held counts everywhere.
+    // A press on the border is none. Moves count on it and, while a button is held, beyond it.
     void mouseDown(QPoint position);
     void mouseMoved(QPoint position);
     void doubleClicked();

@@ -348,7 +348,7 @@ TEST_F(SelectSkinTest, TheFrameBlinksAroundCellZeroFromTheStart) {
 TEST_F(SelectSkinTest, APressLeftOfTheFirstCellChoosesNothing) {
     makeModel("b001fafit", 3);
     open(kSelectSimSkin, [](QWidget& window) {
-        pickModel(window, "B001FAFIT_01");
+        clickLine(window, "lstModels", "B001FAFIT_01");
         auto* box = find<PictureBox>(window, "picThumbs");
         const QPoint position(-3, 30);
         QMouseEvent press(QEvent::MouseButtonPress, position, box->mapToGlobal(position),

@@ -114,7 +114,7 @@ TEST_F(PictureBoxTest, ADoubleClickOnTheBorderIsNone) {
     EXPECT_EQ(presses.size(), 1);
 }
 
-TEST_F(PictureBoxTest, MovesWithAButtonHeldCountBeyondThePage) {
+TEST_F(PictureBoxTest, MovesCountOnTheBorderAndBeyondIt) {
     QSignalSpy moves(&box, &PictureBox::mouseMoved);
     const auto moveTo = [&](QPoint position, Qt::MouseButtons held) {
         moves.clear();
@@ -124,7 +124,7 @@ TEST_F(PictureBoxTest, MovesWithAButtonHeldCountBeyondThePage) {
     };
     EXPECT_EQ(moveTo({12, 22}, Qt::NoButton), QPoint(10, 20));
     EXPECT_EQ(moveTo({-6, 22}, Qt::LeftButton), QPoint(-8, 20));
-    EXPECT_EQ(moveTo({1, 22}, Qt::NoButton), QPoint(12345, 0));
+    EXPECT_EQ(moveTo({1, 22}, Qt::NoButton), QPoint(-1, 20));
 }
 
 TEST_F(PictureBoxTest, WhatIsLaidOverItBeginsAtTheSamePixel) {
