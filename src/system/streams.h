@@ -3,7 +3,6 @@
 // then fails with 55: that is how one failure shows again.
 #pragma once
 
-#include <compare>
 #include <map>
 #include <memory>
 
@@ -20,7 +19,10 @@ class Slot {
     static constexpr Slot fixed(int number) { return {Set::Fixed, number}; }
     static constexpr Slot free(int number) { return {Set::Free, number}; }
 
-    auto operator<=>(const Slot&) const = default;
+    bool operator==(const Slot&) const = default;
+    bool operator<(const Slot& other) const {
+        return set_ != other.set_ ? set_ < other.set_ : number_ < other.number_;
+    }
 
   private:
     enum class Set { Fixed, Free };
