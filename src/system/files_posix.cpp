@@ -16,7 +16,9 @@
 #include <cstring>
 
 #include "system/files.h"
+#include "system/folder_names_posix.h"
 #include "system/folder_order.h"
+#include "system/held_folder.h"
 #include "system/runtime_error.h"
 
 namespace marlowick {
@@ -57,30 +59,19 @@ std::vector<NativeEntry> readFolder(const std::string& native) {
     return entries;
 }
 
-// The name of an entry of a folder: the wanted one, or one that equals it but for case; empty if
-// none does.
-std::string findIgnoringCase(const std::string& folder, const std::string& wanted) {
-    const std::u16string folded = foldedName(wanted);
-    std::string best;
-    for (const NativeEntry& entry : readFolder(folder)) {
-        if (entry.name == wanted) {
-            return wanted;
-        }
-        if (foldedName(entry.name) == folded && (best.empty() || entry.name < best)) {
-            best = entry.name;
-        }
-    }
-    return best;
+FolderNames& folderNames() {
+    static FolderNames names;
+    return names;
 }
 
 // A name under which the piece of a path can be opened in a folder, which ends in a slash.
 std::string openableName(const std::string& folder, const std::string& piece) {
-    return isPresent(folder + piece) ? piece : findIgnoringCase(folder, piece);
+    return isPresent(folder + piece) ? piece : folderNames().find(folder, piece);
 }
 
 // The name as it is spelled in the folder; one that may not be listed can still be entered.
 std::string spelledName(const std::string& folder, const std::string& piece) {
-    const std::string name = findIgnoringCase(folder, piece);
+    const std::string name = folderNames().find(folder, piece);
     return name.empty() && isPresent(folder + piece) ? piece : name;
 }
 
@@ -314,6 +305,7 @@ class PosixFileSystem : public FileSystem {
         if (::mkdir(native.c_str(), 0777) != 0) {
             throw RuntimeError(errno == ENOENT ? error::kPathNotFound : error::kPathFileAccess);
         }
+        folderNames().added(native);
     }
 
     bool isReadOnly(const Path& path) override {
@@ -367,6 +359,7 @@ class PosixFileSystem : public FileSystem {
         if (std::rename(resolve(source).c_str(), to.c_str()) != 0) {
             fail(errno, to);
         }
+        folderNames().added(to);
         const std::size_t slash = to.rfind('/');
         const std::string folder = slash == std::string::npos ? "." : to.substr(0, slash + 1);
         const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -386,6 +379,9 @@ class PosixFileSystem : public FileSystem {
         if (handle < 0) {
             fail(errno, native);
         }
+        if ((flags & O_CREAT) != 0) {
+            folderNames().added(native);
+        }
         return std::make_unique<PosixFile>(handle, writable);
     }
 };
@@ -393,6 +389,14 @@ class PosixFileSystem : public FileSystem {
 }  // namespace
 
 void keepSystemBoxesAway() {}
+
+HeldFolder::HeldFolder(const Path& folder) {
+    folderNames().hold(resolve(folder));
+}
+
+HeldFolder::~HeldFolder() {
+    folderNames().release();
+}
 
 FileSystem& nativeFileSystem() {
     static PosixFileSystem instance;

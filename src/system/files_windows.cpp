@@ -13,6 +13,7 @@
 #include "system/files.h"
 #include "system/folder_order.h"
 #include "system/game_text.h"
+#include "system/held_folder.h"
 #include "system/runtime_error.h"
 #include "system/windows_text.h"
 
@@ -567,6 +568,10 @@ class WindowsFileSystem : public FileSystem {
 void keepSystemBoxesAway() {
     ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS);
 }
+
+// NTFS is asked for each name, whatever its case.
+HeldFolder::HeldFolder(const Path& /*folder*/) {}
+HeldFolder::~HeldFolder() = default;
 
 FileSystem& nativeFileSystem() {
     static WindowsFileSystem instance;

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "far/far_directory.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
+#include "system/files.h"
 #include "system/runtime_error.h"
 #include "system/streams.h"
 
@@ -99,6 +102,44 @@ TEST_F(FarExtractTest, ANameThatIsNoFileNameNeverLeavesTheFolder) {
         EXPECT_EQ(recorder.reports().back().number, 52) << name;
     }
     EXPECT_FALSE(streams().isOpen(slot::kExtractSource));
+}
+
+#ifndef _WIN32
+// Into a folder of thousands, whose names can't be read for each of them. Windows looks names up by
+// itself.
+TEST_F(FarExtractTest, ExtractsThousandsOneByOneWithoutDelay) {
+    makeArchive("entry1", "x");
+    for (int number = 1; number <= 2000; ++number) {
+        FarEntry entry = directory.Entries[1];
+        entry.FileName = "entry" + std::to_string(number);
+        directory.Entries.append(entry);
+        folder.write("program/temp/ENTRY" + std::to_string(number), "");
+    }
+    const std::clock_t start = std::clock();
+    for (int time = 1; time <= 5; ++time) {
+        for (int number = 2; number <= 2001; ++number) {
+            ASSERT_TRUE(extract(number));
+        }
+    }
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 3);
+    EXPECT_EQ(folder.read("program/temp/ENTRY2000"), "x");
+    EXPECT_EQ(searchFiles(folder.path("program/temp"), "*").size(), 2000U);
+}
+#endif
+
+// However soon another program puts it there.
+TEST_F(FarExtractTest, AFileOfAnotherCaseIsWrittenOver) {
+    makeArchive("first.bmp", "1");
+    EXPECT_TRUE(extract());
+    makeArchive("second.bmp", "2");
+    folder.write("program/temp/SECOND.BMP", "xx");
+    EXPECT_TRUE(extract(2));
+    makeArchive("FIRST.bmp", "3");
+    EXPECT_TRUE(extract(3));
+    EXPECT_EQ(searchFiles(folder.path("program/temp"), "*"),
+              (std::vector<std::string>{"first.bmp", "SECOND.BMP"}));
+    EXPECT_EQ(folder.read("program/temp/SECOND.BMP"), "2x");
+    EXPECT_EQ(folder.read("program/temp/first.bmp"), "3");
 }
 
 TEST_F(FarExtractTest, AnEntryThatDoesNotExistIsAnIndexError) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
 
@@ -28,6 +30,20 @@ TEST_F(FilesTest, WritesOverAFileOfAnotherCase) {
     writeWholeFile(folder.path("program\\Web_Image.Bmp"), "new");
     EXPECT_EQ(folder.read("program/web_image.BMP"), "new");
 }
+
+#ifndef _WIN32
+// Windows looks names up by itself.
+TEST_F(FilesTest, DoesNotReadAFolderAgainForEachNameThatIsNotThere) {
+    for (int i = 0; i < 1500; ++i) {
+        folder.write("game/file" + std::to_string(i), "");
+    }
+    const std::clock_t start = std::clock();
+    for (int i = 0; i < 20000; ++i) {
+        ASSERT_FALSE(files().fileExists(folder.path("game/none" + std::to_string(i))));
+    }
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 3);
+}
+#endif
 
 TEST_F(FilesTest, TreatsADoubledSeparatorAsOne) {
     folder.write("program/temp/a", "x");
