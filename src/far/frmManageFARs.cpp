@@ -15,6 +15,7 @@
 #include "system/disk.h"
 #include "system/files.h"
 #include "system/game_text.h"
+#include "system/held_folder.h"
 #include "ui_frmManageFARs.h"
 #include "widgets/display_text.h"
 #include "widgets/input_guard.h"
@@ -59,7 +60,7 @@ void selectRows(QListWidget* list, const std::vector<int>& rows) {
     list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
-// Whatever becomes of the work, the list shows the rows that the edit has then.
+// Shows what there is to show, whatever becomes of the work.
 void workAndShow(const std::function<void()>& work, const std::function<void()>& show) {
     try {
         work();
@@ -244,27 +245,30 @@ void frmManageFARs::warnIfTooLarge() const {
                 QStringList(std::begin(lines), std::end(lines)).join(QLatin1Char('\n')));
 }
 
-FarSaveProgress frmManageFARs::saveProgress() {
-    const auto paint = [this] {
-        if (painted_.hasExpired(kPaintPause)) {
-            repaintWindows();
-            painted_.restart();
-        }
-    };
-    const auto step = [this, paint](int processed, int total) {
-        if (processed == 0) {
-            setPointer(Pointer::Hourglass);
-            ui->picStatus->show();
-            repaintWindows();
-            painted_.start();
-        }
-        const QSize size = ui->picStatus->contentsRect().size();
-        const auto width = static_cast<int>(std::int64_t{size.width()} * processed / total);
-        ui->picStatus->clear();
-        ui->picStatus->fill({0, 0, width, size.height()}, QColor(255, 0, 0));
-        paint();
-    };
-    return {step, paint};
+void frmManageFARs::showProgress(int processed, int total) {
+    if (processed == 0) {
+        setPointer(Pointer::Hourglass);
+        ui->picStatus->show();
+        repaintWindows();
+        painted_.start();
+    }
+    const QSize size = ui->picStatus->contentsRect().size();
+    const auto width = static_cast<int>(std::int64_t{size.width()} * processed / total);
+    ui->picStatus->clear();
+    ui->picStatus->fill({0, 0, width, size.height()}, QColor(255, 0, 0));
+    paintNowAndThen();
+}
+
+void frmManageFARs::hideProgress() {
+    setPointer(Pointer::Default);
+    ui->picStatus->hide();
+}
+
+void frmManageFARs::paintNowAndThen() {
+    if (painted_.hasExpired(kPaintPause)) {
+        repaintWindows();
+        painted_.restart();
+    }
 }
 
 bool frmManageFARs::mayBeSaved() const {
@@ -302,8 +306,7 @@ void frmManageFARs::msSaveFile() {
         if (!save(target)) {
             return;
         }
-        setPointer(Pointer::Default);
-        ui->picStatus->hide();
+        hideProgress();
         showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
                     QStringLiteral("File Saved."));
     });
@@ -312,7 +315,9 @@ void frmManageFARs::msSaveFile() {
 bool frmManageFARs::save(const Path& target) {
     std::vector<int> selected = selectedRows(ui->lstFiles);
     int current = ui->lstFiles->currentRow();
-    FarSaveProgress progress = saveProgress();
+    FarSaveProgress progress;
+    progress.step = [this](int processed, int total) { showProgress(processed, total); };
+    progress.block = [this] { paintNowAndThen(); };
     progress.replaced = [&, kept = rowsAfterSave(mudtEdit, selected)] {
         showArchive(toDisplay(target));
         selected = kept;
@@ -403,27 +408,29 @@ void frmManageFARs::extractRow(const FarRow& row) {
     gsExtractFile(mudtEdit.mstrFarFile, folder, mudtEdit.mudtFarDir, row.Number);
 }
 
+void frmManageFARs::extractRows(const std::vector<int>& selected) {
+    const InputGuard guard;
+    const HeldFolder held(ui->dirFiles->path());
+    const auto total = static_cast<int>(selected.size());
+    const auto extract = [&] {
+        int processed = 0;
+        for (const int index : selected) {
+            showProgress(processed++, total);
+            const FarRow& row = mudtEdit.Rows[index];
+            if (row.Number > 0) {
+                extractRow(row);
+            }
+        }
+    };
+    workAndShow(extract, [this] { hideProgress(); });
+}
+
 void frmManageFARs::msExtract() {
     trapped("frmManageFARs", "msExtract", [&] {
         if (ui->dirFiles->path().empty()) {
             return;
         }
-        {
-            const InputGuard guard;
-            painted_.start();
-            for (const int selected : selectedRows(ui->lstFiles)) {
-                const FarRow& row = mudtEdit.Rows[selected];
-                if (row.Number > 0) {
-                    setPointer(Pointer::Hourglass);
-                    extractRow(row);
-                }
-                if (painted_.hasExpired(kPaintPause)) {
-                    repaintWindows();
-                    painted_.restart();
-                }
-            }
-            setPointer(Pointer::Default);
-        }
+        extractRows(selectedRows(ui->lstFiles));
         showMessage(QStringLiteral("Marlowick"), MessageIcon::Information, MessageButtons::Ok,
                     QStringLiteral("Files extracted."));
     });

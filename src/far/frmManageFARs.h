@@ -65,7 +65,11 @@ class frmManageFARs : public ModalForm {
     bool mayBeSaved() const;
     // Saves the edit and shows what it is then. False if the reading back has failed.
     bool save(const Path& target);
-    FarSaveProgress saveProgress();
+    // The bar of a command that is under way; processed from 0 to total, which is above 0.
+    void showProgress(int processed, int total);
+    void hideProgress();
+    void paintNowAndThen();
+    void extractRows(const std::vector<int>& selected);
     void extractRow(const FarRow& row);
     void fillDiskSide();
 

@@ -50,6 +50,41 @@ void doubleClick(QWidget& window, const QString& name) {
                        folders->visualItemRect(item).center());
 }
 
+// Looks at the bar when a file is opened.
+class BarWatcher : public test::FaultyFiles {
+  public:
+    BarWatcher(const PictureBox& bar, std::string file)
+        : FaultyFiles(0, Fault::Fail), bar_(bar), file_(std::move(file)) {}
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        if (path.fileName() == file_) {
+            wasVisible = bar_.isVisible();
+            wasBusy = pointerIsBusy();
+            painted = bar_.painted();
+        }
+        return FaultyFiles::open(path, mode);
+    }
+
+    bool wasVisible = false;
+    bool wasBusy = false;
+    QImage painted;
+
+  private:
+    const PictureBox& bar_;
+    std::string file_;
+};
+
+// A bar of that share of its full width.
+void expectBar(const PictureBox& bar, const BarWatcher& watcher, int processed, int total) {
+    EXPECT_TRUE(watcher.wasVisible);
+    EXPECT_TRUE(watcher.wasBusy);
+    const int width = bar.contentsRect().width() * processed / total;
+    const int bottom = bar.contentsRect().height() - 1;
+    EXPECT_EQ(watcher.painted.pixel(0, 0), 0xFFFF0000U);
+    EXPECT_EQ(watcher.painted.pixel(width - 1, bottom), 0xFFFF0000U);
+    EXPECT_NE(watcher.painted.pixel(width, bottom), 0xFFFF0000U);
+}
+
 // The disk side.
 
 TEST_F(ManageFARsTest, StartsInTheGamesFolder) {
@@ -294,6 +329,47 @@ TEST_F(ManageFARsTest, SaysThatItHasExtractedAlsoWithoutASelection) {
     EXPECT_EQ(script.messages()[0].text, "Files extracted.");
 }
 
+TEST_F(ManageFARsTest, OfTwoEntriesOfOneNameTheSecondIsAskedFor) {
+    makeArchive("a.far", {{"Skins\\face.bmp", "first", {}},
+                          {"Other\\FACE.BMP", "second", {}},
+                          {"Face.bmp", "third", {}}});
+    folder.write("out/keep.txt", "");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "out");
+        list(window)->selectAll();
+        script.answer(QMessageBox::Yes);
+        script.answer(QMessageBox::No);
+        script.answer();
+        click(window, "cmdExtractFile");
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList{"face.bmp"});
+    });
+    EXPECT_EQ(folder.read("out/face.bmp"), "second");
+    ASSERT_EQ(script.messages().size(), 3U);
+    EXPECT_EQ(script.messages()[0].text, "The file FACE.BMP already exists.\nOverwrite file?");
+    EXPECT_EQ(script.messages()[1].text, "The file Face.bmp already exists.\nOverwrite file?");
+}
+
+TEST_F(ManageFARsTest, ARedBarGrowsWhileItExtracts) {
+    makeArchive(
+        "a.far",
+        {{"a.bmp", kRed, {}}, {"b.bmp", kRed, {}}, {"c.bmp", kRed, {}}, {"d.bmp", kRed, {}}});
+    folder.write("out/keep.txt", "");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "out");
+        select(window, {0, 1, 2, 3});
+        const auto* bar = find<PictureBox>(window, "picStatus");
+        BarWatcher watcher(*bar, "d.bmp");
+        script.answer();
+        click(window, "cmdExtractFile");
+        expectBar(*bar, watcher, 3, 4);
+        EXPECT_FALSE(bar->isVisible());
+        EXPECT_FALSE(pointerIsBusy());
+    });
+    EXPECT_EQ(folder.read("out/d.bmp"), kRed);
+}
+
 TEST_F(ManageFARsTest, KeepsTheShownPathWhenItFillsTheDiskSideAnew) {
     manage([&](QWidget& window) {
         goTo(window, "pictures");
@@ -449,30 +525,6 @@ TEST_F(ManageFARsTest, ANewArchiveAsksForItsName) {
               (std::vector<ArchiveEntry>{{"Green.BMP", kGreen, 246}, {"red.bmp", kRed, 246}}));
 }
 
-// Looks at the bar whenever a file is opened for reading.
-class BarWatcher : public test::FaultyFiles {
-  public:
-    BarWatcher(const PictureBox& bar, std::string file)
-        : FaultyFiles(0, Fault::Fail), bar_(bar), file_(std::move(file)) {}
-
-    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
-        if (mode == OpenMode::Input && path.fileName() == file_) {
-            wasVisible = bar_.isVisible();
-            wasBusy = pointerIsBusy();
-            painted = bar_.painted();
-        }
-        return FaultyFiles::open(path, mode);
-    }
-
-    bool wasVisible = false;
-    bool wasBusy = false;
-    QImage painted;
-
-  private:
-    const PictureBox& bar_;
-    std::string file_;
-};
-
 TEST_F(ManageFARsTest, ARedBarGrowsWhileItSaves) {
     makeArchive("a.far", {{"a.bmp", kRed, {}}, {"b.bmp", kRed, {}}, {"c.bmp", kRed, {}}});
     manage([&](QWidget& window) {
@@ -485,13 +537,7 @@ TEST_F(ManageFARsTest, ARedBarGrowsWhileItSaves) {
         BarWatcher watcher(*bar, "red.bmp");
         script.answer();
         click(window, "cmdSave");
-        EXPECT_TRUE(watcher.wasVisible);
-        EXPECT_TRUE(watcher.wasBusy);
-        const int width = bar->contentsRect().width() * 3 / 4;
-        const int bottom = bar->contentsRect().height() - 1;
-        EXPECT_EQ(watcher.painted.pixel(0, 0), 0xFFFF0000U);
-        EXPECT_EQ(watcher.painted.pixel(width - 1, bottom), 0xFFFF0000U);
-        EXPECT_NE(watcher.painted.pixel(width, bottom), 0xFFFF0000U);
+        expectBar(*bar, watcher, 3, 4);
     });
 }
 
