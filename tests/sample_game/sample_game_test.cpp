@@ -8,10 +8,13 @@
 #include "browser/neighbourhoods.h"
 #include "far/far_directory.h"
 #include "foundation/game.h"
+#include "foundation/game_search.h"
+#include "foundation/open_game.h"
 #include "iff/iff_file.h"
 #include "preview/head_files.h"
 #include "support/test_folder.h"
 #include "system/files.h"
+#include "system/places.h"
 
 namespace marlowick {
 namespace {
@@ -23,11 +26,12 @@ using Contents = std::map<std::string, std::string>;
 class SampleGameTest : public ::testing::Test {
   protected:
     // Makes a small game in root()/name.
-    void make(const QString& name, const QString& seed) {
+    void make(const QString& name, const QString& seed, const QStringList& more = {}) {
         const QString target =
             QString::fromStdString((folder.root() / name.toStdString()).string());
-        ASSERT_EQ(QProcess::execute(MAKE_SAMPLE_GAME,
-                                    {target, "--seed", seed, "--skins", "3", "--sims", "60"}),
+        ASSERT_EQ(QProcess::execute(
+                      MAKE_SAMPLE_GAME,
+                      QStringList{target, "--seed", seed, "--skins", "3", "--sims", "60"} + more),
                   0);
     }
 
@@ -176,6 +180,75 @@ TEST_F(SampleGameTest, HeadsLieLooseInTheGamesArchiveAndInAnExpansion) {
     EXPECT_TRUE(folder.read("program/temp/skntemp.skn").starts_with("xskin-c004ma-HEAD\r\n"));
     EXPECT_EQ(find("C009FA_Face"), "");
     EXPECT_FALSE(folder.exists("program/temp/skntemp.skn"));
+}
+
+// A game of the Legacy Collection in a Wine prefix.
+class LegacySampleGameTest : public SampleGameTest {
+  protected:
+    LegacySampleGameTest() { make("prefix", "1", {"--legacy", "--sims", "5"}); }
+
+    // The files of a neighbourhood.
+    Contents inInstall(const std::string& town) { return contents(install + "/" + town); }
+    Contents inSaves(const std::string& town) { return contents(saves + "/" + town); }
+
+    const std::string install = "prefix/drive_c/Program Files/EA Games/The Sims Legacy";
+    const std::string saves = "prefix/drive_c/users/player/Saved Games/Electronic Arts/The Sims 25";
+};
+
+TEST_F(LegacySampleGameTest, EverySimOfTheSavesDiffersFromItsTemplate) {
+    int sims = 0;
+    for (const char* town : {"UserData", "UserData2", "UserData3"}) {
+        const Contents templates = inInstall(town);
+        const Contents own = inSaves(town);
+        ASSERT_EQ(templates.size(), own.size());
+        for (const auto& [name, bytes] : own) {
+            ASSERT_TRUE(templates.contains(name)) << town << name;
+            if (name != "/Neighborhood.iff") {
+                EXPECT_NE(templates.at(name), bytes) << town << name;
+                ++sims;
+            }
+        }
+    }
+    EXPECT_EQ(sims, 5 + 18 + 4);
+}
+
+TEST_F(LegacySampleGameTest, OneNeighbourhoodIsATemplateAloneAndOneThePlayersAlone) {
+    EXPECT_EQ(inInstall("UserData4").size(), 4U);
+    EXPECT_EQ(inSaves("UserData8").size(), 4U);
+    EXPECT_FALSE(folder.exists(saves + "/UserData4"));
+    EXPECT_FALSE(folder.exists(install + "/UserData8"));
+}
+
+TEST_F(LegacySampleGameTest, TheSavesAreTheNeighbourhoodsOfTheClassicGame) {
+    make("game", "1", {"--sims", "5"});
+    for (const char* town : {"UserData", "UserData2", "UserData3"}) {
+        Contents own = inSaves(town);
+        EXPECT_EQ(own.erase("/Neighborhood.iff"), 1U);
+        EXPECT_EQ(own, contents(std::string("game/") + town)) << town;
+    }
+    EXPECT_EQ(contents(install + "/GameData"), contents("game/GameData"));
+}
+
+TEST_F(LegacySampleGameTest, TheProgramFindsTheSavesThroughThePrefix) {
+    EXPECT_TRUE(folder.exists(install + "/eadpsdk.json"));
+    openGame(folder.path(install), Path());
+    EXPECT_EQ(SimsKind, GameKind::Legacy);
+    EXPECT_EQ(neighbourhoodsPath().text(), placeOf(folder.path(saves))->text());
+    EXPECT_FALSE(waitsForSaves());
+    EXPECT_TRUE(isTemplate(folder.path(install + "/UserData/Characters/User00001.iff")));
+    EXPECT_FALSE(isTemplate(folder.path(saves + "/UserData/Characters/User00001.iff")));
+}
+
+TEST_F(LegacySampleGameTest, TheSearchFindsTheGameWhereItIsThePersonsOwnPrefix) {
+    GameSurroundings surroundings;
+    surroundings.home = folder.path("home");
+    surroundings.login = "player";
+    fs::create_directories(folder.root() / "home/Games");
+    fs::rename(folder.root() / "prefix", folder.root() / "home/Games/sims");
+    const std::vector<FoundGame> games = findGames(surroundings);
+    ASSERT_EQ(games.size(), 1U);
+    EXPECT_EQ(foundGameText(games.front()),
+              "The Sims Legacy Collection (Wine prefix ~/Games/sims)");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// make_sample_game FOLDER [--sims N] [--skins N] [--archive-entries N] [--seed S]
+// make_sample_game [--legacy] FOLDER [--sims N] [--skins N] [--archive-entries N] [--seed S]
 //
 // Makes a whole game folder from nothing, the same bytes for the same numbers:
 //   Sims.exe              a stand-in that only has the name
@@ -8,6 +8,10 @@
 //   UserData10            an empty characters folder
 //   UserDataOld           a folder whose name has no number
 //   GameData, ExpansionPack .. ExpansionPack7, ExpansionShared   models, skins, hands, archives
+// With --legacy, a folder in the form of a Wine prefix, with a game of the Legacy Collection in
+//   drive_c/Program Files/EA Games/The Sims Legacy
+// whose neighbourhoods are templates, and a player's own neighbourhoods in
+//   drive_c/users/player/Saved Games/Electronic Arts/The Sims 25
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -21,6 +25,7 @@ namespace {
 
 struct Options {
     std::string folder;
+    bool legacy = false;
     int sims = 64;
     int skins = 60;
     int archiveEntries = 120;
@@ -29,7 +34,8 @@ struct Options {
 
 [[noreturn]] void usage() {
     std::fputs(
-        "usage: make_sample_game FOLDER [--sims N] [--skins N] [--archive-entries N] [--seed S]\n",
+        "usage: make_sample_game [--legacy] FOLDER [--sims N] [--skins N] [--archive-entries N] "
+        "[--seed S]\n",
         stderr);
     std::exit(2);
 }
@@ -55,7 +61,8 @@ Options readOptions(int argc, char** argv) {
                         {"--seed", &options.seed}};
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        bool known = false;
+        bool known = argument == "--legacy";
+        options.legacy = options.legacy || known;
         for (const Row& row : rows) {
             if (argument == row.name && i + 1 < argc) {
                 *row.value = numberOf(argv[++i]);
@@ -80,10 +87,20 @@ Options readOptions(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     const Options options = readOptions(argc, argv);
-    const sample::fs::path game(options.folder);
+    const sample::fs::path folder(options.folder);
     const auto seed = static_cast<std::uint64_t>(options.seed);
+    sample::fs::path game = folder;
+    if (options.legacy) {
+        game = folder / "drive_c" / "Program Files" / "EA Games" / "The Sims Legacy";
+        sample::writeFile(game / "eadpsdk.json", "{}\n");
+        sample::writeTemplates(game, options.sims, seed);
+        sample::writeSaves(folder / "drive_c" / "users" / "player" / "Saved Games" /
+                               "Electronic Arts" / "The Sims 25",
+                           options.sims, seed);
+    } else {
+        sample::writeNeighbourhoods(game, options.sims, seed);
+    }
     sample::writeFile(game / "Sims.exe", "A stand-in for the game's own program.\r\n");
-    sample::writeNeighbourhoods(game, options.sims, seed);
     sample::writeSkins(game, options.skins, options.archiveEntries, seed);
     return 0;
 }

@@ -390,69 +390,115 @@ std::string damaged(const std::string& file, int number) {
     }
 }
 
-void writeMainNeighbourhood(const fs::path& folder, int sims, std::uint64_t seed) {
+// A neighbourhood: its folder of characters, what its sims are drawn by, and the family name that
+// all of them bear, if they don't have their own.
+struct Town {
+    fs::path characters;
+    std::uint64_t seed;
+    std::string family;
+};
+
+std::string nameIn(const Town& town, const std::string& name) {
+    return town.family.empty() ? name : name.substr(0, name.find(' ')) + " " + town.family;
+}
+
+Sim simOf(const Town& town, int place, Random& random) {
+    Sim sim = makeSim(place, random);
+    sim.name = nameIn(town, sim.name);
+    return sim;
+}
+
+void writeMainNeighbourhood(const Town& town, int sims) {
     // A large neighbourhood repeats the pictures of its first sims.
     constexpr int kDrawn = 128;
-    Random random(seed);
+    Random random(town.seed);
     std::vector<std::string> drawn;
     for (int place = 0; place < sims; ++place) {
         const int number = place + 1;
+        const fs::path file = town.characters / userFileName(number);
         if (place < kDrawn) {
-            drawn.push_back(simFile(makeSim(place, random), number));
-            writeFile(folder / userFileName(number), damaged(drawn.back(), number));
+            drawn.push_back(simFile(simOf(town, place, random), number));
+            writeFile(file, damaged(drawn.back(), number));
         } else {
-            writeFile(folder / userFileName(number),
-                      drawn[static_cast<std::size_t>(place % kDrawn)]);
+            writeFile(file, drawn[static_cast<std::size_t>(place % kDrawn)]);
         }
     }
 }
 
-void writePetNeighbourhood(const fs::path& folder, std::uint64_t seed) {
-    Random random(seed + 1);
-    for (int place = 0; place < 12; ++place) {
-        Sim sim = makeSim(place + 70, random);
-        sim.number = place + 1;
-        writeFile(folder / userFileName(sim.number),
+void writeSims(const Town& town, int count, int firstPlace) {
+    Random random(town.seed);
+    for (int i = 0; i < count; ++i) {
+        Sim sim = simOf(town, firstPlace + i, random);
+        sim.number = i + 1;
+        writeFile(town.characters / userFileName(sim.number),
                   userFile(simSegments(sim, wardrobeRows(sim)), MapPlace::End));
     }
+}
+
+void writePetNeighbourhood(const Town& town) {
+    writeSims(town, 12, 70);
     for (unsigned i = 0; i < kPets.size(); ++i) {
         const bool dog = i < 3;
         const int number = 13 + static_cast<int>(i);
-        writeFile(folder / userFileName(number),
-                  userFile(petSegments(number, kPets.at(i), dog, i, petRows(dog, i % 2 == 1, i)),
+        writeFile(town.characters / userFileName(number),
+                  userFile(petSegments(number, nameIn(town, kPets.at(i)), dog, i,
+                                       petRows(dog, i % 2 == 1, i)),
                            MapPlace::End));
     }
 }
 
 // Files that the program reads but can't show; a good one comes first.
-void writeTrapNeighbourhood(const fs::path& folder, std::uint64_t seed) {
-    Random random(seed + 2);
-    Sim sim = makeSim(0, random);
-    writeFile(folder / userFileName(1),
+void writeTrapNeighbourhood(const Town& town) {
+    Random random(town.seed);
+    Sim sim = simOf(town, 0, random);
+    writeFile(town.characters / userFileName(1),
               userFile(simSegments(sim, wardrobeRows(sim)), MapPlace::End));
     Rows few = wardrobeRows(sim);
     few.resize(20);
-    writeFile(folder / userFileName(2), userFile(simSegments(sim, few), MapPlace::End));
+    writeFile(town.characters / userFileName(2), userFile(simSegments(sim, few), MapPlace::End));
     Rows unsplittable = wardrobeRows(sim);
     unsplittable[15] = "no comma in this row";
-    writeFile(folder / userFileName(3), userFile(simSegments(sim, unsplittable), MapPlace::End));
-    writeFile(folder / userFileName(4),
-              userFile({{"OBJD", 1, 0x0010, "a chair", objectData()}}, MapPlace::End));
+    writeFile(town.characters / userFileName(3),
+              userFile(simSegments(sim, unsplittable), MapPlace::End));
+    writeFile(
+        town.characters / userFileName(4),
+        userFile({{"OBJD", 1, 0x0010, nameIn(town, "a chair"), objectData()}}, MapPlace::End));
+}
+
+// The first three, which every game of this maker has.
+void writeTowns(const fs::path& folder, int sims, std::uint64_t seed, const std::string& family) {
+    writeMainNeighbourhood({folder / "UserData" / "Characters", seed, family}, sims);
+    writePetNeighbourhood({folder / "UserData2" / "characters", seed + 1, family});
+    writeTrapNeighbourhood({folder / "UserData3" / "Characters", seed + 2, family});
+}
+
+void writeNeighbourhoodFile(const fs::path& folder) {
+    writeFile(folder / "Neighborhood.iff",
+              userFile({{"NGBH", 1, 0x0010, "", "houses and families"}}, MapPlace::End));
 }
 
 }  // namespace
 
 void writeNeighbourhoods(const fs::path& game, int sims, std::uint64_t seed) {
-    writeMainNeighbourhood(game / "UserData" / "Characters", sims, seed);
-    writePetNeighbourhood(game / "UserData2" / "characters", seed);
-    writeTrapNeighbourhood(game / "UserData3" / "Characters", seed);
+    writeTowns(game, sims, seed, "");
     fs::create_directories(game / "UserData10" / "Characters");
-    Random random(seed + 3);
-    for (int place = 0; place < 3; ++place) {
-        Sim sim = makeSim(place + 90, random);
-        sim.number = place + 1;
-        writeFile(game / "UserDataOld" / "CHARACTERS" / userFileName(sim.number),
-                  userFile(simSegments(sim, wardrobeRows(sim)), MapPlace::End));
+    writeSims({game / "UserDataOld" / "CHARACTERS", seed + 3, ""}, 3, 90);
+}
+
+void writeTemplates(const fs::path& install, int sims, std::uint64_t seed) {
+    const std::string family = "Template";
+    writeTowns(install, sims, seed, family);
+    writeSims({install / "UserData4" / "Characters", seed + 3, family}, 3, 90);
+    for (const char* town : {"UserData", "UserData2", "UserData3", "UserData4"}) {
+        writeNeighbourhoodFile(install / town);
+    }
+}
+
+void writeSaves(const fs::path& saves, int sims, std::uint64_t seed) {
+    writeTowns(saves, sims, seed, "");
+    writeSims({saves / "UserData8" / "Characters", seed + 3, ""}, 3, 90);
+    for (const char* town : {"UserData", "UserData2", "UserData3", "UserData8"}) {
+        writeNeighbourhoodFile(saves / town);
     }
 }
 

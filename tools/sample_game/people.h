@@ -37,7 +37,13 @@ std::vector<Segment> petSegments(int number, const std::string& name, bool dog, 
 // Upper and lower case of the name vary from file to file.
 std::string userFileName(int number);
 
-// Writes all neighbourhoods into the game folder.
+// Writes all neighbourhoods of a classic game into its folder.
 void writeNeighbourhoods(const fs::path& game, int sims, std::uint64_t seed);
+
+// Those of a Legacy game: templates in its install folder, of which every sim bears the family name
+// "Template", and a player's own among the saves. "UserData4" is a template alone, "UserData8" a
+// player's alone; the others are those of a classic game.
+void writeTemplates(const fs::path& install, int sims, std::uint64_t seed);
+void writeSaves(const fs::path& saves, int sims, std::uint64_t seed);
 
 }  // namespace sample
