@@ -77,6 +77,7 @@ std::string errorReport() {
         "",
         "Install Path: " + shownPath(ProgramFolder),
         "Sims Path: " + shownPath(SimsPath),
+        "Neighborhoods Path: " + shownPath(neighbourhoodsPath()),
     };
     std::string report;
     for (const std::string& line : lines) {

@@ -42,7 +42,7 @@ std::string errorText(const RuntimeError& failure);
 // none.
 std::string firstFailure(std::initializer_list<std::function<bool()>> steps);
 
-// The eleven lines of the error report, each ended by CR LF. UTF-8.
+// The twelve lines of the error report, each ended by CR LF. UTF-8.
 std::string errorReport();
 
 }  // namespace marlowick

@@ -81,7 +81,7 @@ TEST_F(ErrorTrapTest, OfSeveralStepsAllRunAndTheFirstFailureIsTold) {
     EXPECT_EQ(firstFailure({step(0), step(0)}), "");
 }
 
-TEST_F(ErrorTrapTest, TheReportHasElevenLines) {
+TEST_F(ErrorTrapTest, TheReportHasTwelveLines) {
     ProgramFolder = Path("C:\\Marlowick");
     SimsPath = Path("C:\\Games\\The Sims");
     CheckpointNumber = 2000;
@@ -97,7 +97,12 @@ TEST_F(ErrorTrapTest, TheReportHasElevenLines) {
               "Location: 2000\r\n"
               "\r\n"
               "Install Path: C:\\Marlowick\r\n"
-              "Sims Path: C:\\Games\\The Sims\r\n");
+              "Sims Path: C:\\Games\\The Sims\r\n"
+              "Neighborhoods Path: C:\\Games\\The Sims\r\n");
+    NeighbourhoodsElsewhere = Path("C:\\Saved Games\\The Sims 25");
+    EXPECT_TRUE(
+        errorReport().ends_with("Sims Path: C:\\Games\\The Sims\r\n"
+                                "Neighborhoods Path: C:\\Saved Games\\The Sims 25\r\n"));
 }
 
 TEST(RuntimeErrorTest, EveryClassicNumberHasItsDescription) {

@@ -139,14 +139,17 @@ TEST_F(ShownPathsTest, AProgramFolderThatCantBeWrittenIsTold) {
     EXPECT_TRUE(script.messages()[0].text.contains(":\n" + shown("program/Nowhere") + "\n"));
 }
 
-TEST_F(ShownPathsTest, TheErrorReportNamesBothFolders) {
+TEST_F(ShownPathsTest, TheErrorReportNamesItsFolders) {
     ProgramFolder = folder.path("PROGRAM");
     SimsPath = folder.path("Game");
+    NeighbourhoodsElsewhere = folder.path("PROGRAM");
     const QString report = QString::fromStdString(errorReport());
     EXPECT_TRUE(report.endsWith("\r\nInstall Path: " + shown("program") +
-                                "\r\nSims Path: " + shown("game") + "\r\n"));
+                                "\r\nSims Path: " + shown("game") +
+                                "\r\nNeighborhoods Path: " + shown("program") + "\r\n"));
+    NeighbourhoodsElsewhere = Path();
     SimsPath = Path("ERROR");
-    EXPECT_TRUE(QString::fromStdString(errorReport()).endsWith("\r\nSims Path: ERROR\r\n"));
+    EXPECT_TRUE(errorReport().ends_with("\r\nSims Path: ERROR\r\nNeighborhoods Path: ERROR\r\n"));
 }
 
 TEST_F(ShownPathsTest, TheArchiveWindowShowsItsFoldersAndFiles) {
