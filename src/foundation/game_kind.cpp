@@ -11,12 +11,18 @@
 namespace marlowick {
 namespace {
 
-// The path as it is written, and as it is with links followed.
+// The path as it is written, and as it is with links followed, as far as it is there.
 std::vector<Path> formsOf(const Path& path, BoundedLook& look) {
-    std::vector<Path> forms = {pathOfText(path.text())};
-    const std::optional<Path> place = look.place(forms.front());
-    if (place && *place != forms.front()) {
-        forms.push_back(*place);
+    const Path written = pathOfText(path.text());
+    std::vector<Path> forms = {written};
+    for (Path above = written; !above.empty(); above = above.folder()) {
+        if (const std::optional<Path> place = look.place(above)) {
+            const Path real = *place + written.text().substr(above.text().size());
+            if (real != written) {
+                forms.push_back(real);
+            }
+            break;
+        }
     }
     return forms;
 }

@@ -189,6 +189,7 @@ TEST_F(GameKindTest, TemplatesAreKnownBehindLinks) {
     link("s", "to saves");
     EXPECT_TRUE(isTemplate("s/UserData/Characters/User00001.iff"));
     EXPECT_TRUE(isTemplate("s/UserData2/Characters/User00001.iff"));
+    EXPECT_TRUE(isTemplate("s/UserData/Characters/none.iff"));
     EXPECT_TRUE(isTemplate("way/UserData"));
     EXPECT_TRUE(isTemplate("to saves/UserData"));
     EXPECT_FALSE(isTemplate("s/UserData2"));

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/moved_saved_games.h"
 #include "system/disk.h"
 #include "system/known_folders.h"
 #include "system/registry_values.h"
@@ -90,41 +91,6 @@ TEST_F(RegistryValuesTest, TakesTextsAlone) {
     EXPECT_EQ(readUser(), std::nullopt);
 }
 
-constexpr const wchar_t* kFolders =
-    L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
-constexpr const wchar_t* kSavedGames = L"{4C5C32FF-BB9D-43B0-B5B4-2D72E54EAAA4}";
-
-// "Saved Games" moved to another folder, back at the test's end.
-class MovedSavedGames {
-  public:
-    explicit MovedSavedGames(const std::wstring& folder) {
-        std::wstring text(1000, L'\0');
-        size_ = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-        hadOne_ =
-            ::RegGetValueW(HKEY_CURRENT_USER, kFolders, kSavedGames, RRF_RT_ANY | RRF_NOEXPAND,
-                           &type_, text.data(), &size_) == ERROR_SUCCESS;
-        before_ = text;
-        ::RegSetKeyValueW(HKEY_CURRENT_USER, kFolders, kSavedGames, REG_SZ, folder.c_str(),
-                          static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
-    }
-    ~MovedSavedGames() {
-        if (hadOne_) {
-            ::RegSetKeyValueW(HKEY_CURRENT_USER, kFolders, kSavedGames, type_, before_.c_str(),
-                              size_);
-        } else {
-            ::RegDeleteKeyValueW(HKEY_CURRENT_USER, kFolders, kSavedGames);
-        }
-    }
-    MovedSavedGames(const MovedSavedGames&) = delete;
-    MovedSavedGames& operator=(const MovedSavedGames&) = delete;
-
-  private:
-    bool hadOne_ = false;
-    DWORD type_ = REG_SZ;
-    DWORD size_ = 0;
-    std::wstring before_;
-};
-
 TEST(KnownFoldersTest, AreFullPathsOnADrive) {
     for (const Path& folder : {savedGamesFolder(), documentsFolder(), programDataFolder()}) {
         ASSERT_GE(folder.text().size(), 3U);
@@ -135,7 +101,7 @@ TEST(KnownFoldersTest, AreFullPathsOnADrive) {
 
 TEST(KnownFoldersTest, AMovedFolderIsFound) {
     {
-        const MovedSavedGames moved(L"D:\\Spiele\\\u00DCber");
+        const test::MovedSavedGames moved(L"D:\\Spiele\\\u00DCber");
         EXPECT_EQ(savedGamesFolder().text(),
                   "D:\\Spiele\\\xC3\x9C"
                   "ber");
