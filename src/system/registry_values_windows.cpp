@@ -27,10 +27,9 @@ std::optional<std::string> registryValue(RegistryHive hive, RegistryView view, s
     }
     std::wstring text(kLongestText, L'\0');
     DWORD size = kLongestText * sizeof(wchar_t);
-    // Fills in the environment, and sees to the zero at the end.
-    const LSTATUS status =
-        ::RegGetValueW(opened, nullptr, wideText(name).c_str(),
-                       RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ, nullptr, text.data(), &size);
+    // An expandable text is filled in and counts as a text too. Sees to the zero at the end.
+    const LSTATUS status = ::RegGetValueW(opened, nullptr, wideText(name).c_str(), RRF_RT_REG_SZ,
+                                          nullptr, text.data(), &size);
     ::RegCloseKey(opened);
     if (status != ERROR_SUCCESS || size < sizeof(wchar_t)) {
         return std::nullopt;
