@@ -221,6 +221,7 @@ class CountingFiles : public FileSystem {
     void clearAttributes(const Path& /*path*/) override { FAIL(); }
     void copyAttributes(const Path& /*from*/, const Path& /*to*/) override { FAIL(); }
     Path followLinks(const Path& path) override { return nativeFileSystem().followLinks(path); }
+    Path asOnDisk(const Path& path) override { return nativeFileSystem().asOnDisk(path); }
     void rename(const Path& /*from*/, const Path& /*to*/) override { FAIL(); }
     bool canWriteInto(const Path& folder) override {
         return nativeFileSystem().canWriteInto(folder);
