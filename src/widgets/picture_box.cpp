@@ -82,9 +82,7 @@ void PictureBox::clear() {
 }
 
 void PictureBox::paint(const QImage& image, QPoint position) {
-    QPainter painter(&canvas());
-    drawPicture(painter, QRect(position, image.size()), image);
-    update();
+    paintScaled(image, QRect(position, image.size()));
 }
 
 void PictureBox::paintScaled(const QImage& image, const QRect& target) {
