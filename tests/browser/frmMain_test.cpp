@@ -308,9 +308,7 @@ TEST_F(MainTest, TheLastPageOfAnEmptyListDoesNoHarm) {
 TEST_F(MainTest, ABadFileCostsACellAndNotThePage) {
     test::installGame(folder);
     makeSims("UserData", 3);
-    std::string bad = test::segment("OBJD", 1, 1, "user2", "");
-    bad.replace(4, 4, test::big32(75));
-    folder.write(test::simPlace(2), test::fileHead(0) + bad);
+    folder.write(test::simPlace(2), test::unreadableFile());
     frmMain& window = showFirst();
     EXPECT_EQ(nameIn(window, 0), "Sim 1");
     EXPECT_EQ(nameIn(window, 1), "* ERROR *\n Can't Load!!");
@@ -608,7 +606,7 @@ TEST_F(MainTest, LeavingAsksFirst) {
 
 TEST_F(MainTest, TheStrictListingWritesAndShowsItsReport) {
     frmMain& window = showSims(1);
-    folder.write("game/UserData/Characters/user00002.iff", test::fileHead(0) + "xx");
+    folder.write(test::simPlace(2), test::fileHead(0) + "xx");
     script.answer();
     window.msGetSimFileNames();
     ASSERT_EQ(script.messages().size(), 1U);

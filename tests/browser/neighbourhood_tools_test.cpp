@@ -21,6 +21,7 @@ using test::simFile;
 using test::simPlace;
 using test::simRows;
 using test::stringTable;
+using test::unreadableFile;
 
 using Rows = std::vector<std::string>;
 using Tool = bool (*)(const SimWalk&);
@@ -32,11 +33,6 @@ std::string fileWith(const Rows& names, const Rows& rows) {
         file += segment("CTSS", 2000, 16, "", stringTable({name}));
     }
     return file + segment("STR#", 200, 16, "", stringTable(rows));
-}
-
-// A file that no reader takes: its first segment says that it is shorter than a segment's head.
-std::string unreadableFile() {
-    return test::fileHead(0) + segment("STR#", 200, 16, "", "data").replace(4, 4, test::big32(75));
 }
 
 class ToolsTest : public ::testing::Test {

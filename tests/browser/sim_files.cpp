@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "support/user_file_builder.h"
+
 namespace marlowick::test {
 
 std::string simFileName(int number) {
@@ -12,6 +14,10 @@ std::string simFileName(int number) {
 
 std::string simPlace(int number, const std::string& neighbourhood) {
     return "game/" + neighbourhood + "/Characters/" + simFileName(number);
+}
+
+std::string unreadableFile() {
+    return fileHead(0) + segment("STR#", 200, 16, "", "data").replace(4, 4, big32(75));
 }
 
 }  // namespace marlowick::test

@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
         writeSetting(setting::kSimsLocation,
                      toDisplay(toPath(QDir(arguments.at(1)).absolutePath())));
     }
-    const QString location = readSetting(setting::kSimsLocation);
-    std::puts(location.toUtf8().constData());
-    return !location.isEmpty() && files().fileExists(toPath(location) + "\\sims.exe") ? 0 : 1;
+    const Path location = toPath(readSetting(setting::kSimsLocation));
+    std::puts(toDisplay(location).toUtf8().constData());
+    return !location.empty() && files().fileExists(location + "\\sims.exe") ? 0 : 1;
 }
