@@ -51,7 +51,7 @@ bool forEachSim(const SimWalk& walk,
 }
 
 bool rewrite(IffFile& iff, const StrSegment& strings, const Path& file) {
-    if (!writeWardrobeTable(iff, strings) || !writeUserTemp(iff)) {
+    if (!writeWardrobeTable(iff, strings) || !writeUserTemp(iff, SavedParts::All)) {
         return false;
     }
     replaceUserFile(file);

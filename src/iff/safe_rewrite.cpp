@@ -18,12 +18,9 @@ Path clearedUserTemp() {
 
 }  // namespace
 
-bool writeUserTemp(IffFile& iff) {
-    return gsWriteIFF(iff, clearedUserTemp());
-}
-
-bool writeUserTempWithoutBitmaps(IffFile& iff) {
-    return gsWriteIFF_NoBMPs(iff, clearedUserTemp());
+bool writeUserTemp(IffFile& iff, SavedParts parts) {
+    const Path path = clearedUserTemp();
+    return parts == SavedParts::All ? gsWriteIFF(iff, path) : gsWriteIFF_NoBMPs(iff, path);
 }
 
 void replaceUserFile(const Path& userFile) {

@@ -6,10 +6,15 @@
 
 namespace marlowick {
 
+// What of a record goes into its new file.
+enum class SavedParts {
+    All,
+    WithoutBitmaps,  // nor the map: so pets are saved
+};
+
 // Deletes an old "\usertemp.iff" and writes the record there. Raises what the deletion raises;
 // false after a failure of the writer, which has reported it.
-bool writeUserTemp(IffFile& iff);
-bool writeUserTempWithoutBitmaps(IffFile& iff);
+bool writeUserTemp(IffFile& iff, SavedParts parts);
 
 // Puts "\usertemp.iff" in the place of the user file in one step. Raises 75 for a read-only user
 // file, which stays as it is, and 53 for one that is gone: a sim that was deleted meanwhile

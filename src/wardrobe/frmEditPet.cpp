@@ -3,7 +3,6 @@
 #include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
 #include "foundation/error_trap.h"
-#include "iff/safe_rewrite.h"
 #include "ui_frmEditPet.h"
 #include "wardrobe/editor_parts_view.h"
 #include "wardrobe/user_file_save.h"
@@ -134,7 +133,7 @@ void frmEditPet::cmdSave_Click() {
         }
         writePet(fields_, PetStrings);
         if (saveUserFile({UserFilePath, PetFile, PetStrings, fields_.txtName,
-                          writeUserTempWithoutBitmaps, BackupWanted})) {
+                          SavedParts::WithoutBitmaps, BackupWanted})) {
             tellSaved(fields_.txtName);
             close();
         }

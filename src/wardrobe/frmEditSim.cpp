@@ -8,7 +8,6 @@
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
 #include "foundation/game.h"
-#include "iff/safe_rewrite.h"
 #include "system/files.h"
 #include "ui_frmEditSim.h"
 #include "wardrobe/default_names.h"
@@ -383,7 +382,7 @@ void frmEditSim::cmdSave_Click() {
     }
     writeWardrobe(fields_, wardrobe_);
     if (saveUserFile(
-            {gstrUserFile, userFile_, wardrobe_, fields_.txtName, writeUserTemp, BackupWanted})) {
+            {gstrUserFile, userFile_, wardrobe_, fields_.txtName, SavedParts::All, BackupWanted})) {
         tellSaved(fields_.txtName);
         close();
     }

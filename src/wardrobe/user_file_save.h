@@ -4,19 +4,20 @@
 #include <string>
 
 #include "iff/iff_file.h"
+#include "iff/safe_rewrite.h"
 #include "iff/string_segment.h"
 #include "system/path.h"
 
 namespace marlowick {
 
-// What a save takes: the file, its record, its rows, the name of the sim or pet, the writer of
-// "\usertemp.iff", and whether the old file is copied to the backups first.
+// What a save takes: the file, its record, its rows, the name of the sim or pet, what of the record
+// is written, and whether the old file is copied to the backups first.
 struct UserFileSave {
     const Path& userFile;
     IffFile& record;
     const StrSegment& rows;
     const std::string& name;
-    bool (*writeTemp)(IffFile& iff);
+    SavedParts parts;
     bool backupWanted;
 };
 

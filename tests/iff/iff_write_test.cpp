@@ -212,7 +212,7 @@ TEST_F(IffWriteTest, TheScratchFileReplacesAnOlderAndLongerOne) {
     folder.write("program/usertemp.iff", std::string(9999, 'x'));
     const std::string file = test::simFile(test::simRows({}));
     rewritten(file);
-    EXPECT_TRUE(writeUserTemp(iff));
+    EXPECT_TRUE(writeUserTemp(iff, SavedParts::All));
     EXPECT_EQ(folder.read("program/usertemp.iff"), file);
     folder.write("game/user9.iff", "old");
     replaceUserFile(folder.path("game\\user9.iff"));

@@ -253,6 +253,16 @@ TEST_F(EditPetTest, DressesACatFromAnArchive) {
     EXPECT_EQ(test::rowsOfFile(folder.read(kPetFile))[1], "b002cat_new,BODY=b002cat_grey");
 }
 
+TEST_F(EditPetTest, APetWithoutAnyNameIsSavedToo) {
+    makeFile(test::fileHead(0) + segment("STR#", 200, 16, "", test::stringTable(petRows({}))));
+    open([this](QWidget& window) {
+        EXPECT_EQ(textOf(window, "txtName"), "  ()");
+        saveAndAgree(window);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(test::rowsOfFile(fileContent())[1], "b001dog_01,BODY=b001dog_coat");
+}
+
 TEST_F(EditPetTest, TheTailOfARowGoesAtTheFirstSave) {
     makePet();
     open([this](QWidget& window) { saveAndAgree(window); });

@@ -187,6 +187,20 @@ TEST_F(EditSimTest, PortraitsOfAnEarlierSimShowAsTold) {
     EXPECT_FALSE(folder.exists("program/faces.bmp"));
 }
 
+TEST_F(EditSimTest, ASimWithoutPicturesShowsTheStockAndOneWithoutAnyNameIsSavedToo) {
+    const std::string rows = test::stringTable(simRows({}));
+    makeFile(test::fileHead(0) + test::segment("STR#", 200, 16, "", rows));
+    open([this](QWidget& window) {
+        EXPECT_TRUE(shows(window, "picWebImage", "picWebNotFound"));
+        EXPECT_TRUE(shows(window, "picFaces", "picWebNotFound"));
+        EXPECT_TRUE(shows(window, "picRelImages", "picNoBitmaps"));
+        EXPECT_EQ(textOf(window, "txtName"), "  ()");
+        saveAndAgree(window);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(test::rowsOfFile(fileContent())[17], "HfLO,HAND=handLO");
+}
+
 TEST_F(EditSimTest, AWardrobeThatEndsEarlyGoesToTheReportAndNeverSaves) {
     makeSim({.count = 29});
     auto& editor = theWindow<frmEditSim>();
@@ -564,6 +578,20 @@ TEST_F(EditSimTest, CopyLeftCopiesTextAndPicture) {
         click(window, "cmdCancel");
     });
     EXPECT_TRUE(script.messages().empty());
+}
+
+TEST_F(EditSimTest, CopyLeftOfABlankHandBlanksTheRightOne) {
+    std::vector<std::string> rows = simRows({});
+    rows[19] = "HfLP,HAND=";
+    makeSimOf(rows);
+    makeSkin("handRP", 0x123456);
+    open([](QWidget& window) {
+        EXPECT_EQ(colourOf(window, "picHandPointRight"), 0x123456U);
+        click(window, "cmdCopyPointLeft");
+        EXPECT_EQ(textOf(window, "txtHandPointRight"), "");
+        EXPECT_TRUE(shows(window, "picHandPointRight", "picNotFound"));
+        click(window, "cmdCancel");
+    });
 }
 
 TEST_F(EditSimTest, DefaultHandsFillTheirFieldsAndTwoPosesShowTheOtherOne) {

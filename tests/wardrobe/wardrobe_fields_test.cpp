@@ -147,6 +147,17 @@ TEST(WardrobeFieldsTest, TheBodyTypeComesFromTheNormalBodyWithoutRegardToCase) {
     }
 }
 
+TEST(WardrobeFieldsTest, ABodyThatTellsNoTypeLeavesTheOneThatStood) {
+    for (const char* body : {"b001", "", "b001fafi", "b001fcchd_1", "b001fa_fit"}) {
+        std::vector<std::string> rows = simRows({});
+        rows[1] = std::string(body) + ",BODY=x";
+        WardrobeFields fields;
+        fields.bodyType = BodyType::Fat;
+        readWardrobe(tableOf(rows), fields);
+        EXPECT_EQ(fields.bodyType, BodyType::Fat) << body;
+    }
+}
+
 TEST(WardrobeFieldsTest, RowsWithATestForEmptyPassAndTheOthersFail) {
     struct Case {
         int count;
