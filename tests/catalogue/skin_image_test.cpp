@@ -83,6 +83,19 @@ TEST_F(SkinImageTest, PackFourteenIsNotAsked) {
     EXPECT_EQ(fetched("skin"), "not found");
 }
 
+// What stands in the scratch file behind it is left from another skin.
+TEST_F(SkinImageTest, OfAnEntryOnlyItsOwnBytesCount) {
+    archive("GameData/Textures/Textures.far", {{"long.bmp", "a long skin"}, {"skin.bmp", "short"}});
+    EXPECT_EQ(fetched("long"), "a long skin");
+    EXPECT_EQ(fetched("skin"), "short");
+    EXPECT_EQ(folder.read("program/temp/skintemp.bmp"), "shortg skin");
+    // An entry of 900 bytes at byte 44, of which the archive has the last six.
+    folder.write("game/GameData/Textures/Textures.far",
+                 "FAR!byAZ" + little32(1) + little32(16) + little32(1) + little32(900) +
+                     little32(900) + little32(44) + little32(8) + "skin.bmp" + "at end");
+    EXPECT_EQ(fetched("skin"), "at end");
+}
+
 TEST_F(SkinImageTest, TheBeginningOfANameMatchesWithAnyExtension) {
     archive("GameData/Textures/Textures.far", {{"skinned.txt", "longer"}, {"skin.bmp", "exact"}});
     EXPECT_EQ(fetched("SKIN"), "longer");
