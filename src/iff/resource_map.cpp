@@ -36,8 +36,9 @@ char takeLabelByte(ByteReader& reader) {
 
 // A label ends in a zero byte, and a pad byte where the row would end on an odd offset from the
 // map's start; or in 0xA3, without any pad. Where the map's last row ends the file, some writers
-// leave the pad out.
-std::string readLabel(ByteReader& reader, std::size_t mapStart, bool lastRow) {
+// leave the pad out. lastType: the row is one of the map's last type; if it isn't the last of
+// those, the next one fails at the end of the file.
+std::string readLabel(ByteReader& reader, std::size_t mapStart, bool lastType) {
     CheckpointNumber = 4000;
     std::string label;
     for (;;) {
@@ -47,7 +48,7 @@ std::string readLabel(ByteReader& reader, std::size_t mapStart, bool lastRow) {
         }
         if (label.back() == '\0') {
             const bool odd = (reader.position() - mapStart) % 2 == 1;
-            if (odd && !(lastRow && reader.left() == 0)) {
+            if (odd && !(lastType && reader.left() == 0)) {
                 label.push_back(takeLabelByte(reader));
             }
             return label;
@@ -75,8 +76,7 @@ bool readTypeRow(RsmpType& type, ByteReader& reader, const MapReading& reading, 
         RsmpEntry entry;
         entry.EntryOffset = reader.take(4);
         entry.EntryID = reader.take(4);
-        const bool lastRow = lastType && row == type.EntryCount;
-        entry.EntryLabel = readLabel(reader, reading.mapStart, lastRow);
+        entry.EntryLabel = readLabel(reader, reading.mapStart, lastType);
         type.Entries.appendCounted(std::move(entry));
     }
     return true;
