@@ -57,7 +57,8 @@ class FileSystem {
 
     // 53 no such file, 76 no such folder, 75 a folder or no right, 70 held by another program.
     virtual std::unique_ptr<File> open(const Path& path, OpenMode mode) = 0;
-    // All files and folders in a folder, in the order of NTFS; nothing if it can't be listed.
+    // All files and folders in a folder, in the order of NTFS; nothing if it can't be listed. An
+    // empty path is no folder, here as elsewhere.
     virtual std::vector<FolderEntry> list(const Path& folder) = 0;
     virtual bool fileExists(const Path& path) = 0;
     virtual bool folderExists(const Path& path) = 0;

@@ -42,7 +42,7 @@ bool isPresent(const std::string& native) {
 
 std::vector<NativeEntry> readFolder(const std::string& native) {
     std::vector<NativeEntry> entries;
-    DIR* handle = ::opendir(native.empty() ? "." : native.c_str());
+    DIR* handle = ::opendir(native.c_str());
     if (handle == nullptr) {
         return entries;
     }

@@ -421,7 +421,7 @@ class WindowsFileSystem : public FileSystem {
     }
 
     std::vector<FolderEntry> list(const Path& folder) override {
-        const std::wstring native = fullPath(folder.empty() ? Path(".") : folder);
+        const std::wstring native = fullPath(folder);
         if (native.empty()) {
             return {};
         }

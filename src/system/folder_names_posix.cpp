@@ -50,7 +50,7 @@ std::string FolderNames::find(const std::string& folder, const std::string& want
 }
 
 void FolderNames::hold(const std::string& folder) {
-    held_ = identify(folder);
+    held_ = folder.empty() ? std::nullopt : identify(folder);
 }
 
 void FolderNames::release() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <filesystem>
 
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
@@ -44,6 +45,18 @@ TEST_F(FilesTest, DoesNotReadAFolderAgainForEachNameThatIsNotThere) {
     EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 3);
 }
 #endif
+
+TEST_F(FilesTest, AnEmptyPathIsNoFolder) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    folder.write("game/here.bmp", "x");
+    std::filesystem::current_path(folder.game());
+    EXPECT_TRUE(files().list({}).empty());
+    EXPECT_TRUE(searchFilesAndFolders({}, "*").empty());
+    EXPECT_FALSE(files().folderExists({}));
+    EXPECT_FALSE(files().canWriteInto({}));
+    EXPECT_NE(errorOf([] { files().makeFolder({}); }), 0);
+    std::filesystem::current_path(before);
+}
 
 TEST_F(FilesTest, TreatsADoubledSeparatorAsOne) {
     folder.write("program/temp/a", "x");
