@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "system/game_text.h"
@@ -20,6 +21,12 @@ class Line : public QListWidgetItem {
         return role == Qt::ToolTipRole ? toToolTip(text()) : QListWidgetItem::data(role);
     }
 };
+
+bool choosesFirst(int key) {
+    constexpr Qt::Key kKeys[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_Return,
+                                 Qt::Key_Enter};
+    return std::find(std::begin(kKeys), std::end(kKeys), key) != std::end(kKeys);
+}
 
 }  // namespace
 
@@ -59,20 +66,26 @@ void ClickList::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
-// Where nothing is chosen yet, the first arrow chooses the line that the list stands on; else the
-// first line could hardly be reached, and a single line not at all.
+// Where nothing is chosen yet, Enter or an arrow chooses the line that the list stands on, or the
+// first one; else the first line could hardly be reached, and a single line not at all.
 void ClickList::keyPressEvent(QKeyEvent* event) {
-    const bool arrow =
-        event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_Home;
-    if (arrow && selectionMode() == SingleSelection && currentItem() != nullptr &&
-        selectedItems().isEmpty()) {
-        setCurrentItem(currentItem());
+    const bool extends = (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+    if (choosesFirst(event->key()) && !extends && count() > 0 && selectedItems().isEmpty()) {
+        setCurrentItem(currentItem() != nullptr ? currentItem() : item(0));
         return;
     }
     QListWidget::keyPressEvent(event);
 }
 
-// A list that takes the focus makes a line current without selecting it: nothing is chosen then.
+// A list that takes the focus would make its first line current, which looks like a choice.
+void ClickList::focusInEvent(QFocusEvent* event) {
+    const bool stands = currentItem() != nullptr;
+    QListWidget::focusInEvent(event);
+    if (!stands) {
+        selectionModel()->clearCurrentIndex();
+    }
+}
+
 void ClickList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QListWidget::selectionChanged(selected, deselected);
     if (!pressed_ && !selected.isEmpty()) {

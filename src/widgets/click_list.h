@@ -1,7 +1,7 @@
 // A list box that tells of a chosen line in one way: by mouse, keyboard or program,
 // and also when the line that is chosen already is clicked again. A choice is only
-// ever replaced: a click beside the lines, or with Ctrl, takes nothing away. Only the left button
-// chooses.
+// ever replaced: a click beside the lines, or with Ctrl, takes nothing away. Before a choice no
+// line is marked, and Enter chooses the first one. Only the left button chooses.
 #pragma once
 
 #include <QListWidget>
@@ -29,6 +29,7 @@ class ClickList : public QListWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
 

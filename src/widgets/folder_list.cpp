@@ -65,6 +65,9 @@ QStringList foldersWithin(const Path& folder) {
     QString native = QString::fromStdString(files().followLinks(folder).text());
     native.replace(QLatin1Char('\\'), QLatin1Char('/'));
     QStringList names;
+    if (native.isEmpty()) {
+        return names;
+    }
     for (const QFileInfo& info : QDir(native).entryInfoList(
              QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase)) {
         const QString name = info.fileName();
@@ -82,6 +85,28 @@ QString lastPiece(const Path& folder) {
         std::max(text.lastIndexOf(QLatin1Char('\\')), text.lastIndexOf(QLatin1Char('/')));
     return folder.text().size() <= rootLength(folder.text()) ? text : text.mid(separator + 1);
 }
+
+// A folder whose tool tip is its name where that isn't seen whole; else the list's own is shown.
+class FolderItem : public QTreeWidgetItem {
+  public:
+    using QTreeWidgetItem::QTreeWidgetItem;
+
+    QVariant data(int column, int role) const override {
+        return role == Qt::ToolTipRole && isCut() ? toToolTip(text(column))
+                                                  : QTreeWidgetItem::data(column, role);
+    }
+
+  private:
+    bool isCut() const {
+        const QTreeWidget* list = treeWidget();
+        if (list == nullptr) {
+            return false;
+        }
+        const int start = list->visualItemRect(this).left();
+        const int width = list->sizeHintForIndex(list->indexFromItem(this)).width();
+        return start < 0 || start + width > list->viewport()->width();
+    }
+};
 
 }  // namespace
 
@@ -113,7 +138,7 @@ void FolderList::showFolders() {
     clear();
     QTreeWidgetItem* parent = invisibleRootItem();
     const auto add = [&](const QString& name, const Path& folder, QStyle::StandardPixmap icon) {
-        auto* item = new QTreeWidgetItem(parent, QStringList(name));
+        auto* item = new FolderItem(parent, QStringList(name));
         item->setIcon(0, style()->standardIcon(icon));
         item->setData(0, kPathRole, QString::fromStdString(folder.text()));
         return item;

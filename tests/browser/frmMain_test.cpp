@@ -128,6 +128,17 @@ TEST_F(MainTest, TheFirstArrowChoosesTheFirstNeighbourhood) {
     EXPECT_EQ(nameIn(window, 1), "Sim 2");
 }
 
+TEST_F(MainTest, EnterChoosesTheFirstNeighbourhood) {
+    test::installGame(folder);
+    makeSims("UserData", 2);
+    frmMain& window = show();
+    auto* list = find<QListWidget>(window, "lstUserDataDir");
+    list->setFocus();
+    EXPECT_EQ(list->currentItem(), nullptr);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(nameIn(window, 1), "Sim 2");
+}
+
 TEST_F(MainTest, TheLabelUnderAFaceHoldsTheWholeName) {
     const QString name = "Bartholomew Featherstonehaugh-Cholmondeley";
     test::installGame(folder);

@@ -501,7 +501,7 @@ TEST_F(SelectSkinTest, AModelStaysChosenByClicksThatChooseNoOther) {
 TEST_F(SelectSkinTest, TheKeysChooseTheFirstModelFirst) {
     makeModel("b001fafit", 1);
     makeModel("b002fafit", 1, 0x500000);
-    for (const auto key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home}) {
+    for (const auto key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_Return}) {
         open(kSelectSimSkin, [key](QWidget& window) {
             auto* list = find<QListWidget>(window, "lstModels");
             list->setFocus();

@@ -218,6 +218,26 @@ TEST_F(EnsembleWindowTest, ALoadTakesTheListsFileWhateverIsTyped) {
     EXPECT_TRUE(folder.read(kFile) == content);
 }
 
+TEST_F(EnsembleWindowTest, EnterChoosesTheFirstFileAndThenLoadsIt) {
+    makeSim();
+    folder.write("program/ENS/a.ENS", lines(22));
+    folder.write("program/ENS/b.ENS", lines(18));
+    open([this](QWidget& window) {
+        run(window, "cmdEnsLoad", [](QWidget& ensembles) {
+            auto* list = find<ClickList>(ensembles, "flbENS");
+            list->setFocus();
+            EXPECT_EQ(list->currentItem(), nullptr);
+            QTest::keyClick(list, Qt::Key_Return);
+            EXPECT_EQ(list->line(), "a.ENS");
+            EXPECT_TRUE(ensembles.isVisible());
+            QTest::keyClick(list, Qt::Key_Return);
+            EXPECT_FALSE(ensembles.isVisible());
+        });
+        EXPECT_EQ(textOf(window, "txtFashionSkin"), "line22");
+        click(window, "cmdCancel");
+    });
+}
+
 TEST_F(EnsembleWindowTest, ADoubleClickLoads) {
     makeSim();
     folder.write("program/ENS/a.ENS", lines(22));
