@@ -42,9 +42,12 @@ FarAdder::FarAdder(FarEdit& edit, Path folder) : edit_(edit), folder_(std::move(
     }
 }
 
-bool FarAdder::add(const std::string& name) {
+FarAddition FarAdder::add(const std::string& name) {
+    if (!isFileName(name)) {
+        return FarAddition::NoEntryName;
+    }
     if (taken_.contains(upperCase(name))) {
-        return false;
+        return FarAddition::Duplicate;
     }
     if (edit_.Rows.count() >= kMostFarRows || edit_.mudtAddedFiles.bound() >= kMostFarRows) {
         throw RuntimeError(error::kOverflow);
@@ -53,7 +56,13 @@ bool FarAdder::add(const std::string& name) {
     const std::string text = std::string(kNewMark) + name;
     edit_.Rows.append({text, -edit_.mudtAddedFiles.bound()});
     taken_.insert(upperCase(text));
-    return true;
+    return FarAddition::Done;
+}
+
+bool hasChanges(const FarEdit& edit) {
+    return std::any_of(edit.Rows.begin(), edit.Rows.end(), [&](const FarRow& row) {
+        return row.Number < 1 || edit.mudtFarDir.Entries[row.Number].Deleted;
+    });
 }
 
 void deleteRows(FarEdit& edit, const std::vector<int>& selected) {

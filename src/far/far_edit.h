@@ -66,21 +66,30 @@ struct FarEdit {
 // One row for each entry, in the order of the file, in place of all rows. 6 past kMostFarRows.
 void listEntries(FarEdit& edit);
 
+// What became of a file that was to be added.
+enum class FarAddition {
+    Done,
+    Duplicate,    // a row's text, marks included, equals the name but for case
+    NoEntryName,  // no file of the game can bear the name (isFileName)
+};
+
 // Adds files of one folder. It takes the rows as they stand when it is made, so the edit must not
 // change otherwise while it lives.
 class FarAdder {
   public:
     FarAdder(FarEdit& edit, Path folder);
 
-    // False if a row's text, marks included, equals the name but for case; nothing is added then.
-    // Raises 52 for a name that can't be a file name, 6 past kMostFarRows.
-    bool add(const std::string& name);
+    // Unless it is done, nothing has changed. Raises 6 past kMostFarRows.
+    FarAddition add(const std::string& name);
 
   private:
     FarEdit& edit_;
     Path folder_;
     std::set<std::string, std::less<>> taken_;  // upper case
 };
+
+// True if a save would change the archive.
+bool hasChanges(const FarEdit& edit);
 
 // Marks the entries of the selected rows, which are numbers of rows from 0, ascending, and takes
 // the rows of new files out.

@@ -1,5 +1,6 @@
 #include "far/frmManageFARs.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollBar>
@@ -71,8 +72,8 @@ void workAndShow(const std::function<void()>& work, const std::function<void()>&
     show();
 }
 
-// All rows are laid out like the first, so that a long list shows at once; it is made as wide as
-// the widest.
+// All rows are laid out like the last, so that a long list shows at once; it is made as wide as the
+// widest.
 void widenRows(QListWidget* list) {
     if (list->count() == 0) {
         return;
@@ -82,7 +83,7 @@ void widenRows(QListWidget* list) {
     for (int row = 0; row < list->count(); ++row) {
         width = std::max(width, metrics.horizontalAdvance(list->item(row)->text()));
     }
-    list->item(0)->setSizeHint({width + 12, metrics.height() + 2});
+    list->item(list->count() - 1)->setSizeHint({width + 12, metrics.height() + 2});
 }
 
 }  // namespace
@@ -136,6 +137,15 @@ void frmManageFARs::connectControls() {
     connect(ui->dirFiles, &FolderList::pathChanged, this, [this] {
         runEvent("frmManageFARs", "dirFiles_Change", [this] { dirFiles_Change(); });
     });
+}
+
+// Esc drops nothing that a person has done.
+void frmManageFARs::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && !hasChanges(mudtEdit)) {
+        close();
+        return;
+    }
+    ModalForm::keyPressEvent(event);
 }
 
 void frmManageFARs::Form_Load() {
@@ -438,22 +448,43 @@ void frmManageFARs::msExtract() {
 
 // The disk.
 
+void frmManageFARs::addFiles(const std::vector<std::string>& names,
+                             const std::function<void(const std::string&)>& tellDuplicate) {
+    const int before = mudtEdit.Rows.count();
+    QStringList leftOut;
+    change([&] {
+        FarAdder adder(mudtEdit, ui->dirFiles->path());
+        for (const std::string& name : names) {
+            const FarAddition addition = adder.add(name);
+            if (addition == FarAddition::NoEntryName) {
+                leftOut.append(toDisplay(name));
+            } else if (addition == FarAddition::Duplicate && tellDuplicate) {
+                tellDuplicate(name);
+            }
+        }
+    });
+    if (mudtEdit.Rows.count() > before) {
+        ui->lstFiles->scrollToItem(ui->lstFiles->item(mudtEdit.Rows.count() - 1));
+    }
+    if (!leftOut.isEmpty()) {
+        showMessage(
+            QStringLiteral("Files Left Out"), MessageIcon::Exclamation, MessageButtons::Ok,
+            QStringLiteral("Entries of a FAR file can not have the names of these files:\n") +
+                leftOut.join(QLatin1Char('\n')));
+    }
+}
+
 void frmManageFARs::msAddFile() {
     trapped("frmManageFARs", "msAddFile", [&] {
-        if (ui->lstBMPs->currentRow() < 0) {
-            return;
+        std::vector<std::string> names;
+        for (const int row : selectedRows(ui->lstBMPs)) {
+            names.push_back(toGameText(ui->lstBMPs->item(row)->text()));
         }
-        change([this] {
-            FarAdder adder(mudtEdit, ui->dirFiles->path());
-            for (const int row : selectedRows(ui->lstBMPs)) {
-                const std::string name = toGameText(ui->lstBMPs->item(row)->text());
-                if (!adder.add(name)) {
-                    showMessage(QStringLiteral("Duplicate File"), MessageIcon::Exclamation,
-                                MessageButtons::Ok,
-                                QStringLiteral("The file:\n") + toDisplay(upperCase(name)) +
-                                    QStringLiteral("\nalready exists in this FAR file."));
-                }
-            }
+        addFiles(names, [](const std::string& name) {
+            showMessage(QStringLiteral("Duplicate File"), MessageIcon::Exclamation,
+                        MessageButtons::Ok,
+                        QStringLiteral("The file:\n") + toDisplay(upperCase(name)) +
+                            QStringLiteral("\nalready exists in this FAR file."));
         });
     });
 }
@@ -471,12 +502,7 @@ void frmManageFARs::msAddFolder() {
                         MessageButtons::YesNo, question) == MessageReply::No) {
             return;
         }
-        change([this, &folder] {
-            FarAdder adder(mudtEdit, folder);
-            for (const std::string& name : searchFiles(folder, "*.BMP")) {
-                adder.add(name);
-            }
-        });
+        addFiles(searchFiles(folder, "*.BMP"), {});
     });
 }
 

@@ -32,6 +32,7 @@ class frmManageFARs : public ModalForm {
 
   protected:
     void buildControls() override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void connectControls();
@@ -54,6 +55,9 @@ class frmManageFARs : public ModalForm {
     void drvFiles_Change(int index);
     void dirFiles_Change();
 
+    // Adds files of the open folder, and tells in one message which names can't be entries.
+    void addFiles(const std::vector<std::string>& names,
+                  const std::function<void(const std::string&)>& tellDuplicate);
     // Changes the edit; the selection stays with its rows.
     void change(const std::function<void()>& work);
     // Fills lstFiles from the edit's rows, with these rows selected.

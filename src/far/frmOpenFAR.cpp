@@ -1,5 +1,8 @@
 #include "far/frmOpenFAR.h"
 
+#include <string>
+#include <vector>
+
 #include "far/frmManageFARs.h"
 #include "foundation/folders.h"
 #include "system/files.h"
@@ -21,7 +24,10 @@ void frmOpenFAR::buildControls() {
 }
 
 void frmOpenFAR::Form_Load() {
-    ui->lstFiles->setLines(searchFiles(texturesFolder(), "*.far"));
+    // One whose name can't be opened isn't offered.
+    std::vector<std::string> archives = searchFiles(texturesFolder(), "*.far");
+    std::erase_if(archives, [](const std::string& name) { return !isFileName(name); });
+    ui->lstFiles->setLines(archives);
 }
 
 void frmOpenFAR::cmdSelect_Click() {

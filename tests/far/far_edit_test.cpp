@@ -53,8 +53,8 @@ using Numbers = std::vector<int>;
 TEST_F(FarEditTest, ListsEntriesWithTheirNumbersAndNewFilesWithNegativeOnes) {
     open({"Skins\\a.bmp", "b.bmp"});
     FarAdder adder(edit, pictures);
-    EXPECT_TRUE(adder.add("New.BMP"));
-    EXPECT_TRUE(adder.add("other.bmp"));
+    EXPECT_EQ(adder.add("New.BMP"), FarAddition::Done);
+    EXPECT_EQ(adder.add("other.bmp"), FarAddition::Done);
     EXPECT_EQ(texts(), (Texts{"Skins\\a.bmp", "b.bmp", "[NEW]  New.BMP", "[NEW]  other.bmp"}));
     EXPECT_EQ(numbers(), (Numbers{1, 2, -1, -2}));
     EXPECT_EQ(edit.mudtAddedFiles[1].AddedName, "New.BMP");
@@ -64,8 +64,8 @@ TEST_F(FarEditTest, ListsEntriesWithTheirNumbersAndNewFilesWithNegativeOnes) {
 TEST_F(FarEditTest, AFileWithTheTextOfARowIsADuplicateWhateverItsCase) {
     open({"Face.bmp", "\xE9t\xE9.bmp"});
     FarAdder adder(edit, pictures);
-    EXPECT_FALSE(adder.add("fACE.BMP"));
-    EXPECT_FALSE(adder.add("\xC9T\xC9.bmp"));
+    EXPECT_EQ(adder.add("fACE.BMP"), FarAddition::Duplicate);
+    EXPECT_EQ(adder.add("\xC9T\xC9.bmp"), FarAddition::Duplicate);
     EXPECT_EQ(edit.Rows.count(), 2);
     EXPECT_EQ(edit.mudtAddedFiles.bound(), 0);
 }
@@ -74,18 +74,20 @@ TEST_F(FarEditTest, MarksAndFoldersHideANameFromTheDuplicateTest) {
     open({"gone.bmp", "Skins\\deep.bmp"});
     deleteRows(edit, {0});
     FarAdder adder(edit, pictures);
-    EXPECT_TRUE(adder.add("gone.bmp"));
-    EXPECT_TRUE(adder.add("deep.bmp"));
-    EXPECT_TRUE(adder.add("deep.bmp"));
+    EXPECT_EQ(adder.add("gone.bmp"), FarAddition::Done);
+    EXPECT_EQ(adder.add("deep.bmp"), FarAddition::Done);
+    EXPECT_EQ(adder.add("deep.bmp"), FarAddition::Done);
     EXPECT_EQ(texts(), (Texts{"[DEL]  gone.bmp", "Skins\\deep.bmp", "[NEW]  gone.bmp",
                               "[NEW]  deep.bmp", "[NEW]  deep.bmp"}));
-    EXPECT_FALSE(adder.add("[new]  DEEP.bmp"));
-    EXPECT_FALSE(adder.add("[del]  gone.BMP"));
+    EXPECT_EQ(adder.add("[new]  DEEP.bmp"), FarAddition::Duplicate);
+    EXPECT_EQ(adder.add("[del]  gone.BMP"), FarAddition::Duplicate);
 }
 
 TEST_F(FarEditTest, ANameThatIsNoFileNameIsNotAdded) {
     FarAdder adder(edit, pictures);
-    EXPECT_EQ(errorOf([&] { adder.add("wh?t.bmp"); }), 52);
+    for (const char* name : {"wh?t.bmp", "a:b.bmp", "con.bmp", ""}) {
+        EXPECT_EQ(adder.add(name), FarAddition::NoEntryName) << name;
+    }
     EXPECT_TRUE(edit.Rows.empty());
     EXPECT_EQ(edit.mudtAddedFiles.bound(), 0);
 }
@@ -120,6 +122,19 @@ TEST_F(FarEditTest, UndeletingBringsTheBareNameBack) {
     undeleteRows(edit, {0, 1, 2});
     EXPECT_EQ(texts(), (Texts{"Skins\\a.bmp", "b.bmp", "[NEW]  [DEL]  x.bmp"}));
     EXPECT_FALSE(edit.mudtFarDir.Entries[1].Deleted);
+}
+
+TEST_F(FarEditTest, KnowsWhetherAnythingIsPending) {
+    open({"a.bmp", "b.bmp"});
+    EXPECT_FALSE(hasChanges(edit));
+    deleteRows(edit, {1});
+    EXPECT_TRUE(hasChanges(edit));
+    undeleteRows(edit, {1});
+    EXPECT_FALSE(hasChanges(edit));
+    FarAdder(edit, pictures).add("n.bmp");
+    EXPECT_TRUE(hasChanges(edit));
+    deleteRows(edit, {2});
+    EXPECT_FALSE(hasChanges(edit));
 }
 
 TEST_F(FarEditTest, FindsTextsMarksIncludedBlindToCase) {

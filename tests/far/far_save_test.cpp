@@ -48,7 +48,7 @@ class FarSaveTest : public ::testing::Test {
 
     void add(const std::string& name, const std::string& content) {
         folder.write("pictures/" + name, content);
-        EXPECT_TRUE(FarAdder(edit, folder.path("pictures")).add(name));
+        EXPECT_EQ(FarAdder(edit, folder.path("pictures")).add(name), FarAddition::Done);
     }
 
     // 0 after a save that went well.

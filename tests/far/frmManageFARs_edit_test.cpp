@@ -99,6 +99,20 @@ TEST_F(ManageFARsTest, StartsInTheGamesFolder) {
     });
 }
 
+TEST_F(ManageFARsTest, ALongNameIsScrolledToItsEnd) {
+    const std::string name(60, 'A');
+    folder.write("pictures/" + name + ".bmp", kRed);
+    manage([&](QWidget& window) {
+        goTo(window, "pictures");
+        window.repaint();
+        auto* files = list(window, "lstBMPs");
+        const QFontMetrics metrics(files->font());
+        const int wide = metrics.horizontalAdvance(files->item(0)->text());
+        ASSERT_GT(wide, files->viewport()->width());
+        EXPECT_GE(files->visualItemRect(files->item(0)).width(), wide);
+    });
+}
+
 TEST_F(ManageFARsTest, WalksThroughFoldersDownAndUp) {
     folder.write("game/Skins/Deep/d.bmp", kRed);
     folder.write("game/Skins/.wine/dotted.bmp", kRed);
@@ -170,6 +184,31 @@ TEST_F(ManageFARsTest, AGameThatIsNotThereIsReportedAndLeavesNoFolder) {
     EXPECT_TRUE(script.messages().empty());
 }
 
+TEST_F(ManageFARsTest, WithoutAFolderNoFilesAreListed) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.root() / "pictures");
+    SimsPath = Path("ERROR");
+    manage([&](QWidget& window) {
+        click(window, "cmdExtractFile");
+        EXPECT_EQ(rows(window, "lstBMPs"), QStringList());
+    });
+    std::filesystem::current_path(before);
+}
+
+TEST_F(ManageFARsTest, TheFolderTreeHasRoomAndGrowsWithTheWindow) {
+    manage([](QWidget& window) {
+        const auto* tree = find<FolderList>(window, "dirFiles");
+        window.resize(window.minimumSizeHint());
+        QTest::qWait(10);
+        EXPECT_GE(tree->width(), 250);
+        const QSize small = tree->size();
+        window.resize(1400, 900);
+        QTest::qWait(10);
+        EXPECT_GE(tree->width(), small.width() + 200);
+        EXPECT_GE(tree->height(), small.height() + 100);
+    });
+}
+
 // Adding.
 
 TEST_F(ManageFARsTest, AddsTheSelectedFilesAndTellsOfDuplicates) {
@@ -209,6 +248,68 @@ TEST_F(ManageFARsTest, MarkedRowsAndFoldersAreNoDuplicates) {
         EXPECT_EQ(find<QListWidget>(window, "lstFiles")->item(0)->toolTip(), "[DEL]  red.bmp");
     });
     EXPECT_TRUE(script.messages().empty());
+}
+
+#ifndef _WIN32
+// Names that Windows doesn't know.
+TEST_F(ManageFARsTest, AFileWhoseNameCanBeNoEntrysCostsItselfAlone) {
+    folder.write("pictures/a:b.bmp", kRed);
+    folder.write("pictures/\xD1\x8F.bmp", kRed);
+    folder.write("pictures/zebra.bmp", kRed);
+    manage([&](QWidget& window) {
+        goTo(window, "pictures");
+        const QStringList listed = rows(window, "lstBMPs");
+        EXPECT_EQ(listed, (QStringList{"a:b.bmp", "Green.BMP", "red.bmp", "zebra.bmp", "?.bmp"}));
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdImportFolder");
+        EXPECT_EQ(rows(window),
+                  (QStringList{"[NEW]  Green.BMP", "[NEW]  red.bmp", "[NEW]  zebra.bmp"}));
+        click(window, "cmdNew");
+        list(window, "lstBMPs")->selectAll();
+        script.answer();
+        click(window, "cmdAddFile");
+        EXPECT_EQ(rows(window),
+                  (QStringList{"[NEW]  Green.BMP", "[NEW]  red.bmp", "[NEW]  zebra.bmp"}));
+    });
+    EXPECT_TRUE(recorder.reports().empty());
+    ASSERT_EQ(script.messages().size(), 3U);
+    for (const std::size_t message : {1U, 2U}) {
+        EXPECT_EQ(script.messages()[message].title, "Files Left Out");
+        EXPECT_EQ(script.messages()[message].icon, QMessageBox::Warning);
+        EXPECT_EQ(script.messages()[message].text,
+                  "Entries of a FAR file can not have the names of these files:\n"
+                  "a:b.bmp\n?.bmp");
+    }
+}
+#endif
+
+TEST_F(ManageFARsTest, NewRowsAreScrolledIntoView) {
+    makeArchive("a.far", std::vector<ArchiveEntry>(300, {"x.bmp", "", {}}));
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "pictures");
+        const auto isSeen = [&](int row) {
+            return list(window)->viewport()->rect().contains(
+                list(window)->visualItemRect(list(window)->item(row)).center());
+        };
+        EXPECT_FALSE(isSeen(299));
+        select(window, {0}, "lstBMPs");
+        click(window, "cmdAddFile");
+        EXPECT_TRUE(isSeen(300));
+        list(window)->scrollToTop();
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdImportFolder");
+        ASSERT_EQ(list(window)->count(), 303);
+        EXPECT_TRUE(isSeen(302));
+        // Where nothing is added nothing moves.
+        list(window)->scrollToTop();
+        folder.write("empty/none.txt", "");
+        goTo(window, "empty");
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdImportFolder");
+        EXPECT_TRUE(isSeen(0));
+    });
 }
 
 TEST_F(ManageFARsTest, AddsAWholeFolderAfterAQuestion) {
@@ -253,6 +354,28 @@ TEST_F(ManageFARsTest, DeletesAndUndeletes) {
         EXPECT_EQ(rows(window), (QStringList{"a.bmp", "b.bmp", "[DEL]  c.bmp", "[NEW]  red.bmp"}));
     });
     EXPECT_TRUE(recorder.reports().empty());
+}
+
+TEST_F(ManageFARsTest, EscClosesTheWindowWhileNothingIsPending) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}});
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        click(window, "cmdDelete");
+        QTest::keyClick(list(window), Qt::Key_Escape);
+        EXPECT_TRUE(window.isVisible());
+        click(window, "cmdUndelete");
+        goTo(window, "pictures");
+        select(window, {0}, "lstBMPs");
+        click(window, "cmdAddFile");
+        QTest::keyClick(list(window, "lstBMPs"), Qt::Key_Escape);
+        EXPECT_TRUE(window.isVisible());
+        select(window, {1});
+        click(window, "cmdDelete");
+        QTest::keyClick(find<QLineEdit>(window, "txtFind"), Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_TRUE(script.messages().empty());
 }
 
 TEST_F(ManageFARsTest, ClosingDropsAllChangesWithoutAQuestion) {

@@ -109,6 +109,40 @@ TEST_F(ManageFARsTest, ListsTheArchivesOfTheTexturesFolderAlone) {
     });
 }
 
+TEST_F(ManageFARsTest, NoArchiveIsMarkedBeforeOneIsChosenAndEnterChoosesTheFirst) {
+    makeArchive("a.far", {{"x.bmp", kRed, {}}});
+    makeArchive("b.far", {{"y.bmp", kRed, {}}});
+    manage([&](QWidget& window) {
+        script.whenShown("frmOpenFAR", [](QWidget& opener) {
+            list(opener)->setFocus(Qt::TabFocusReason);
+            EXPECT_EQ(list(opener)->currentItem(), nullptr);
+            EXPECT_EQ(selected(opener), QStringList());
+            QTest::keyClick(list(opener), Qt::Key_Return);
+            EXPECT_EQ(selected(opener), QStringList{"a.far"});
+            EXPECT_TRUE(opener.isVisible());
+            QTest::keyClick(list(opener), Qt::Key_Return);
+            EXPECT_FALSE(opener.isVisible());
+        });
+        click(window, "cmdOpen");
+        EXPECT_EQ(rows(window), QStringList{"x.bmp"});
+    });
+}
+
+#ifndef _WIN32
+TEST_F(ManageFARsTest, AnArchiveThatCanNotBeOpenedByItsNameIsNotOffered) {
+    for (const char* name : {"a:b.far", "good.far", "\xD1\x8F.far"}) {
+        makeArchive(name, {{"x.bmp", kRed, {}}});
+    }
+    manage([&](QWidget& window) {
+        script.whenShown("frmOpenFAR", [](QWidget& opener) {
+            EXPECT_EQ(rows(opener), QStringList{"good.far"});
+            click(opener, "cmdCancel");
+        });
+        click(window, "cmdOpen");
+    });
+}
+#endif
+
 TEST_F(ManageFARsTest, ADoubleClickPicksToo) {
     makeArchive("a.far", {{"x.bmp", kRed, {}}});
     manage([&](QWidget& window) {
@@ -254,7 +288,7 @@ TEST_F(ManageFARsTest, ShowsThirtyThousandRowsWithoutDelay) {
     for (int i = 0; i < 30000; ++i) {
         entries.push_back({"Skins\\B" + std::to_string(i) + "fafit_01.bmp", "x", {}});
     }
-    entries.back().name = std::string(300, 'W') + ".bmp";
+    entries[1000].name = std::string(300, 'W') + ".bmp";
     makeArchive("large.far", entries);
     manage([&](QWidget& window) {
         const std::clock_t start = std::clock();
@@ -273,7 +307,7 @@ TEST_F(ManageFARsTest, ShowsThirtyThousandRowsWithoutDelay) {
         EXPECT_TRUE(list(window)->viewport()->rect().intersects(
             list(window)->visualItemRect(list(window)->item(29998))));
         const int wide =
-            QFontMetrics(list(window)->font()).horizontalAdvance(list(window)->item(29999)->text());
+            QFontMetrics(list(window)->font()).horizontalAdvance(list(window)->item(1000)->text());
         EXPECT_GE(list(window)->visualItemRect(list(window)->item(5)).width(), wide);
     });
 }

@@ -346,9 +346,13 @@ TEST_F(WindowWalkTest, Archives) {
         find<QWidget>(window, "picStatus")->show();
         look(window);
         // Esc would throw the pending changes away.
+        list->setCurrentRow(0);
+        click(window, "cmdDelete");
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_TRUE(window.isVisible());
-        window.close();
+        click(window, "cmdUndelete");
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
     });
     theWindow<frmManageFARs>().showModal();
     EXPECT_TRUE(script.isDone());
