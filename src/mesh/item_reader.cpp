@@ -4,14 +4,10 @@
 #include <optional>
 
 #include "foundation/bytes.h"
+#include "system/block_copy.h"
 #include "system/runtime_error.h"
 
 namespace marlowick {
-namespace {
-
-constexpr std::size_t kBlock = 32768;
-
-}  // namespace
 
 ItemReader::ItemReader(File& file) : bytes_(file, kBlock) {}
 
