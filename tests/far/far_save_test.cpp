@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "far/refused_step.h"
 #include "foundation/error_trap.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
@@ -24,6 +25,7 @@ using test::archiveRecord;
 using test::entriesOfArchive;
 using test::little32;
 using test::pattern;
+using test::RefusedStep;
 
 constexpr const char* kArchive = "game/gamedata/textures/a.far";
 constexpr const char* kTemporary = "program/temp/tempfile.far";
@@ -369,22 +371,10 @@ TEST_F(FarSaveTest, TheCheckpointTellsHowFarASaveCame) {
     EXPECT_LT(faulty.changes(), failAt);
 }
 
-// Reads the target of a save as if another program held it.
-class HeldFiles : public test::FaultyFiles {
-  public:
-    HeldFiles() : FaultyFiles(0, Fault::Fail) {}
-    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
-        if (mode == OpenMode::Binary) {
-            throw RuntimeError(error::kPermissionDenied);
-        }
-        return FaultyFiles::open(path, mode);
-    }
-};
-
 TEST_F(FarSaveTest, AReadingBackThatFailsIsReportedAndEndsTheSave) {
     open(archiveFile({{"a.bmp", "a", {}}}));
     add("new.bmp", "new");
-    const HeldFiles held;
+    const RefusedStep refused(RefusedStep::ReadingBack);
     EXPECT_EQ(save(), -1);
     EXPECT_EQ(CheckpointNumber, 9000);
     ASSERT_EQ(recorder.reports().size(), 1U);
@@ -396,18 +386,6 @@ TEST_F(FarSaveTest, AReadingBackThatFailsIsReportedAndEndsTheSave) {
     EXPECT_EQ(edit.Rows[1].Number, 2);
     EXPECT_TRUE(edit.ReadingFailed);
 }
-
-// Keeps the temporary file of a save.
-class KeptTemporary : public test::FaultyFiles {
-  public:
-    KeptTemporary() : FaultyFiles(0, Fault::Fail) {}
-    void remove(const Path& path) override {
-        if (path.fileName() == "tempfile.far") {
-            throw RuntimeError(error::kPermissionDenied);
-        }
-        FaultyFiles::remove(path);
-    }
-};
 
 TEST_F(FarSaveTest, TheEditIsTheNewArchivesAsSoonAsTheTargetIs) {
     open(archiveFile({{"a.bmp", "aaaaa", {}}, {"b.bmp", "bb", {}}, {"c.bmp", "cccc", {}}}));
@@ -423,7 +401,7 @@ TEST_F(FarSaveTest, TheEditIsTheNewArchivesAsSoonAsTheTargetIs) {
     const std::vector<ArchiveEntry> expected = {
         {"b.bmp", "bb", 2}, {"c.bmp", "cccc", 4}, {"new.bmp", "new", 3}};
     {
-        const KeptTemporary kept;
+        const RefusedStep refused(RefusedStep::RemovingTheTemporaryFile);
         EXPECT_EQ(save(), 70);
     }
     EXPECT_EQ(replaced, 1);

@@ -7,12 +7,12 @@
 #include <QLineEdit>
 
 #include "far/manage_fars_test.h"
+#include "far/refused_step.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
 #include "system/disk.h"
-#include "system/runtime_error.h"
 #include "system/streams.h"
 #include "widgets/display_text.h"
 #include "widgets/folder_list.h"
@@ -31,6 +31,7 @@ using test::find;
 using test::kGreen;
 using test::kRed;
 using test::ManageFARsTest;
+using test::RefusedStep;
 using test::textOf;
 
 QTreeWidgetItem* folderItem(QWidget& window, const QString& name) {
@@ -664,31 +665,6 @@ TEST_F(ManageFARsTest, ARedBarGrowsWhileItSaves) {
     });
 }
 
-// Refuses what one step of a save asks for.
-class RefusedStep : public test::FaultyFiles {
-  public:
-    enum class Step { RemovingTheTemporaryFile, ReadingBack };
-    explicit RefusedStep(Step step) : FaultyFiles(0, Fault::Fail), step_(step) {}
-
-    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
-        refuseIf(step_ == Step::ReadingBack && mode == OpenMode::Binary);
-        return FaultyFiles::open(path, mode);
-    }
-    void remove(const Path& path) override {
-        refuseIf(step_ == Step::RemovingTheTemporaryFile && path.fileName() == "tempfile.far");
-        FaultyFiles::remove(path);
-    }
-
-  private:
-    static void refuseIf(bool refused) {
-        if (refused) {
-            throw RuntimeError(error::kPermissionDenied);
-        }
-    }
-
-    Step step_;
-};
-
 TEST_F(ManageFARsTest, ASaveWhoseTemporaryFileStaysShowsTheNewArchive) {
     makeArchive("a.far", {{"a.bmp", "aaaaa", {}}, {"b.bmp", "bb", {}}, {"red.bmp", kRed, {}}});
     const std::vector<ArchiveEntry> expected = {{"b.bmp", "bb", 2}, {"red.bmp", kRed, 246}};
@@ -698,7 +674,7 @@ TEST_F(ManageFARsTest, ASaveWhoseTemporaryFileStaysShowsTheNewArchive) {
         click(window, "cmdDelete");
         select(window, {1});
         {
-            const RefusedStep refused(RefusedStep::Step::RemovingTheTemporaryFile);
+            const RefusedStep refused(RefusedStep::RemovingTheTemporaryFile);
             click(window, "cmdSave");
         }
         EXPECT_EQ(rows(window), (QStringList{"b.bmp", "red.bmp"}));
@@ -725,7 +701,7 @@ TEST_F(ManageFARsTest, RowsAndListKeepInStepWhenReadingBackFails) {
         select(window, {0});
         click(window, "cmdDelete");
         {
-            const RefusedStep refused(RefusedStep::Step::ReadingBack);
+            const RefusedStep refused(RefusedStep::ReadingBack);
             click(window, "cmdSave");
         }
         saved = archive("a.far");
