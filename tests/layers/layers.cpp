@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <fstream>
 #include <optional>
-#include <regex>
 #include <string_view>
 
 namespace marlowick::test {
@@ -46,6 +46,48 @@ bool mayNameQt(const std::string& file) {
            std::find(std::begin(kQtFolders), std::end(kQtFolders), folder) != std::end(kQtFolders);
 }
 
+// What stands between two texts; empty if one of them is missing.
+std::string between(const std::string& line, std::string_view before, std::string_view behind) {
+    const std::size_t start = line.find(before);
+    if (start == std::string::npos) {
+        return {};
+    }
+    const std::size_t end = line.find(behind, start + before.size());
+    return end == std::string::npos
+               ? std::string()
+               : line.substr(start + before.size(), end - start - before.size());
+}
+
+// The name in quotation marks behind "#include", or that in a form's <header>.
+std::string includedBy(const std::string& line) {
+    if (line.starts_with("#include")) {
+        return between(line, "\"", "\"");
+    }
+    const std::string header = between(line, "<header", "</header>");
+    return header.substr(header.find('>') + 1);
+}
+
+bool isWordCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
+// True if a word of the line is a name of Qt: "Q", a capital letter and a small one, or "Qt" before
+// a folder's slash.
+bool namesQt(const std::string& line) {
+    for (std::size_t i = 0; i + 2 < line.size(); ++i) {
+        if (line[i] != 'Q' || (i > 0 && isWordCharacter(line[i - 1]))) {
+            continue;
+        }
+        const bool isClass = std::isupper(static_cast<unsigned char>(line[i + 1])) != 0 &&
+                             std::islower(static_cast<unsigned char>(line[i + 2])) != 0;
+        if (isClass || line.compare(i, 3, "Qt/") == 0 ||
+            (line[i + 1] == 't' && line.find('/', i) != std::string::npos)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 class File {
   public:
     File(const fs::path& path, std::string name, std::vector<std::string>& findings)
@@ -60,16 +102,11 @@ class File {
 
   private:
     void check(const std::string& line) {
-        static const std::regex own(
-            R"re(^\s*#\s*include\s*"([^"]+)"|<header[^>]*>([^<]+)</header>)re");
-        static const std::regex qt(
-            R"(^\s*#\s*include\s*<(Q[A-Z]\w*|Qt\w*/.*)>|\bQ[A-Z][a-z]\w*\b)");
-        static const std::regex comment(R"(//.*$)");
-        std::smatch match;
-        if (std::regex_search(line, match, own)) {
-            checkInclude(match[1].matched ? match[1].str() : match[2].str());
+        const std::string included = includedBy(line);
+        if (!included.empty()) {
+            checkInclude(included);
         }
-        if (!mayNameQt(name_) && std::regex_search(std::regex_replace(line, comment, ""), qt)) {
+        if (!mayNameQt(name_) && namesQt(line.substr(0, line.find("//")))) {
             report("names Qt");
         }
     }

@@ -52,11 +52,11 @@ TEST_F(ResourcesTest, TheVersionIsTheProgramsOwn) {
     wchar_t* text = nullptr;
     UINT size = 0;
     ASSERT_NE(::VerQueryValueW(version.data(), L"\\", reinterpret_cast<void**>(&fixed), &size), 0);
-    const QVersionNumber version = QVersionNumber::fromString(QString::fromLatin1(kVersionText));
-    ASSERT_EQ(version.segmentCount(), 3);
+    const QVersionNumber parts = QVersionNumber::fromString(QString::fromLatin1(kVersionText));
+    ASSERT_EQ(parts.segmentCount(), 3);
     EXPECT_EQ(fixed->dwFileVersionMS,
-              static_cast<DWORD>(MAKELONG(version.minorVersion(), version.majorVersion())));
-    EXPECT_EQ(fixed->dwFileVersionLS, static_cast<DWORD>(MAKELONG(0, version.microVersion())));
+              static_cast<DWORD>(MAKELONG(parts.minorVersion(), parts.majorVersion())));
+    EXPECT_EQ(fixed->dwFileVersionLS, static_cast<DWORD>(MAKELONG(0, parts.microVersion())));
     ASSERT_NE(::VerQueryValueW(version.data(), L"\\StringFileInfo\\040904B0\\ProductVersion",
                                reinterpret_cast<void**>(&text), &size),
               0);
