@@ -9,22 +9,24 @@
 namespace marlowick {
 namespace {
 
+using namespace std::literals;
+
 std::string nameOf(std::string_view commandLine, std::string_view systemName) {
     return programName(commandLine, systemName);
 }
 
 TEST(ProcessesTest, AProgramGoesByTheLastPieceOfItsFirstArgument) {
-    EXPECT_EQ(nameOf(std::string("C:\\Games\\The Sims\\Sims.exe\0-w\0", 32), "main"), "Sims.exe");
+    EXPECT_EQ(nameOf("C:\\Games\\The Sims\\Sims.exe\0-w\0"sv, "main"), "Sims.exe");
     EXPECT_EQ(nameOf("Z:/home/x/sims.EXE", "main"), "sims.EXE");
     EXPECT_EQ(nameOf("/usr\\bin/cat", "main"), "cat");
     EXPECT_EQ(nameOf("Sims.exe", "main"), "Sims.exe");
-    EXPECT_EQ(nameOf(std::string("cat\0/x/Sims.exe\0", 16), "main"), "cat");
+    EXPECT_EQ(nameOf("cat\0/x/Sims.exe\0"sv, "main"), "cat");
     EXPECT_EQ(nameOf("/usr/bin/", "main"), "");
 }
 
 TEST(ProcessesTest, OneWithoutArgumentsGoesByTheSystemsName) {
     EXPECT_EQ(nameOf("", "Sims.exe\n"), "Sims.exe");
-    EXPECT_EQ(nameOf(std::string("\0x\0", 3), "C:\\Sims.exe\n"), "Sims.exe");
+    EXPECT_EQ(nameOf("\0x\0"sv, "C:\\Sims.exe\n"), "Sims.exe");
     EXPECT_EQ(nameOf("", ""), "");
 }
 
