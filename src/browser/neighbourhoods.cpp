@@ -35,7 +35,7 @@ std::string twoDigits(std::string_view tail) {
 }  // namespace
 
 List<std::string> findUserDataDirs() {
-    return counted(searchFilesAndFolders(SimsPath, "Userdata*"));
+    return counted(searchFilesAndFolders(neighbourhoodsPath(), "Userdata*"));
 }
 
 std::string neighbourhoodLine(std::string_view folder) {
@@ -50,7 +50,7 @@ std::string folderOfLine(std::string_view line) {
 }
 
 Path charactersFolder(std::string_view userDataDir) {
-    return SimsPath.child(userDataDir) + "\\characters";
+    return neighbourhoodFolder(userDataDir) + "\\characters";
 }
 
 List<std::string> findSimFiles(std::string_view userDataDir) {

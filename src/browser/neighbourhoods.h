@@ -1,4 +1,4 @@
-// The neighbourhoods of a game folder and the sim files in them.
+// The neighbourhoods of the open game and the sim files in them.
 #pragma once
 
 #include <string>
@@ -11,7 +11,8 @@
 
 namespace marlowick {
 
-// Names in the game's folder that begin with "Userdata", files included, in listing order.
+// Names in the folder of the neighbourhoods that begin with "Userdata", files included, in listing
+// order.
 List<std::string> findUserDataDirs();
 
 // The line of the list for a folder: "Neighborhood 02   (UserData2)".

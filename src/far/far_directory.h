@@ -39,7 +39,8 @@ int farAnnouncedCount(const FarDirectory& directory);
 
 // Copies an entry out as folder + "\" + its name behind the last backslash, or under outputName.
 // The output is not truncated. Trapped (modFARsupport); false after a failure, and the two stream
-// slots of extraction then stay taken.
+// slots of extraction then stay taken. Nothing is extracted under its own name into a Legacy game's
+// templates of neighbourhoods (75).
 bool gsExtractFile(const Path& archive, const Path& folder, const FarDirectory& directory,
                    int number);
 bool gsExtractFileEx(const Path& archive, const Path& folder, std::string_view outputName,

@@ -4,6 +4,7 @@
 #include "far/far_directory.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
+#include "foundation/open_game.h"
 #include "system/block_copy.h"
 #include "system/streams.h"
 
@@ -31,6 +32,7 @@ bool gsExtractFile(const Path& archive, const Path& folder, const FarDirectory& 
                    int number) {
     return trapped("modFARsupport", "gsExtractFile", [&] {
         const std::string name = gfstrFileNameOfPath(directory.Entries[number].FileName);
+        refuseTemplate(folder.child(name));
         extractThroughSlots(archive, folder, name, directory, number);
     });
 }

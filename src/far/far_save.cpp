@@ -6,6 +6,7 @@
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
+#include "foundation/open_game.h"
 #include "system/block_copy.h"
 #include "system/files.h"
 #include "system/game_text.h"
@@ -152,6 +153,7 @@ Path newArchivePath(std::string_view name) {
 
 bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progress) {
     const Path temporary = tempFolder() + "\\tempfile.far";
+    refuseTemplate(target);
     CheckpointNumber = 2000;
     clearAndRemove(temporary);
     FarDirectory written = writeArchive(edit, temporary, progress);

@@ -28,9 +28,9 @@ Path newArchivePath(std::string_view name);
 // of the new archive. Sets CheckpointNumber from 2000 to 9000. False if the reading back has
 // failed; that is reported, and the edit's ReadingFailed is set. Raises what any step raises, among
 // them 6 for an offset past 2^31 - 1 or more than kMostFarRows entries, 62 for an entry whose data
-// isn't whole, and 53 for an added file that is gone. Unless only the temporary file couldn't be
-// removed, target and edit are then untouched, the temporary file stays, and the two stream slots
-// stay taken if they were.
+// isn't whole, 53 for an added file that is gone, and 75 for a target in a Legacy game's own
+// templates of neighbourhoods. Unless only the temporary file couldn't be removed, target and edit
+// are then untouched, the temporary file stays, and the two stream slots stay taken if they were.
 bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progress);
 
 }  // namespace marlowick

@@ -2,6 +2,7 @@
 
 #include "foundation/game_kind.h"
 #include "foundation/saves_folder.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {
@@ -48,6 +49,12 @@ bool mayChooseNeighbourhoods(const Path& folder) {
 bool isTemplate(const Path& path) {
     BoundedLook look;
     return isLegacyTemplate(path, gameSurroundings(), look);
+}
+
+void refuseTemplate(const Path& path) {
+    if (isTemplate(path)) {
+        throw RuntimeError(error::kPathFileAccess);
+    }
 }
 
 Path automaticNeighbourhoods(const Path& install) {

@@ -24,6 +24,9 @@ bool mayChooseNeighbourhoods(const Path& folder);
 // link: the game never reads what is written there.
 bool isTemplate(const Path& path);
 
+// Raises 75 for a file that is about to be written and would lie in such a template.
+void refuseTemplate(const Path& path);
+
 // The folder of the neighbourhoods that goes with a game, for a player who chooses none.
 Path automaticNeighbourhoods(const Path& install);
 

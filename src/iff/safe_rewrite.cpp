@@ -1,6 +1,7 @@
 #include "iff/safe_rewrite.h"
 
 #include "foundation/folders.h"
+#include "foundation/open_game.h"
 #include "system/files.h"
 #include "system/replace_file.h"
 #include "system/streams.h"
@@ -27,6 +28,7 @@ void replaceUserFile(const Path& userFile) {
     if (!files().fileExists(userFile)) {
         throw RuntimeError(error::kFileNotFound);
     }
+    refuseTemplate(userFile);
     replaceFile(userTempFile(), userFile, ReadOnlyTarget::Refuse);
 }
 

@@ -17,8 +17,8 @@ enum class SavedParts {
 bool writeUserTemp(IffFile& iff, SavedParts parts);
 
 // Puts "\usertemp.iff" in the place of the user file in one step. Raises 75 for a read-only user
-// file, which stays as it is, and 53 for one that is gone: a sim that was deleted meanwhile
-// doesn't come back.
+// file and for one in a Legacy game's own templates, which stay as they are, and 53 for one that is
+// gone: a sim that was deleted meanwhile doesn't come back.
 void replaceUserFile(const Path& userFile);
 
 }  // namespace marlowick

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -10,6 +11,7 @@
 #include "system/clock.h"
 #include "system/files.h"
 #include "system/game_text.h"
+#include "system/places.h"
 
 namespace marlowick {
 namespace {
@@ -38,6 +40,26 @@ std::string nameOnDisk(const Path& userFile) {
     return names.empty() ? std::string() : names.front();
 }
 
+// The backups that this run of the program has made, and the folders that their files came from.
+std::map<std::string, Path>& madeBackups() {
+    static std::map<std::string, Path> made;
+    return made;
+}
+
+// The path for a backup of that name. Two games have sims of the same names, in neighbourhoods of
+// the same names.
+Path placeForBackup(const std::string& name, const Path& userFile) {
+    Path place = backupFolder().child(name);
+    for (int number = 2; files().fileExists(place); ++number) {
+        const auto made = madeBackups().find(place.text());
+        if (made != madeBackups().end() && isSamePlace(made->second, userFile.folder())) {
+            break;
+        }
+        place = backupFolder().child(name + "_" + std::to_string(number));
+    }
+    return place;
+}
+
 }  // namespace
 
 std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time) {
@@ -61,7 +83,9 @@ bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
         CheckpointNumber = 2000;
         const std::string name = backupName(userFile, simName, localTime());
         CheckpointNumber = 3000;
-        copyFile(userFile, folder.child(name));
+        const Path place = placeForBackup(name, userFile);
+        copyFile(userFile, place);
+        madeBackups()[place.text()] = userFile.folder();
     });
 }
 

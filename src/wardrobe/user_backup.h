@@ -17,7 +17,9 @@ inline Path gstrUserFile;
 std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time);
 
 // Copies the user file into the program folder's "\Backup", which is made if it is missing.
-// The stamp is localTime(). Trapped (frmEditSim, msMakeUserBackup); false after a failure.
+// The stamp is localTime(). A backup of that name is only replaced if this run of the program made
+// it from the same folder; else it may come from another game, and a number behind the name ("_2")
+// keeps both. Trapped (frmEditSim, msMakeUserBackup); false after a failure.
 bool msMakeUserBackup(const Path& userFile, const std::string& simName);
 
 }  // namespace marlowick

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/game.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/test_folder.h"
@@ -38,6 +39,19 @@ TEST(NeighbourhoodsTest, FilesThatFitThePatternAreListedToo) {
     EXPECT_EQ(dirs[3], "UserData10");
     EXPECT_EQ(dirs[4], "UserData2");
     EXPECT_EQ(findSimFiles("userdata.txt").bound(), 0);
+}
+
+TEST(NeighbourhoodsTest, TheyAreThoseOfTheFolderWhereTheOpenGameKeepsThem) {
+    const test::TestFolder folder;
+    folder.write("game/UserData/Characters/user00001.iff", "template");
+    folder.write("saves/UserData3/Characters/user00003.iff", "bad");
+    NeighbourhoodsElsewhere = folder.path("saves");
+    const List<std::string> dirs = findUserDataDirs();
+    ASSERT_EQ(dirs.bound(), 1);
+    EXPECT_EQ(dirs[1], "UserData3");
+    EXPECT_EQ(findSimFiles("UserData").bound(), 0);
+    EXPECT_EQ(findSimFiles("UserData3").bound(), 1);
+    EXPECT_EQ(charactersFolder("UserData3"), folder.path("saves\\UserData3\\characters"));
 }
 
 TEST(NeighbourhoodsTest, SimFilesAreListedInOrderWithoutOpeningThem) {

@@ -147,6 +147,23 @@ TEST_F(FarExtractTest, AnEntryThatDoesNotExistIsAnIndexError) {
     EXPECT_EQ(recorder.reports().back().number, 9);
 }
 
+TEST_F(FarExtractTest, NothingGoesIntoTheTemplatesOfALegacyGame) {
+    makeArchive("User00001.iff", "data");
+    folder.write("game/Sims.exe", "MZ");
+    folder.write("game/eadpsdk.json", "{}");
+    folder.write("game/UserData/Characters/User00001.iff", "template");
+    folder.write("game/GameData/x", "");
+    const auto extractInto = [this](const char* place) {
+        return gsExtractFile(folder.path("game\\a.far"), folder.path(place), directory, 1);
+    };
+    EXPECT_FALSE(extractInto("game\\UserData\\Characters"));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 75);
+    EXPECT_EQ(folder.read("game/UserData/Characters/User00001.iff"), "template");
+    EXPECT_TRUE(extractInto("game\\GameData"));
+    EXPECT_EQ(folder.read("game/GameData/User00001.iff"), "data");
+}
+
 TEST_F(FarExtractTest, TheQuietFormRaisesAndTakesNoSlot) {
     makeArchive("a.bmp", "data");
     directory.Entries[1].FileOffset = little32(0x80000000);

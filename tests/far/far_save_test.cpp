@@ -219,6 +219,16 @@ TEST_F(FarSaveTest, ANewArchiveReplacesAFileOfItsName) {
     EXPECT_EQ(edit.mstrFarFile, newArchivePath("mine.far"));
 }
 
+TEST_F(FarSaveTest, NoArchiveIsWrittenIntoTheTemplatesOfALegacyGame) {
+    folder.write("game/Sims.exe", "MZ");
+    folder.write("game/eadpsdk.json", "{}");
+    folder.write("game/UserData/Neighborhood.iff", "template");
+    open(archiveFile({{"a.bmp", "data", {}}}));
+    EXPECT_EQ(saveAs(newArchivePath("..\\..\\UserData\\new")), 75);
+    EXPECT_FALSE(folder.exists("game/UserData/new.FAR"));
+    EXPECT_EQ(save(), 0);
+}
+
 TEST_F(FarSaveTest, ReadOnlyMarksDoNotStandInTheWay) {
     open(archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}}));
     folder.makeReadOnly(kArchive);

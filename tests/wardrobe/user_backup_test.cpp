@@ -84,6 +84,40 @@ TEST_F(UserBackupTest, TwoBackupsWithinAMinuteShareTheName) {
     EXPECT_EQ(backups().size(), 2U);
 }
 
+// The Legacy Collection's first neighbourhoods are the classic game's.
+TEST_F(UserBackupTest, TheSameNameFromAnotherGameKeepsBoth) {
+    const std::string name = "user1iff_A_UserData_20260309_140707";
+    folder.write("game/UserData/Characters/user1.iff", "classic");
+    folder.write("saves/UserData/Characters/user1.iff", "legacy");
+    const Path classic = folder.path("game\\UserData\\characters\\user1.iff");
+    const Path legacy = folder.path("saves\\UserData\\characters\\user1.iff");
+    EXPECT_TRUE(msMakeUserBackup(classic, "A  (user1 - A)"));
+    EXPECT_TRUE(msMakeUserBackup(legacy, "A  (user1 - A)"));
+    EXPECT_EQ(backups(), (std::vector<std::string>{name, name + "_2"}));
+    EXPECT_EQ(folder.read("program/Backup/" + name), "classic");
+    EXPECT_EQ(folder.read("program/Backup/" + name + "_2"), "legacy");
+    // Each game's later save within the minute has its own backup's name.
+    folder.write("game/UserData/Characters/user1.iff", "classic 2");
+    folder.write("saves/UserData/Characters/user1.iff", "legacy 2");
+    EXPECT_TRUE(msMakeUserBackup(legacy, "A  (user1 - A)"));
+    EXPECT_TRUE(msMakeUserBackup(classic, "A  (user1 - A)"));
+    EXPECT_EQ(backups().size(), 2U);
+    EXPECT_EQ(folder.read("program/Backup/" + name), "classic 2");
+    EXPECT_EQ(folder.read("program/Backup/" + name + "_2"), "legacy 2");
+}
+
+TEST_F(UserBackupTest, ABackupOfAnEarlierRunOfTheProgramIsKeptToo) {
+    const std::string name = "user1iff_A_UserData_20260309_140707";
+    folder.write("program/Backup/" + name, "from some game");
+    folder.write("program/Backup/" + name + "_2", "and another");
+    folder.write("game/UserData/Characters/user1.iff", "now");
+    EXPECT_TRUE(
+        msMakeUserBackup(folder.path("game\\UserData\\characters\\user1.iff"), "A  (user1 - A)"));
+    EXPECT_EQ(folder.read("program/Backup/" + name), "from some game");
+    EXPECT_EQ(folder.read("program/Backup/" + name + "_2"), "and another");
+    EXPECT_EQ(folder.read("program/Backup/" + name + "_3"), "now");
+}
+
 TEST_F(UserBackupTest, AFailureIsReportedAndTold) {
     EXPECT_FALSE(msMakeUserBackup(folder.path("game\\UserData\\characters\\gone.iff"), "A - B"));
     ASSERT_EQ(recorder.reports().size(), 1U);
