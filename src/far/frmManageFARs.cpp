@@ -22,6 +22,7 @@
 #include "widgets/input_guard.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
+#include "widgets/running_game_messages.h"
 #include "widgets/stock_pictures.h"
 
 namespace marlowick {
@@ -313,7 +314,7 @@ void frmManageFARs::msSaveFile() {
             }
             target = newArchivePath(name.toStdString());
         }
-        if (!save(target)) {
+        if (!mayWriteNow() || !save(target)) {
             return;
         }
         hideProgress();

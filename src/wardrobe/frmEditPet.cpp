@@ -9,6 +9,7 @@
 #include "widgets/display_text.h"
 #include "widgets/input_guard.h"
 #include "widgets/picture_box.h"
+#include "widgets/running_game_messages.h"
 
 namespace marlowick {
 namespace {
@@ -128,7 +129,7 @@ void frmEditPet::cmdSave_Click() {
             tellNotSaved(UserFilePath, loadFailure_);
             return;
         }
-        if (fields_.txtName.empty() || !saveWanted(fields_.txtName)) {
+        if (fields_.txtName.empty() || !saveWanted(fields_.txtName) || !mayWriteNow()) {
             return;
         }
         writePet(fields_, PetStrings);

@@ -20,6 +20,7 @@
 #include "widgets/input_guard.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
+#include "widgets/running_game_messages.h"
 #include "widgets/stock_pictures.h"
 
 namespace marlowick {
@@ -377,7 +378,7 @@ void frmEditSim::cmdSave_Click() {
         tellNotSaved(gstrUserFile, loadFailure_);
         return;
     }
-    if (fields_.txtName.empty() || !saveWanted(fields_.txtName)) {
+    if (fields_.txtName.empty() || !saveWanted(fields_.txtName) || !mayWriteNow()) {
         return;
     }
     writeWardrobe(fields_, wardrobe_);

@@ -13,6 +13,7 @@
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
 #include "system/disk.h"
+#include "system/processes.h"
 #include "system/streams.h"
 #include "widgets/display_text.h"
 #include "widgets/folder_list.h"
@@ -809,6 +810,37 @@ TEST_F(ManageFARsTest, AFailedSaveLeavesTheArchiveAndEverythingAsItStands) {
     EXPECT_EQ(recorder.reports()[1].checkpoint, 3000);
     EXPECT_EQ(archive("a.far"), before);
     EXPECT_TRUE(script.messages().empty());
+}
+
+// The game keeps its archives open.
+TEST_F(ManageFARsTest, ASaveWhileTheGameRunsAsksBeforeItWritesAnything) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}, {"b.bmp", kGreen, {}}});
+    const std::string before = archive("a.far");
+    manage([&](QWidget& window) {
+        setRunningPrograms([] { return std::vector<RunningProgram>{{7, "Sims.exe"}}; });
+        pick(window, "a.far");
+        select(window, {0});
+        click(window, "cmdDelete");
+        script.whenShown(QString(), [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        click(window, "cmdSave");
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(archive("a.far"), before);
+        EXPECT_EQ(rows(window), (QStringList{"[DEL]  a.bmp", "b.bmp"}));
+        EXPECT_FALSE(folder.exists("program/temp/tempfile.far"));
+        EXPECT_FALSE(pointerIsBusy());
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdSave");
+        EXPECT_EQ(rows(window), QStringList{"b.bmp"});
+    });
+    ASSERT_EQ(script.messages().size(), 3U);
+    EXPECT_EQ(script.messages()[0].title, "Confirm Action");
+    EXPECT_EQ(script.messages()[0].text, "The Sims is running. Save anyway?");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Question);
+    EXPECT_TRUE(script.messages()[0].yesNo);
+    EXPECT_EQ(script.messages()[2].text, "File Saved.");
+    EXPECT_EQ(entriesOfArchive(archive("a.far")),
+              (std::vector<ArchiveEntry>{{"b.bmp", kGreen, 246}}));
 }
 
 }  // namespace

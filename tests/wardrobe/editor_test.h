@@ -7,12 +7,14 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
 #include "system/clock.h"
+#include "system/processes.h"
 #include "system/streams.h"
 #include "widgets/picture_box.h"
 
@@ -68,6 +70,36 @@ class EditorTest : public WindowTest {
         script.answer(QMessageBox::Yes);
         script.answer();
         click(window, "cmdSave");
+    }
+
+    // While the game runs a save asks a second question, and Enter leaves everything as it is.
+    void saveWhileTheGameRuns() {
+        backupWanted = true;
+        open([this](QWidget& window) {
+            setRunningPrograms([] { return std::vector<RunningProgram>{{7, "SIMS.EXE"}}; });
+            script.answer(QMessageBox::No);
+            click(window, "cmdSave");
+            EXPECT_EQ(script.messages().size(), 1U);
+            script.answer(QMessageBox::Yes);
+            script.whenShown(QString(),
+                             [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+            click(window, "cmdSave");
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_TRUE(fileContent() == content);
+            EXPECT_FALSE(folder.exists("program/usertemp.iff"));
+            EXPECT_FALSE(folder.exists("program/Backup"));
+            script.answer(QMessageBox::Yes);
+            saveAndAgree(window);
+            EXPECT_FALSE(window.isVisible());
+        });
+        ASSERT_EQ(script.messages().size(), 6U);
+        EXPECT_EQ(script.messages()[2].title, "Confirm Action");
+        EXPECT_EQ(script.messages()[2].text, "The Sims is running. Save anyway?");
+        EXPECT_EQ(script.messages()[2].icon, QMessageBox::Question);
+        EXPECT_TRUE(script.messages()[2].yesNo);
+        EXPECT_EQ(script.messages()[4].text, script.messages()[2].text);
+        EXPECT_EQ(script.messages()[5].title, "Success");
+        EXPECT_FALSE(fileContent() == content);
     }
 
     // Saves again and again, and each time the machine stops one step later: the file is the old

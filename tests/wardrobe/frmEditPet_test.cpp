@@ -293,6 +293,11 @@ TEST_F(EditPetTest, CancelAfterAChangeWritesNothing) {
     EXPECT_FALSE(folder.exists("program/usertemp.iff"));
 }
 
+TEST_F(EditPetTest, ASaveWhileTheGameRunsAsksBeforeItWritesAnything) {
+    makePet();
+    saveWhileTheGameRuns();
+}
+
 TEST_F(EditPetTest, ASkinThatCantBeShownIsReportedAndTheOldPictureStays) {
     makePet();
     folder.write("game/GameData/Skins/B002DOG_new.cmx", "");

@@ -250,6 +250,11 @@ TEST_F(EditSimTest, ASaveOfAnUntouchedSimWritesItsRowsAnewAndNothingElse) {
     EXPECT_EQ(folder.read("program/usertemp.iff"), folder.read(kFile));
 }
 
+TEST_F(EditSimTest, ASaveWhileTheGameRunsAsksBeforeItWritesAnything) {
+    makeSim();
+    saveWhileTheGameRuns();
+}
+
 // The whole file against one that the test writes: labels padded with blanks, the rows, the map.
 TEST_F(EditSimTest, ASavedFileIsRightByteForByte) {
     std::vector<std::string> rows = simRows({});
