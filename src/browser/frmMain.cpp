@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
+#include <utility>
+#include <vector>
 
 #include "browser/frmSetPath.h"
 #include "browser/head_names.h"
@@ -13,6 +15,8 @@
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
 #include "foundation/game.h"
+#include "foundation/game_search.h"
+#include "foundation/open_game.h"
 #include "foundation/version.h"
 #include "iff/sim_names.h"
 #include "iff/string_segment.h"
@@ -25,6 +29,7 @@
 #include "widgets/input_guard.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
+#include "widgets/running_game_messages.h"
 #include "widgets/settings.h"
 #include "widgets/stock_pictures.h"
 
@@ -93,26 +98,57 @@ void frmMain::showMain() {
 
 void frmMain::Form_Load() {
     resize(width(), kWindowHeight);
-    SimsPath = toPath(registeredSimsPath());
-    struct Default {
-        const char* key;
-        QString value;
-    };
-    const Default defaults[] = {{setting::kBackupSavedFile, QStringLiteral("1")},
-                                {setting::kSkipPajamaSave, QStringLiteral("1")},
-                                {setting::kSimsLocation, toDisplay(SimsPath)}};
-    for (const Default& missing : defaults) {
-        if (readSetting(missing.key).isEmpty()) {
-            writeSetting(missing.key, missing.value);
+    for (const char* key : {setting::kBackupSavedFile, setting::kSkipPajamaSave}) {
+        if (readSetting(key).isEmpty()) {
+            writeSetting(key, QStringLiteral("1"));
         }
     }
+    storeLocation();
     ui->smenuBackup->setChecked(readSettingAsNumber(setting::kBackupSavedFile) == 1);
-    SimsPath = toPath(readSetting(setting::kSimsLocation));
-    page_.setFiles({});
+    openGame(toPath(readSetting(setting::kSimsLocation)),
+             toPath(readSetting(setting::kNeighborhoods)));
+    listAnew();
+    ignoringErrors([] { files().makeFolder(ensembleFolder()); });
+}
+
+// A search that finds the game at the start finds it for good.
+void frmMain::storeLocation() {
+    const Path stored = toPath(readSetting(setting::kSimsLocation));
+    const Path location = locationAtStart(stored, toPath(registeredSimsPath()), [] {
+        setPointer(Pointer::Hourglass);
+        std::vector<FoundGame> games = findGames(gameSurroundings());
+        setPointer(Pointer::Default);
+        return games;
+    });
+    if (location == stored && !stored.empty()) {
+        return;
+    }
+    writeSetting(setting::kSimsLocation, toDisplay(location));
+    if (!stored.empty()) {
+        writeSetting(setting::kNeighborhoods, QString());
+    }
+}
+
+// Nothing of another game stays: its clothes must not be saved for this one's sims.
+void frmMain::listAnew() {
+    if (listedGame_ != SimsPath) {
+        toldOfMissingSaves_ = false;
+    }
+    listedGame_ = SimsPath;
+    listedNeighbourhoods_ = neighbourhoodsPath();
+    const InputGuard guard;
+    setPointer(Pointer::Hourglass);
+    masUserDataDirs.reset();
+    msFillUserDataList();
+    mstrUserDataDir.clear();
+    page_ = SimPage();
     ui->picThumbs->clearPage();
+    ui->txtPageCount->clear();
+    clearSim();
+    repaintWindows();
     resetModelCatalogue();
     gsBuildModelCatalogue();
-    ignoringErrors([] { files().makeFolder(ensembleFolder()); });
+    setPointer(Pointer::Default);
 }
 
 void frmMain::Form_Activate() {
@@ -122,8 +158,9 @@ void frmMain::Form_Activate() {
     update();
     setWindowTitle(QStringLiteral("Marlowick - Version %1 - by Tolbert Quay")
                        .arg(QString::fromLatin1(kVersionText)));
+    lookAtGame();
     showPathMessages();
-    if (files().fileExists(SimsPath + "\\sims.exe")) {
+    if (isGameThere()) {
         activateWithGame();
         return;
     }
@@ -131,6 +168,24 @@ void frmMain::Form_Activate() {
                 QStringLiteral("The file SIMS.EXE was not found in the path specified in the "
                                "registry.\nPlease use the Set Path menu option to locate The "
                                "Sims."));
+}
+
+// While no sims are listed, the game's disk or its saves may come, or another copy of it take its
+// place.
+void frmMain::lookAtGame() {
+    if (page_.files().bound() == 0) {
+        openGame(SimsPath, toPath(readSetting(setting::kNeighborhoods)));
+    }
+    if (listedGame_ != SimsPath || listedNeighbourhoods_ != neighbourhoodsPath()) {
+        listAnew();
+    }
+    if (!isGameThere()) {
+        ui->lblGame->setTexts(QStringLiteral("No game is open"), QString());
+        return;
+    }
+    const char* kind = SimsKind == GameKind::Classic ? " (classic)" : "";
+    ui->lblGame->setTexts(QString::fromStdString(gameTitle(SimsKind) + kind),
+                          toDisplay(neighbourhoodsPath()));
 }
 
 void frmMain::showPathMessages() {
@@ -153,17 +208,52 @@ void frmMain::showPathMessages() {
 
 void frmMain::activateWithGame() {
     if (page_.files().bound() == 0) {
-        msGetUserDataDirs();
-        msFillUserDataList();
-        const QString last = readSetting(setting::kLastNeighborhood);
-        const QList<QListWidgetItem*> found =
-            last.isEmpty() ? QList<QListWidgetItem*>()
-                           : ui->lstUserDataDir->findItems(last, Qt::MatchExactly);
-        if (!found.isEmpty()) {
-            ui->lstUserDataDir->setCurrentItem(found.first());
+        if (waitsForSaves()) {
+            tellOfMissingSaves();
+        } else {
+            listNeighbourhoods();
         }
     }
     ignoringErrors([] { files().makeFolder(tempFolder()); });
+}
+
+void frmMain::listNeighbourhoods() {
+    msGetUserDataDirs();
+    msFillUserDataList();
+    const QString last = readSetting(setting::kLastNeighborhood);
+    const QList<QListWidgetItem*> found =
+        last.isEmpty() ? QList<QListWidgetItem*>()
+                       : ui->lstUserDataDir->findItems(last, Qt::MatchExactly);
+    if (!found.isEmpty()) {
+        ui->lstUserDataDir->setCurrentItem(found.first());
+    }
+}
+
+void frmMain::tellOfMissingSaves() {
+    if (std::exchange(toldOfMissingSaves_, true)) {
+        return;
+    }
+    showMessage(QStringLiteral("No Neighborhoods Yet"), MessageIcon::Information,
+                MessageButtons::Ok,
+                QStringLiteral("The Sims Legacy Collection makes its neighborhoods at its first "
+                               "start. They are not there yet.\nThe game lies in:\n%1\nIts "
+                               "neighborhoods will lie in:\n%2\nPlease start the game once.")
+                    .arg(toDisplay(SimsPath), toDisplay(neighbourhoodsPath())));
+}
+
+// A player who has started the game meanwhile comes back from it.
+bool frmMain::event(QEvent* event) {
+    const bool done = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowActivate && toldOfMissingSaves_ && !InputGuard::isActive() &&
+        QApplication::activeModalWidget() == nullptr && ui->lstUserDataDir->count() == 0 &&
+        !waitsForSaves()) {
+        runEvent("frmMain", "Form_Activate", [this] { Form_Activate(); });
+    }
+    return done;
+}
+
+bool frmMain::isGameThere() {
+    return files().fileExists(SimsPath + "\\sims.exe");
 }
 
 bool frmMain::backupWanted() const {
@@ -383,6 +473,9 @@ void frmMain::cmdSelect_Click() {
     if (!readSimFile(mudtIff, mstrUserDataDir, file).empty()) {
         return;
     }
+    if (runningGame_.isDue()) {
+        tellGameRuns();
+    }
     writeSetting(setting::kLastNeighborhood, toDisplay(ui->lstUserDataDir->line()));
     setPointer(Pointer::Hourglass);
     repaint();
@@ -469,7 +562,7 @@ void frmMain::smenuExport_Click() {
 void frmMain::repairSims(const QString& question, bool (*tool)(const SimWalk&)) {
     trapped("frmMain", "smenuFix_Click", [&] {
         if (!confirmAction(question + QStringLiteral("\n\nDo you wish to proceed?")) ||
-            page_.files().bound() == 0) {
+            page_.files().bound() == 0 || !mayWriteNow()) {
             return;
         }
         if (walkSims(tool)) {

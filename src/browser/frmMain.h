@@ -11,6 +11,7 @@
 #include "browser/neighbourhoods.h"
 #include "browser/sim_page.h"
 #include "foundation/list.h"
+#include "foundation/running_game.h"
 #include "iff/iff_file.h"
 #include "widgets/form.h"
 
@@ -46,13 +47,20 @@ class frmMain : public QMainWindow, public FormEvents {
     void msPrepareSimPreview();
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
     void connectControls();
     void connectMenu(QAction* action, const char* event, void (frmMain::*handler)());
+    void storeLocation();
+    void listAnew();
+    void lookAtGame();
     void showPathMessages();
     void activateWithGame();
+    void listNeighbourhoods();
+    void tellOfMissingSaves();
+    static bool isGameThere();
 
     void msGetUserDataDirs();
     void msFillUserDataList();
@@ -85,6 +93,12 @@ class frmMain : public QMainWindow, public FormEvents {
 
     std::unique_ptr<Ui::frmMain> ui;
     QTimer* Timer1;
+
+    // What the lists and the catalogue were made of.
+    Path listedGame_;
+    Path listedNeighbourhoods_;
+    bool toldOfMissingSaves_ = false;
+    RunningGameNotice runningGame_;
 
     List<std::string> masUserDataDirs;
     std::string mstrUserDataDir;

@@ -1,8 +1,11 @@
-// Lets a person say where the game lies.
+// Lets a person say where the game lies, and where its neighbourhoods do.
 #pragma once
 
 #include <memory>
+#include <vector>
 
+#include "foundation/game_search.h"
+#include "system/path.h"
 #include "widgets/form.h"
 
 namespace Ui {
@@ -26,12 +29,23 @@ class frmSetPath : public ModalForm {
     void buildControls() override;
 
   private:
+    void listGames();
+    void showNeighbourhoods(const Path& folder, bool isChosen);
+    void showAutomatic();
+
+    void lstGames_Click();
+    void txtLocation_Change();
+    void txtLocation_LostFocus();
     void cmdUseReg_Click();
     void cmdFindPath_Click();
+    void cmdFindNeighborhoods_Click();
+    void cmdAutomatic_Click();
     void cmdOK_Click();
     void cmdCancel_Click();
 
     std::unique_ptr<Ui::frmSetPath> ui;
+    std::vector<FoundGame> games_;  // as lstGames lists them
+    bool isChosen_ = false;         // the folder of the neighbourhoods, by a person
 };
 
 }  // namespace marlowick

@@ -31,9 +31,17 @@ bool choosesFirst(int key) {
 }  // namespace
 
 void ClickList::setLines(const std::vector<std::string>& gameTexts) {
-    clear();
+    QStringList texts;
     for (const std::string& text : gameTexts) {
-        addItem(new Line(toDisplay(text)));
+        texts.append(toDisplay(text));
+    }
+    setTexts(texts);
+}
+
+void ClickList::setTexts(const QStringList& texts) {
+    clear();
+    for (const QString& text : texts) {
+        addItem(new Line(text));
     }
 }
 

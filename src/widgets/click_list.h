@@ -17,6 +17,8 @@ class ClickList : public QListWidget {
 
     // Shows game texts as lines, in the order given.
     void setLines(const std::vector<std::string>& gameTexts);
+    // The same of texts of the screen.
+    void setTexts(const QStringList& texts);
     // The text of the chosen line as a game text; empty if none is chosen.
     std::string line() const;
 

@@ -583,7 +583,7 @@ TEST_F(MainTest, TheMenusHaveTheirEntries) {
                            "&Manage Skins In FAR Files", "&Remove Pink Gorilla Formal Hands"}));
 }
 
-TEST_F(MainTest, ANewPathTakesEffectAtTheNextClick) {
+TEST_F(MainTest, ANewPathTakesEffectAtOnce) {
     frmMain& window = showSims(1);
     folder.write("other/Sims.exe", "");
     folder.write("other/UserData/Characters/user00007.iff",
@@ -595,7 +595,7 @@ TEST_F(MainTest, ANewPathTakesEffectAtTheNextClick) {
         click(path, "cmdOK");
     });
     chooseCommand(window, "smenuSetPath");
-    EXPECT_EQ(nameIn(window, 0), "Sim 1");
+    EXPECT_EQ(nameIn(window, 0), "");
     chooseLine(window, 0);
     EXPECT_EQ(nameIn(window, 0), "Other Sim");
 }

@@ -28,6 +28,7 @@
 #include "wardrobe/frmENS.h"
 #include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
+#include "widgets/elided_label.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
 
@@ -65,6 +66,17 @@ void checkLabel(const QLabel* label) {
     }
     if (label->wordWrap()) {
         EXPECT_LE(label->heightForWidth(label->width()), label->height()) << describe(label);
+        return;
+    }
+    if (const auto* elided = qobject_cast<const ElidedLabel*>(label)) {
+        const QFontMetrics metrics(label->font());
+        const QStringList lines = elided->fittedLines();
+        for (const QString& line : lines) {
+            EXPECT_LE(metrics.horizontalAdvance(line), label->width()) << describe(label);
+        }
+        EXPECT_GE(label->height(), metrics.height() + metrics.lineSpacing() * (lines.size() - 1))
+            << describe(label);
+        EXPECT_EQ(label->toolTip(), label->text()) << describe(label);
         return;
     }
     const QFontMetrics metrics(label->font());
@@ -298,7 +310,8 @@ TEST_F(WindowWalkTest, SetPath) {
     script.whenShown("frmSetPath", [](QWidget& window) {
         look(window);
         EXPECT_EQ(tabOrder(window, "txtLocation"),
-                  (QStringList{"txtLocation", "cmdFindPath", "txtRegistry", "cmdUseReg", "cmdOK",
+                  (QStringList{"txtLocation", "cmdFindPath", "txtRegistry", "cmdUseReg", "lstGames",
+                               "txtNeighborhoods", "cmdFindNeighborhoods", "cmdAutomatic", "cmdOK",
                                "cmdCancel"}));
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
