@@ -11,14 +11,17 @@ folder=${TMPDIR:-/tmp}/Marlowick
 trap 'rm -rf "$folder"' EXIT
 scripts/tour.sh "$bin" "$folder"
 
-# Each picture, and the step of the tour that shows it. A palette makes the files small.
-while read -r picture step; do
-    convert "$folder/windows/$step.png" -strip +dither -colors 256 \
+# Each picture, and the step of the tour that shows it; those of the Legacy Collection have a road of
+# their own. A palette makes the files small.
+while read -r picture step road; do
+    convert "$folder/$road/windows/$step.png" -strip +dither -colors 256 \
         -define png:compression-level=9 -define png:compression-filter=0 \
         "PNG8:docs/pictures/$picture.png"
 done <<'END'
 title title
-set-path set-path
+found-game players-own-neighborhood legacy
+set-path games-before-the-classic-game legacy
+game-runs save-anyway legacy
 main-window a-sim
 wardrobe wardrobe
 chooser a-skin

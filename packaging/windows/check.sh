@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # check.sh [TOUR]: builds the Windows program, its package and its tests, and proves them under Wine
-# on a virtual display (under_wine.sh). TOUR is the folder of the same tour on this system: its game
+# on a virtual display (under_wine.sh). TOUR is the folder of the same tour on this system: its games
 # must have come out the same, byte for byte.
 set -euo pipefail
 cd "$(dirname "$0")/../.."

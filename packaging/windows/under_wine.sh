@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # under_wine.sh [TOUR]: runs what check.sh has built on the display that is there: every test, the
-# tour, and the packed program itself. Pictures are left in build/tour-windows and
+# tour through both games, and the packed program itself. Pictures are left in build/tour-windows and
 # build/wine-program.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -31,15 +31,18 @@ echo "-- the tour"
 rm -rf build/tour-windows
 mkdir -p build/tour-windows
 "$wine" "$bin/make_sample_game.exe" build/tour-windows/game
+"$wine" "$bin/make_sample_game.exe" --legacy build/tour-windows/home/Games/sims
 timeout 900 "$wine" "$bin/tour.exe" build/tour-windows
-executable=$(find build/tour-windows/game -type f -perm /111 ! -iname "*.exe")
+timeout 900 "$wine" "$bin/tour.exe" --legacy build/tour-windows
+executable=$(find build/tour-windows/game build/tour-windows/home -type f -perm /111 ! -iname "*.exe")
 if [ -n "$executable" ]; then
     echo "These files became executable: $executable" >&2
     exit 1
 fi
 if [ $# -gt 0 ]; then
     diff -r "$1/game" build/tour-windows/game
-    echo "The game came out as on this system, byte for byte."
+    diff -r "$1/home" build/tour-windows/home
+    echo "Both games came out as on this system, byte for byte."
 fi
 
 # picture_of TITLE NAME: waits for the window and leaves a picture of the screen. A search fails too

@@ -1,9 +1,11 @@
-// sims_location [FOLDER]: prints the stored setting "Sims Location", and succeeds if the game lies
-// there; with a folder, stores it.
+// sims_location [FOLDER]: prints where the program would find the game if it were started, and
+// succeeds if the game lies there; with a folder, stores that as "Sims Location" first.
 #include <QCoreApplication>
 #include <QDir>
 #include <cstdio>
 
+#include "browser/frmSetPath.h"
+#include "foundation/game_search.h"
 #include "system/files.h"
 #include "widgets/display_text.h"
 #include "widgets/settings.h"
@@ -16,7 +18,9 @@ int main(int argc, char** argv) {
         writeSetting(setting::kSimsLocation,
                      toDisplay(toPath(QDir(arguments.at(1)).absolutePath())));
     }
-    const Path location = toPath(readSetting(setting::kSimsLocation));
+    const Path location =
+        locationAtStart(toPath(readSetting(setting::kSimsLocation)), toPath(registeredSimsPath()),
+                        [] { return findGames(gameSurroundings()); });
     std::puts(toDisplay(location).toUtf8().constData());
     return !location.empty() && files().fileExists(location + "\\sims.exe") ? 0 : 1;
 }

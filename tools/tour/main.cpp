@@ -1,18 +1,21 @@
-// tour FOLDER: walks one road through the program's own windows on the game in
-// FOLDER/game, as a person would with mouse and keyboard, leaves a picture of every
-// step in FOLDER, and says what has changed in the sims' files. It fails if one of
-// them isn't what it should be. Settings and working files are its own, in FOLDER.
+// tour [--legacy] FOLDER: walks one road through the program's own windows, as a person would with
+// mouse and keyboard, leaves a picture of every step in FOLDER, or with --legacy in FOLDER/legacy,
+// and says what has changed in the sims' files. It fails if one of them isn't what it should be.
+// The classic game lies in FOLDER/game, the Legacy one in the Wine prefix FOLDER/home/Games/sims.
+// Settings and working files are the tour's own, beside its pictures.
 #include <QApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <vector>
 
-#include "catalogue/thumbnail_page.h"
 #include "driver.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
+#include "roads.h"
 #include "start/startup.h"
 #include "user_file_report.h"
 #include "widgets/display_text.h"
@@ -24,163 +27,6 @@ namespace {
 using namespace marlowick;
 using namespace marlowick::tour;
 
-// The sim that the tour dresses: a woman in clothes of her own, and her cell on the first page. The
-// dog that it dresses is on the first page of the second neighbourhood, and a file that is no sim
-// on that of the third.
-constexpr const char* kUserFile = "/UserData/Characters/USER00035.IFF";
-constexpr int kCell = 34;
-constexpr int kDogCell = 12;
-constexpr int kChairCell = 3;
-
-// What the tour changes, file by file; every other byte of these files stays.
-struct Expected {
-    const char* file;
-    const char* what;
-    Rows rows;
-};
-
-const Expected kExpected[] = {
-    // Clothes from the second page of the busiest model, the game's own swimsuit, a hand out of an
-    // archive; and every save writes the formal outfit into the row of the first generation too.
-    {kUserFile,
-     "the sim that was dressed",
-     {{2, "b302fafit_busy,BODY=b302fafitlgt_busy0055"},
-      {20, "HfLP,HAND=HMAC_PACK5"},
-      {28, "f201fafit_evening,BODY=f201fafitlgt_evening"},
-      {32, "s100fafit_original,BODY=s100fafitlgt_original"}}},
-    // Skinny sims in clothes of a fit one, and pink hands.
-    {"/UserData/Characters/user00021.iff",
-     "a skinny woman",
-     {{31, "f100faSKN_original,BODY=f100faSKNlgt_original"},
-      {33, "l100faSKN_original,BODY=l100faSKNlgt_original"}}},
-    {"/UserData/Characters/User00022.iff",
-     "a skinny man",
-     {{32, "s100maSKN_original,BODY=s100maSKNmed_original"}}},
-    {"/UserData/Characters/user00024.iff", "a man with pink hands", {{29, ""}, {30, ""}}},
-    {"/UserData/Characters/User00025.iff",
-     "a woman with pink hands",
-     {{29, "HfLO,HAND=gfao_bride"}, {30, "HfRO,HAND=gfao_bride"}}},
-};
-
-QPoint cellCentre(int cell) {
-    const page::Position corner = page::corner(cell);
-    return {corner.x + page::kPitch / 2, corner.y + page::kPitch / 2};
-}
-
-// An archive loses an entry and gets a bitmap of the folder of skins.
-void addArchiveSteps(Driver& driver) {
-    const QString window = "frmManageFARs";
-    driver.add("archives", whenShown("frmMain"), chooseCommand("frmMain", "menuFARs"));
-    driver.add("archive-window", whenShown(window), clickOn(window, "cmdOpen"));
-    driver.add("pick-archive", whenShown("frmOpenFAR"),
-               clickRow("frmOpenFAR", "lstFiles", "Textures.far"));
-    driver.add("picked-archive", whenShown("frmOpenFAR"), clickOn("frmOpenFAR", "cmdSelect"));
-    driver.add("archive", whenShown(window), typeText(window, "txtFind", "b"));
-    driver.add("search-text", whenShown(window), clickOn(window, "cmdFind"));
-    driver.add("found-entry", whenShown(window), clickOn(window, "cmdDelete"));
-    driver.add("deleted-entry", whenShown(window), openRow(window, "dirFiles", "GameData"));
-    driver.add("folder", whenShown(window), openRow(window, "dirFiles", "Skins"));
-    driver.add("folder-of-skins", whenShown(window), clickRow(window, "lstBMPs", "b"));
-    driver.add("bitmap", whenShown(window), clickOn(window, "cmdAddFile"));
-    driver.add("added-bitmap", whenShown(window), clickOn(window, "cmdSave"));
-    driver.add("saved-archive", whenAsked("Success"), answer("OK"));
-    driver.add("archive-again", whenShown(window), closeWindow(window));
-}
-
-void addSimSteps(Driver& driver) {
-    driver.add("title", whenShown("frmTitle"), clickOn("frmTitle", "cmdOK"));
-    driver.add("path-command", whenShown("frmMain"), chooseCommand("frmMain", "smenuSetPath"));
-    driver.add("set-path", whenShown("frmSetPath"), clickOn("frmSetPath", "cmdCancel"));
-    driver.add("neighborhoods", whenShown("frmMain"),
-               clickRow("frmMain", "lstUserDataDir", "Neighborhood 01"));
-    driver.add("first-page", whenShown("frmMain"), clickOn("frmMain", "cmdNext"));
-    driver.add("second-page", whenShown("frmMain"), clickOn("frmMain", "cmdPrevious"));
-    driver.add("first-page-again", whenShown("frmMain"),
-               clickAt("frmMain", "picThumbs", cellCentre(kCell)));
-    driver.add("a-sim", whenShown("frmMain"), clickOn("frmMain", "cmdSelect"));
-    driver.add("wardrobe", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdChangeNormal"));
-    driver.add("chooser", whenShown("frmSelectSkin"),
-               clickRow("frmSelectSkin", "lstModels", "B302FAFIT"));
-    driver.add("chooser-page", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdNext"));
-    driver.add("chooser-last-page", whenShown("frmSelectSkin"),
-               clickAt("frmSelectSkin", "picThumbs", cellCentre(5)));
-    driver.add("a-skin", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
-    driver.add("new-clothes", whenShown("frmEditSim"),
-               openTab("frmEditSim", "tabSkins", "Swimsuit"));
-    driver.add("swimsuit", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdDefaultSwimsuit"));
-    driver.add("default-question", whenAsked("Confirm Action"), answer("Yes"));
-    // Each picture shows the tab that the step before it has opened.
-    struct Tab {
-        const char* shown;
-        const char* next;
-    };
-    for (const Tab& tab :
-         {Tab{"default-swimsuit", "Formal"}, Tab{"formal", "Pajamas"}, Tab{"pajamas", "Nude"},
-          Tab{"nude", "Winter"}, Tab{"winter", "H. Fashion"}, Tab{"high-fashion", "Hands"}}) {
-        driver.add(tab.shown, whenShown("frmEditSim"), openTab("frmEditSim", "tabSkins", tab.next));
-    }
-    driver.add("hands", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdLeftPointHand"));
-    // One hand of the sample game is no picture; the list is built twice, and tells of it twice.
-    driver.add("bad-hand", whenAsked("Bad Skin Files Detected"), answer("OK"));
-    driver.add("bad-hand-again", whenAsked("Bad Skin Files Detected"), answer("OK"));
-    driver.add("hand-chooser", whenShown("frmSelectSkin"), press("frmSelectSkin", "FAR Files"));
-    driver.add("hand-chooser-archives", whenShown("frmSelectSkin"),
-               clickAt("frmSelectSkin", "picThumbs", cellCentre(8)));
-    driver.add("a-hand", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
-    driver.add("new-hand", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdEnsSave"));
-    driver.add("ensembles", whenShown("frmENS"), typeText("frmENS", "txtFileName", "Evening out"));
-    driver.add("ensemble-name", whenShown("frmENS"), clickOn("frmENS", "cmdSaveLoad"));
-    driver.add("ensemble-saved", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdEnsLoad"));
-    driver.add("ensemble-to-load", whenShown("frmENS"), clickRow("frmENS", "flbENS", "Evening"));
-    driver.add("ensemble-chosen", whenShown("frmENS"), clickOn("frmENS", "cmdSaveLoad"));
-    driver.add("ensemble-loaded", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdSave"));
-    driver.add("save-question", whenAsked("Confirm Action"), answer("Yes"));
-    driver.add("saved", whenAsked("Success"), answer("OK"));
-}
-
-void addPetSteps(Driver& driver) {
-    driver.add("back", whenShown("frmMain"),
-               clickRow("frmMain", "lstUserDataDir", "Neighborhood 02"));
-    driver.add("pets", whenShown("frmMain"), clickAt("frmMain", "picThumbs", cellCentre(kDogCell)));
-    driver.add("a-dog", whenShown("frmMain"), clickOn("frmMain", "cmdSelect"));
-    driver.add("pet-wardrobe", whenShown("frmEditPet"), clickOn("frmEditPet", "cmdChangeNormal"));
-    driver.add("pet-chooser", whenShown("frmSelectSkin"),
-               clickRow("frmSelectSkin", "lstModels", "B002DOG"));
-    driver.add("pet-skins", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
-    driver.add("new-coat", whenShown("frmEditPet"), clickOn("frmEditPet", "cmdSave"));
-    driver.add("pet-question", whenAsked("Confirm Action"), answer("Yes"));
-    driver.add("pet-saved", whenAsked("Success"), answer("OK"));
-}
-
-// The whole first neighbourhood at once.
-void addToolSteps(Driver& driver) {
-    driver.add("before-the-tools", whenShown("frmMain"),
-               clickRow("frmMain", "lstUserDataDir", "Neighborhood 01"));
-    driver.add("before-export", whenShown("frmMain"), chooseCommand("frmMain", "smenuExport"));
-    driver.add("exported", whenAsked("Export Complete"), answer("OK"));
-    driver.add("before-fix", whenShown("frmMain"), chooseCommand("frmMain", "smenuFix"));
-    driver.add("fix-question", whenAsked("Confirm Action"), answer("Yes"));
-    driver.add("fixed", whenAsked("Success"), answer("OK"));
-    driver.add("before-pink-hands", whenShown("frmMain"),
-               chooseCommand("frmMain", "smenuPinkHands"));
-    driver.add("pink-hands-question", whenAsked("Confirm Action"), answer("Yes"));
-    driver.add("no-pink-hands", whenAsked("Success"), answer("OK"));
-}
-
-// A file that is no sim brings the error report; its frame lets the program go on.
-void addReportSteps(Driver& driver) {
-    driver.add("before-a-bad-file", whenShown("frmMain"),
-               clickRow("frmMain", "lstUserDataDir", "Neighborhood 03"));
-    driver.add("bad-files", whenShown("frmMain"),
-               clickAt("frmMain", "picThumbs", cellCentre(kChairCell)));
-    driver.add("error-report", whenShown("frmErrorDialog"), closeWindow("frmErrorDialog"));
-}
-
-void addEnd(Driver& driver) {
-    driver.add("end", whenShown("frmMain"), closeWindow("frmMain"));
-    driver.add("exit-question", whenAsked("Confirm Action"), answer("Yes"));
-}
-
 std::string contentOf(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -190,12 +36,27 @@ std::string contentOf(const QString& path) {
     return file.readAll().toStdString();
 }
 
-using Contents = std::vector<UserFileContent>;
+// The files that a road changes, and the others that it has to leave alone.
+struct Contents {
+    std::vector<UserFileContent> changed;
+    std::map<QString, std::string> others;
+};
 
-Contents contentsOf(const QString& game) {
+Contents contentsOf(const QString& tour, const Road& road) {
     Contents contents;
-    for (const Expected& expected : kExpected) {
-        contents.push_back(takeApart(contentOf(game + expected.file)));
+    const QString neighbourhoods = tour + road.neighbourhoods;
+    for (const Expected& expected : road.changes) {
+        contents.changed.push_back(takeApart(contentOf(neighbourhoods + expected.file)));
+    }
+    if (*road.untouched != '\0') {
+        QDirIterator files(tour + road.untouched, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString file = files.next();
+            contents.others[file] = contentOf(file);
+        }
+        for (const Expected& expected : road.changes) {
+            contents.others.erase(neighbourhoods + expected.file);
+        }
     }
     return contents;
 }
@@ -215,47 +76,55 @@ bool agrees(const Expected& expected, const UserFileContent& before, const UserF
     return true;
 }
 
-bool agree(const Contents& before, const Contents& after) {
+bool agree(const Road& road, const Contents& before, const Contents& after) {
     bool good = true;
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        good = agrees(kExpected[i], before[i], after[i]) && good;
+    for (std::size_t i = 0; i < road.changes.size(); ++i) {
+        good = agrees(road.changes[i], before.changed[i], after.changed[i]) && good;
+    }
+    if (before.others != after.others) {
+        std::puts("tour: another file has changed, has come or has gone");
+        return false;
+    }
+    if (!after.others.empty()) {
+        std::printf("%zu other files are as they were.\n", after.others.size());
     }
     return good;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    if (argc != 2) {
-        std::fputs("usage: tour FOLDER\n", stderr);
-        return 2;
-    }
-    const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
-    const QString game = folder + "/game";
+// Walks the road in the program. False if the program ended before its end.
+bool walk(const QString& tour, const Road& road) {
+    const QString folder = tour + road.folder;
     QDir(folder).mkpath("program");
     prepareApplication();
     ProgramFolder = toPath(folder + "/program");
     useSettingsFile(folder + "/settings.ini");
-    writeSetting(setting::kSimsLocation, game);
-
-    const Contents before = contentsOf(game);
+    road.prepare(tour);
     Driver driver(folder);
-    addSimSteps(driver);
-    addPetSteps(driver);
-    addArchiveSteps(driver);
-    addToolSteps(driver);
-    addReportSteps(driver);
-    addEnd(driver);
+    road.addSteps(driver);
     std::puts("The pictures of the tour:");
     driver.start();
     startProgram();
     QApplication::exec();
     setErrorTrap({});
     destroyWindows();
-    if (!driver.isDone()) {
+    return driver.isDone();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    const bool legacy = argc == 3 && qstrcmp(argv[1], "--legacy") == 0;
+    if (argc != (legacy ? 3 : 2)) {
+        std::fputs("usage: tour [--legacy] FOLDER\n", stderr);
+        return 2;
+    }
+    const QString tour = QDir(QString::fromLocal8Bit(argv[argc - 1])).absolutePath();
+    const Road road = legacy ? legacyRoad() : classicRoad();
+    const Contents before = contentsOf(tour, road);
+    if (!walk(tour, road)) {
         std::puts("tour: the program ended before the tour did");
         return EXIT_FAILURE;
     }
-    return agree(before, contentsOf(game)) ? EXIT_SUCCESS : EXIT_FAILURE;
+    return agree(road, before, contentsOf(tour, road)) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
