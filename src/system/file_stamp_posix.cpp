@@ -1,0 +1,28 @@
+#include <sys/stat.h>
+
+#include <algorithm>
+
+#include "system/file_stamp.h"
+#include "system/files.h"
+
+namespace marlowick {
+namespace {
+
+std::int64_t nanoseconds(const struct timespec& time) {
+    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+}  // namespace
+
+std::optional<FileStamp> fileStamp(const Path& path) {
+    std::string native = files().followLinks(path).text();
+    std::replace(native.begin(), native.end(), '\\', '/');
+    struct stat status {};
+    if (::stat(native.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) {
+        return std::nullopt;
+    }
+    return FileStamp{status.st_size, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim),
+                     status.st_dev, status.st_ino};
+}
+
+}  // namespace marlowick
