@@ -1,0 +1,227 @@
+#include "preview/game_search.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "far/archives.h"
+#include "far/far_directory.h"
+#include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "foundation/folders.h"
+#include "system/files.h"
+#include "system/game_text.h"
+#include "system/runtime_error.h"
+
+namespace marlowick {
+namespace {
+
+constexpr std::string_view kBitmap = ".bmp";
+
+// Reads at most so many bytes from a position on.
+std::string readPart(File& file, std::int64_t position, std::int64_t size, std::int64_t most) {
+    if (position < 0 || size < 0) {
+        throw RuntimeError(error::kInvalidArgument);
+    }
+    const std::int64_t there = std::clamp<std::int64_t>(file.size() - position, 0, size);
+    if (there > most) {
+        throw RuntimeError(error::kOutOfMemory);
+    }
+    std::string bytes(static_cast<std::size_t>(there), '\0');
+    file.seek(position);
+    bytes.resize(file.read(bytes.data(), bytes.size()));
+    return bytes;
+}
+
+}  // namespace
+
+// What of a directory is asked for.
+struct GameSearch::Archive {
+    struct Entry {
+        std::string name;  // without folder, in upper case
+        std::int32_t offset = 0;
+        std::int32_t size = 0;
+    };
+    std::vector<Entry> entries;                             // entry n is element n - 1
+    std::unordered_map<std::string_view, int> firstOfName;  // its number
+};
+
+const GameSearch::Listing& GameSearch::listing(const Path& folder) {
+    const auto [place, isNew] = listings_.try_emplace(folder.text());
+    if (isNew) {
+        for (FolderEntry& entry : files().list(folder)) {
+            if (!entry.isFolder) {
+                std::string upper = upperCase(entry.name);
+                place->second.emplace(std::move(upper), std::move(entry.name));
+            }
+        }
+    }
+    return place->second;
+}
+
+std::shared_ptr<const GameSearch::Archive> GameSearch::archive(const Path& path) {
+    const auto [place, isNew] = archives_.try_emplace(path.text());
+    if (!isNew) {
+        return place->second;
+    }
+    place->second = std::make_shared<const Archive>();
+    ignoringErrors([&] {
+        place->second = kept_.get<Archive>(path, "directory", [&] {
+            FarDirectory directory;
+            readFarDirectory(directory, path);
+            Made<Archive> made;
+            const int count = farEntryCount(directory);
+            made.value.entries.reserve(static_cast<std::size_t>(count));
+            for (int number = 1; number <= count; ++number) {
+                const FarEntry& entry = directory.Entries[number];
+                made.value.entries.push_back({gfstrFarBaseName(entry.FileName),
+                                              gflngLittleEndianToLong(entry.FileOffset),
+                                              gflngLittleEndianToLong(entry.FileSize)});
+                made.bytes += 2 * sizeof(Archive::Entry) + entry.FileName.size();
+            }
+            for (int number = 1; number <= count; ++number) {
+                made.value.firstOfName.try_emplace(
+                    made.value.entries[static_cast<std::size_t>(number) - 1].name, number);
+            }
+            return made;
+        });
+    });
+    return place->second;
+}
+
+std::optional<FilePlace> GameSearch::looseFile(const Path& folder, const std::string& name) {
+    const auto [begin, end] = listing(folder).equal_range(upperCase(name));
+    const std::string* best = nullptr;
+    for (auto found = begin; found != end; ++found) {
+        // As a file is opened: the very name, or else the first of those that differ in case.
+        if (found->second == name) {
+            best = &found->second;
+            break;
+        }
+        if (best == nullptr || found->second < *best) {
+            best = &found->second;
+        }
+    }
+    if (best == nullptr || !isFileName(*best)) {
+        return std::nullopt;
+    }
+    return FilePlace{folder.child(*best), 0, *best};
+}
+
+std::optional<FilePlace> GameSearch::archived(const Path& path, const std::string& name) {
+    const std::shared_ptr<const Archive> directory = archive(path);
+    const std::string upper = upperCase(name);
+    const auto found = directory->firstOfName.find(upper);
+    if (found == directory->firstOfName.end()) {
+        return std::nullopt;
+    }
+    return FilePlace{path, found->second, upper};
+}
+
+std::optional<FilePlace> GameSearch::oneOf(const std::vector<std::string>& names, const Path& home,
+                                           bool isArchive) {
+    for (const std::string& name : names) {
+        std::optional<FilePlace> found = isArchive ? archived(home, name) : looseFile(home, name);
+        if (found) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
+const std::vector<Path>& GameSearch::modelArchives() {
+    if (!modelArchives_) {
+        modelArchives_ = existingArchives({ArchiveStage::Animation, ArchiveStage::FirstExpansion,
+                                           ArchiveStage::Expansions, ArchiveStage::Shared},
+                                          kLastModelExpansion);
+    }
+    return *modelArchives_;
+}
+
+const std::vector<Path>& GameSearch::skinArchives() {
+    if (!skinArchives_) {
+        skinArchives_ = existingArchives(
+            {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
+             ArchiveStage::Expansions, ArchiveStage::AllTextures},
+            kLastSkinExpansion);
+    }
+    return *skinArchives_;
+}
+
+std::optional<FilePlace> GameSearch::find(const std::vector<std::string>& names,
+                                          const FilePlace* near) {
+    std::optional<FilePlace> found;
+    if (near != nullptr) {
+        const bool isArchive = near->entry != 0;
+        found = oneOf(names, isArchive ? near->file : near->file.folder(), isArchive);
+    }
+    for (const SkinFolder folder : skinFolders()) {
+        found = found ? found : oneOf(names, skinFolder(folder), false);
+    }
+    if (found) {
+        return found;
+    }
+    for (const Path& path : modelArchives()) {
+        if ((found = oneOf(names, path, true))) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<FilePlace> GameSearch::archivedSkin(const std::string& upperName, bool whole) {
+    for (const Path& path : skinArchives()) {
+        if (whole) {
+            if (std::optional<FilePlace> found = archived(path, upperName + std::string(kBitmap))) {
+                return found;
+            }
+            continue;
+        }
+        const std::shared_ptr<const Archive> directory = archive(path);
+        const auto& entries = directory->entries;
+        const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
+            return entry.name.starts_with(upperName);
+        });
+        if (found != entries.end()) {
+            return FilePlace{path, static_cast<int>(found - entries.begin()) + 1, found->name};
+        }
+    }
+    return std::nullopt;
+}
+
+void GameSearch::findSkin(std::string_view name, bool wholeFirst,
+                          const std::function<bool(const FilePlace&)>& isIt) {
+    if (name.starts_with("***")) {
+        return;
+    }
+    for (const SkinFolder folder : skinFolders()) {
+        const auto found = looseFile(skinFolder(folder), std::string(name) + std::string(kBitmap));
+        if (found && isIt(*found)) {
+            return;
+        }
+    }
+    const std::string upper = upperCase(name);
+    std::optional<FilePlace> found = wholeFirst ? archivedSkin(upper, true) : std::nullopt;
+    if (!found) {
+        found = archivedSkin(upper, false);
+    }
+    if (found) {
+        isIt(*found);
+    }
+}
+
+std::string GameSearch::read(const FilePlace& place, std::int64_t most) {
+    if (place.entry == 0) {
+        const std::unique_ptr<File> file = files().open(place.file, OpenMode::Input);
+        return readPart(*file, 0, file->size(), most);
+    }
+    const std::shared_ptr<const Archive> directory = archive(place.file);
+    const auto number = static_cast<std::size_t>(place.entry);
+    if (place.entry < 0 || number > directory->entries.size()) {
+        throw RuntimeError(error::kSubscript);
+    }
+    const Archive::Entry& entry = directory->entries[number - 1];
+    const std::unique_ptr<File> file = files().open(place.file, OpenMode::Input);
+    return readPart(*file, entry.offset, entry.size, most);
+}
+
+}  // namespace marlowick
