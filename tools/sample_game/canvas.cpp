@@ -42,13 +42,14 @@ Canvas::Canvas(int width, int height)
       unit_(height * kOversize / 100.0),
       pixels_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_)) {}
 
-void Canvas::place(Point origin, double scale) {
+void Canvas::place(Point origin, double scale, double width, double height) {
     origin_ = origin;
-    scale_ = scale / 100;
+    scaleX_ = scale / 100 * width;
+    scaleY_ = scale / 100 * height;
 }
 
 Point Canvas::mapped(Point point) const {
-    return {(origin_.x + point.x * scale_) * unit_, (origin_.y + point.y * scale_) * unit_};
+    return {(origin_.x + point.x * scaleX_) * unit_, (origin_.y + point.y * scaleY_) * unit_};
 }
 
 Canvas::Box Canvas::clipped(double left, double top, double right, double bottom) const {
@@ -68,8 +69,8 @@ void Canvas::fill(Colour top, Colour bottom) {
 void Canvas::dome(Point centre, double radiusX, double radiusY, double cutY, Colour colour) {
     const Point c = mapped(centre);
     const double cut = mapped({0, cutY}).y;
-    const double rx = radiusX * scale_ * unit_;
-    const double ry = radiusY * scale_ * unit_;
+    const double rx = radiusX * scaleX_ * unit_;
+    const double ry = radiusY * scaleY_ * unit_;
     const Box box = clipped(c.x - rx, c.y - ry, c.x + rx, std::min(c.y + ry, cut));
     for (int y = box.top; y <= box.bottom; ++y) {
         for (int x = box.left; x <= box.right; ++x) {

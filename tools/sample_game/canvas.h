@@ -47,8 +47,8 @@ class Canvas {
     void stroke(const std::vector<Point>& points, double width, Colour colour);
     // Half of an ellipse, from one angle side: the upper part above y.
     void dome(Point centre, double radiusX, double radiusY, double cutY, Colour colour);
-    // Moves what is drawn next; scale in percent.
-    void place(Point origin, double scale);
+    // Moves what is drawn next; scale in percent, width and height in shares of it.
+    void place(Point origin, double scale, double width = 1, double height = 1);
 
     Picture finished() const;
 
@@ -63,7 +63,8 @@ class Canvas {
     int height_;
     double unit_;  // big pixels a unit
     Point origin_;
-    double scale_ = 1;
+    double scaleX_ = 1;
+    double scaleY_ = 1;
     std::vector<Colour> pixels_;
 };
 

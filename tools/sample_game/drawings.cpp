@@ -78,11 +78,26 @@ void drawMouth(Canvas& canvas, const Look& look, Mood mood, Colour skin) {
     }
 }
 
+Colour hairColour(const Look& look) {
+    return pick(kHair, look.tone == Tone::Dark ? look.hairColour % 2 : look.hairColour);
+}
+
+// What a head has in front.
+void drawFace(Canvas& canvas, const Look& look, Mood mood) {
+    const Colour skin = skinColour(look.tone);
+    const Colour hair = hairColour(look);
+    const Colour cheek = mix(skin, rgb(0xE06A5A), look.female || look.child ? 26 : 12);
+    canvas.ellipse({33.5, 59}, 5.5, 4, cheek);
+    canvas.ellipse({66.5, 59}, 5.5, 4, cheek);
+    drawEyes(canvas, look, hair);
+    canvas.stroke({{50, 52}, {48.4, 58}, {51, 59}}, 1.6, darker(skin, 24));
+    drawMouth(canvas, look, mood, skin);
+}
+
 // A head in a square of 100 units, shoulders below.
 void drawHead(Canvas& canvas, const Look& look, Mood mood) {
     const Colour skin = skinColour(look.tone);
-    const Colour hair =
-        pick(kHair, look.tone == Tone::Dark ? look.hairColour % 2 : look.hairColour);
+    const Colour hair = hairColour(look);
     const Colour cloth = pick(kCloth, look.clothes);
     drawHairBehind(canvas, look, hair);
     canvas.ellipse({50, 108}, 40, 28, cloth);
@@ -93,18 +108,229 @@ void drawHead(Canvas& canvas, const Look& look, Mood mood) {
     canvas.ellipse({50, 46}, 26, 26, skin);
     canvas.ellipse({50, look.child ? 56.0 : 58.0}, look.child ? 25 : 22, look.child ? 21 : 22,
                    skin);
-    const Colour cheek = mix(skin, rgb(0xE06A5A), look.female || look.child ? 26 : 12);
-    canvas.ellipse({33.5, 59}, 5.5, 4, cheek);
-    canvas.ellipse({66.5, 59}, 5.5, 4, cheek);
-    drawEyes(canvas, look, hair);
-    canvas.stroke({{50, 52}, {48.4, 58}, {51, 59}}, 1.6, darker(skin, 24));
-    drawMouth(canvas, look, mood, skin);
+    drawFace(canvas, look, mood);
     drawHairInFront(canvas, look, hair);
 }
 
-struct Frame {
-    double shoulder, waist, hip, leg, top;
+std::vector<Point> torso(const Frame& f, double bottom) {
+    const double middle = (f.top + bottom) / 2;
+    return {{50 - f.shoulder, f.top}, {50 + f.shoulder, f.top}, {50 + f.waist, middle + 2},
+            {50 + f.hip, bottom},     {50 - f.hip, bottom},     {50 - f.waist, middle + 2}};
+}
+
+struct Dress {
+    const Figure& figure;
+    Frame frame;
+    double hip;
+    Colour skin;
+    Colour main;
+    Colour accent;
+    bool isBack = false;
 };
+
+// Arms and legs look the same from behind.
+void drawLimbs(Canvas& canvas, const Dress& d, Colour arm, Colour leg) {
+    if (d.isBack) {
+        return;
+    }
+    const Frame& f = d.frame;
+    const double hipY = d.hip;
+    canvas.stroke({{50 - f.shoulder, f.top + 3},
+                   {50 - f.shoulder - 6, f.top + 18},
+                   {50 - f.shoulder - 8, f.top + 32}},
+                  f.leg * 1.15, arm);
+    canvas.stroke({{50 + f.shoulder, f.top + 3},
+                   {50 + f.shoulder + 6, f.top + 18},
+                   {50 + f.shoulder + 8, f.top + 32}},
+                  f.leg * 1.15, arm);
+    canvas.stroke({{50 - f.hip * 0.52, hipY}, {50 - f.hip * 0.6, 93}}, f.leg * 1.7, leg);
+    canvas.stroke({{50 + f.hip * 0.52, hipY}, {50 + f.hip * 0.6, 93}}, f.leg * 1.7, leg);
+}
+
+void drawFeet(Canvas& canvas, const Dress& d, Colour shoe) {
+    if (d.isBack) {
+        return;
+    }
+    const Frame& f = d.frame;
+    canvas.ellipse({50 - f.hip * 0.6 - 1.5, 96}, f.leg * 1.25, 3, shoe);
+    canvas.ellipse({50 + f.hip * 0.6 + 1.5, 96}, f.leg * 1.25, 3, shoe);
+}
+
+void drawMannequinHead(Canvas& canvas, const Figure& figure, const Frame& f, Colour skin) {
+    const double radius = headRadius(figure.body == Body::Child);
+    const double y = f.top - radius - 3;
+    const Colour hair = figure.tone == Tone::Dark ? kHair[0] : pick(kHair, figure.variant + 3U);
+    if (figure.female) {
+        canvas.ellipse({50, y}, radius + 1.6, radius + 1.4, hair);
+        canvas.stroke({{50 - radius * 0.9, y}, {50 - radius, f.top - 3}}, 4, hair);
+        canvas.stroke({{50 + radius * 0.9, y}, {50 + radius, f.top - 3}}, 4, hair);
+    }
+    canvas.rect(47, f.top - 6, 53, f.top + 3, darker(skin, 12));
+    canvas.ellipse({50, y}, radius * 0.88, radius, skin);
+    canvas.dome({50, y}, radius * 0.95, radius * 1.08, y - radius * 0.3, hair);
+    for (const double side : {-3.2, 3.2}) {
+        canvas.ellipse({50 + side, y + 0.8}, 1, 1.3, kInk);
+    }
+    canvas.stroke({{48, y + 4.6}, {50, y + 5.3}, {52, y + 4.6}}, 0.9, rgb(0xA84848));
+}
+
+void drawNormal(Canvas& canvas, const Dress& d) {
+    const Colour trousers = darker(pick(kCloth, d.figure.variant + 3), 40);
+    drawLimbs(canvas, d, d.skin, trousers);
+    drawFeet(canvas, d, rgb(0x4A3626));
+    canvas.polygon(torso(d.frame, d.hip + 2), d.main);
+    canvas.stroke(
+        {{50 - d.frame.shoulder, d.frame.top + 3}, {50 - d.frame.shoulder - 4, d.frame.top + 12}},
+        d.frame.leg * 1.5, d.main);
+    canvas.stroke(
+        {{50 + d.frame.shoulder, d.frame.top + 3}, {50 + d.frame.shoulder + 4, d.frame.top + 12}},
+        d.frame.leg * 1.5, d.main);
+    if (d.figure.variant % 3 == 1) {
+        for (double y = d.frame.top + 8; y < d.hip - 2; y += 8) {
+            canvas.rect(50 - d.frame.waist, y, 50 + d.frame.waist, y + 3, d.accent);
+        }
+    } else if (d.figure.variant % 3 == 2 && !d.isBack) {
+        canvas.ellipse({50, d.frame.top + 16}, 5, 5, d.accent);
+    }
+    canvas.rect(50 - d.frame.hip, d.hip, 50 + d.frame.hip, d.hip + 3, rgb(0x3A2A1E));
+}
+
+void drawSwimsuit(Canvas& canvas, const Dress& d) {
+    drawLimbs(canvas, d, d.skin, d.skin);
+    drawFeet(canvas, d, darker(d.skin, 10));
+    canvas.polygon(torso(d.frame, d.hip + 3), d.skin);
+    const double w = d.frame.hip;
+    if (d.figure.female) {
+        if (d.isBack) {
+            canvas.rect(50 - d.frame.shoulder, d.frame.top + 9, 50 + d.frame.shoulder,
+                        d.frame.top + 12, d.main);
+        } else {
+            canvas.ellipse({50 - 4.2, d.frame.top + 10}, 4.4, 4.4, d.main);
+            canvas.ellipse({50 + 4.2, d.frame.top + 10}, 4.4, 4.4, d.main);
+        }
+        canvas.stroke({{46, d.frame.top + 7}, {47, d.frame.top}}, 1.2, d.main);
+        canvas.stroke({{54, d.frame.top + 7}, {53, d.frame.top}}, 1.2, d.main);
+        canvas.polygon({{50 - w, d.hip - 2}, {50 + w, d.hip - 2}, {52, d.hip + 8}, {48, d.hip + 8}},
+                       d.main);
+    } else {
+        canvas.rect(50 - w, d.hip - 3, 50 + w, d.hip + 6, d.main);
+        canvas.polygon(
+            {{50 - w, d.hip + 5}, {50, d.hip + 5}, {49, d.hip + 14}, {50 - w, d.hip + 14}}, d.main);
+        canvas.polygon(
+            {{50, d.hip + 5}, {50 + w, d.hip + 5}, {50 + w, d.hip + 14}, {51, d.hip + 14}}, d.main);
+        canvas.rect(50 - w, d.hip - 3, 50 + w, d.hip - 1, d.accent);
+    }
+}
+
+void drawGown(Canvas& canvas, const Dress& d) {
+    drawLimbs(canvas, d, d.skin, d.main);
+    canvas.polygon(torso(d.frame, d.hip), d.main);
+    canvas.polygon(
+        {{50 - d.frame.waist, d.hip - 12}, {50 + d.frame.waist, d.hip - 12}, {74, 96}, {26, 96}},
+        d.main);
+    canvas.rect(50 - d.frame.waist, d.hip - 14, 50 + d.frame.waist, d.hip - 11, d.accent);
+    if (!d.isBack) {
+        canvas.polygon({{50 - 3, d.hip - 10}, {50 + 3, d.hip - 10}, {58, 96}, {42, 96}},
+                       lighter(d.main, 22));
+        canvas.polygon({{44, d.frame.top}, {56, d.frame.top}, {50, d.frame.top + 10}}, d.skin);
+        canvas.ellipse({50, d.frame.top + 2}, 1.4, 1.4, rgb(0xF2D060));
+    }
+}
+
+void drawSuit(Canvas& canvas, const Dress& d) {
+    const Colour cloth = darker(mix(d.main, rgb(0x20242C), 70), 10);
+    drawLimbs(canvas, d, cloth, cloth);
+    drawFeet(canvas, d, rgb(0x14110F));
+    canvas.polygon(torso(d.frame, d.hip + 4), cloth);
+    if (d.isBack) {
+        return;
+    }
+    canvas.polygon({{44, d.frame.top}, {56, d.frame.top}, {50, d.frame.top + 20}}, kWhite);
+    canvas.polygon({{45.5, d.frame.top + 3},
+                    {54.5, d.frame.top + 6.5},
+                    {54.5, d.frame.top + 2.5},
+                    {45.5, d.frame.top + 7}},
+                   d.accent);
+    for (double y = d.frame.top + 22; y < d.hip; y += 6) {
+        canvas.ellipse({50, y}, 1, 1, lighter(cloth, 40));
+    }
+}
+
+void drawPajamas(Canvas& canvas, const Dress& d) {
+    const Colour cloth = lighter(d.main, 55);
+    drawLimbs(canvas, d, cloth, cloth);
+    drawFeet(canvas, d, d.main);
+    canvas.polygon(torso(d.frame, d.hip + 4), cloth);
+    for (double x = 50 - d.frame.waist; x <= 50 + d.frame.waist; x += 4) {
+        canvas.stroke({{x, d.frame.top + 2}, {x, d.hip + 3}}, 1.1, d.main);
+    }
+    if (d.isBack) {
+        return;
+    }
+    for (const double side : {-0.56, 0.56}) {
+        for (const double shift : {-2.0, 2.0}) {
+            const double x = 50 + d.frame.hip * side + shift;
+            canvas.stroke({{x, d.hip + 6}, {x, 92}}, 1, d.main);
+        }
+    }
+    canvas.polygon({{44, d.frame.top}, {56, d.frame.top}, {50, d.frame.top + 7}}, d.skin);
+}
+
+void drawWinter(Canvas& canvas, const Dress& d) {
+    const Colour coat = d.main;
+    drawLimbs(canvas, d, coat, rgb(0x3C3A48));
+    drawFeet(canvas, d, rgb(0x6A4526));
+    canvas.polygon(torso(d.frame, d.hip + 16), coat);
+    canvas.rect(50 - d.frame.hip - 1, d.hip + 12, 50 + d.frame.hip + 1, d.hip + 17,
+                lighter(coat, 70));
+    if (!d.isBack) {
+        canvas.rect(49, d.frame.top, 51, d.hip + 12, darker(coat, 35));
+    }
+    canvas.rect(50 - d.frame.shoulder * 0.7, d.frame.top - 3, 50 + d.frame.shoulder * 0.7,
+                d.frame.top + 4, d.accent);
+    if (d.isBack) {
+        return;
+    }
+    canvas.rect(54, d.frame.top + 3, 59, d.frame.top + 20, d.accent);
+    for (const double side : {-1.0, 1.0}) {
+        canvas.ellipse({50 + side * (d.frame.shoulder + 8), d.frame.top + 33}, 4, 4.4, d.accent);
+    }
+}
+
+void drawFashion(Canvas& canvas, const Dress& d) {
+    const Colour shiny = mix(d.main, rgb(0xD8B040), 25);
+    drawLimbs(canvas, d, d.figure.female ? d.skin : shiny,
+              d.figure.female ? rgb(0x26242C) : darker(shiny, 40));
+    drawFeet(canvas, d, rgb(0xB02040));
+    canvas.polygon(torso(d.frame, d.hip + 6), shiny);
+    if (d.isBack) {
+        return;
+    }
+    canvas.polygon({{50 - d.frame.shoulder, d.frame.top},
+                    {50, d.frame.top},
+                    {50 + d.frame.hip, d.hip + 6},
+                    {50 + d.frame.hip - 7, d.hip + 6}},
+                   d.accent);
+    for (int i = 0; i < 9; ++i) {
+        canvas.ellipse({50 - 8.0 + (i * 37 % 17), d.frame.top + 6.0 + i * 3.4}, 0.9, 0.9, kWhite);
+    }
+}
+
+void drawNude(Canvas& canvas, const Dress& d) {
+    drawSwimsuit(canvas,
+                 {d.figure, d.frame, d.hip, d.skin, rgb(0xE8E8EC), rgb(0xC8C8D0), d.isBack});
+}
+
+// The clothes from behind, without what is drawn on their front. They fit in a narrow strip.
+void drawBack(Canvas& canvas, Dress dress, void (*draw)(Canvas&, const Dress&)) {
+    dress.isBack = true;
+    canvas.place({kBackMiddle - 50 * kBackWidth, 0}, 100, kBackWidth);
+    canvas.rect(45, dress.frame.top - 9, 55, dress.frame.top + 3, darker(dress.skin, 12));
+    draw(canvas, dress);
+    canvas.place({0, 0}, 100);
+}
+
+}  // namespace
 
 Frame frameOf(const Figure& figure) {
     const double female = figure.female ? -1.5 : 1.5;
@@ -121,183 +347,13 @@ Frame frameOf(const Figure& figure) {
     return {14.5 + female, figure.female ? 8.8 : 11, figure.female ? 12.0 : 11.5, 5.4, 30};
 }
 
-std::vector<Point> torso(const Frame& f, double bottom) {
-    const double middle = (f.top + bottom) / 2;
-    return {{50 - f.shoulder, f.top}, {50 + f.shoulder, f.top}, {50 + f.waist, middle + 2},
-            {50 + f.hip, bottom},     {50 - f.hip, bottom},     {50 - f.waist, middle + 2}};
+double hipOf(const Figure& figure) {
+    return frameOf(figure).top + (figure.body == Body::Child ? 24 : 32);
 }
 
-void drawLimbs(Canvas& canvas, const Frame& f, double hipY, Colour arm, Colour leg) {
-    canvas.stroke({{50 - f.shoulder, f.top + 3},
-                   {50 - f.shoulder - 6, f.top + 18},
-                   {50 - f.shoulder - 8, f.top + 32}},
-                  f.leg * 1.15, arm);
-    canvas.stroke({{50 + f.shoulder, f.top + 3},
-                   {50 + f.shoulder + 6, f.top + 18},
-                   {50 + f.shoulder + 8, f.top + 32}},
-                  f.leg * 1.15, arm);
-    canvas.stroke({{50 - f.hip * 0.52, hipY}, {50 - f.hip * 0.6, 93}}, f.leg * 1.7, leg);
-    canvas.stroke({{50 + f.hip * 0.52, hipY}, {50 + f.hip * 0.6, 93}}, f.leg * 1.7, leg);
+double headRadius(bool child) {
+    return child ? 9.5 : 8.5;
 }
-
-void drawFeet(Canvas& canvas, const Frame& f, Colour shoe) {
-    canvas.ellipse({50 - f.hip * 0.6 - 1.5, 96}, f.leg * 1.25, 3, shoe);
-    canvas.ellipse({50 + f.hip * 0.6 + 1.5, 96}, f.leg * 1.25, 3, shoe);
-}
-
-void drawMannequinHead(Canvas& canvas, const Figure& figure, const Frame& f, Colour skin) {
-    const double radius = figure.body == Body::Child ? 9.5 : 8.5;
-    const double y = f.top - radius - 3;
-    const Colour hair = figure.tone == Tone::Dark ? kHair[0] : pick(kHair, figure.variant + 3U);
-    if (figure.female) {
-        canvas.ellipse({50, y}, radius + 1.6, radius + 1.4, hair);
-        canvas.stroke({{50 - radius * 0.9, y}, {50 - radius, f.top + 5}}, 4, hair);
-        canvas.stroke({{50 + radius * 0.9, y}, {50 + radius, f.top + 5}}, 4, hair);
-    }
-    canvas.rect(47, f.top - 6, 53, f.top + 3, darker(skin, 12));
-    canvas.ellipse({50, y}, radius * 0.88, radius, skin);
-    canvas.dome({50, y}, radius * 0.95, radius * 1.08, y - radius * 0.3, hair);
-    for (const double side : {-3.2, 3.2}) {
-        canvas.ellipse({50 + side, y + 0.8}, 1, 1.3, kInk);
-    }
-    canvas.stroke({{48, y + 4.6}, {50, y + 5.3}, {52, y + 4.6}}, 0.9, rgb(0xA84848));
-}
-
-struct Dress {
-    const Figure& figure;
-    Frame frame;
-    double hip;
-    Colour skin;
-    Colour main;
-    Colour accent;
-};
-
-void drawNormal(Canvas& canvas, const Dress& d) {
-    const Colour trousers = darker(pick(kCloth, d.figure.variant + 3), 40);
-    drawLimbs(canvas, d.frame, d.hip, d.skin, trousers);
-    drawFeet(canvas, d.frame, rgb(0x4A3626));
-    canvas.polygon(torso(d.frame, d.hip + 2), d.main);
-    canvas.stroke(
-        {{50 - d.frame.shoulder, d.frame.top + 3}, {50 - d.frame.shoulder - 4, d.frame.top + 12}},
-        d.frame.leg * 1.5, d.main);
-    canvas.stroke(
-        {{50 + d.frame.shoulder, d.frame.top + 3}, {50 + d.frame.shoulder + 4, d.frame.top + 12}},
-        d.frame.leg * 1.5, d.main);
-    if (d.figure.variant % 3 == 1) {
-        for (double y = d.frame.top + 8; y < d.hip - 2; y += 8) {
-            canvas.rect(50 - d.frame.waist, y, 50 + d.frame.waist, y + 3, d.accent);
-        }
-    } else if (d.figure.variant % 3 == 2) {
-        canvas.ellipse({50, d.frame.top + 16}, 5, 5, d.accent);
-    }
-    canvas.rect(50 - d.frame.hip, d.hip, 50 + d.frame.hip, d.hip + 3, rgb(0x3A2A1E));
-}
-
-void drawSwimsuit(Canvas& canvas, const Dress& d) {
-    drawLimbs(canvas, d.frame, d.hip, d.skin, d.skin);
-    drawFeet(canvas, d.frame, darker(d.skin, 10));
-    canvas.polygon(torso(d.frame, d.hip + 3), d.skin);
-    const double w = d.frame.hip;
-    if (d.figure.female) {
-        canvas.ellipse({50 - 4.2, d.frame.top + 10}, 4.4, 4.4, d.main);
-        canvas.ellipse({50 + 4.2, d.frame.top + 10}, 4.4, 4.4, d.main);
-        canvas.stroke({{46, d.frame.top + 7}, {47, d.frame.top}}, 1.2, d.main);
-        canvas.stroke({{54, d.frame.top + 7}, {53, d.frame.top}}, 1.2, d.main);
-        canvas.polygon({{50 - w, d.hip - 2}, {50 + w, d.hip - 2}, {52, d.hip + 8}, {48, d.hip + 8}},
-                       d.main);
-    } else {
-        canvas.rect(50 - w, d.hip - 3, 50 + w, d.hip + 6, d.main);
-        canvas.polygon(
-            {{50 - w, d.hip + 5}, {50, d.hip + 5}, {49, d.hip + 14}, {50 - w, d.hip + 14}}, d.main);
-        canvas.polygon(
-            {{50, d.hip + 5}, {50 + w, d.hip + 5}, {50 + w, d.hip + 14}, {51, d.hip + 14}}, d.main);
-        canvas.rect(50 - w, d.hip - 3, 50 + w, d.hip - 1, d.accent);
-    }
-}
-
-void drawGown(Canvas& canvas, const Dress& d) {
-    drawLimbs(canvas, d.frame, d.hip, d.skin, d.main);
-    canvas.polygon(torso(d.frame, d.hip), d.main);
-    canvas.polygon(
-        {{50 - d.frame.waist, d.hip - 12}, {50 + d.frame.waist, d.hip - 12}, {74, 96}, {26, 96}},
-        d.main);
-    canvas.polygon({{50 - 3, d.hip - 10}, {50 + 3, d.hip - 10}, {58, 96}, {42, 96}},
-                   lighter(d.main, 22));
-    canvas.polygon({{44, d.frame.top}, {56, d.frame.top}, {50, d.frame.top + 10}}, d.skin);
-    canvas.rect(50 - d.frame.waist, d.hip - 14, 50 + d.frame.waist, d.hip - 11, d.accent);
-    canvas.ellipse({50, d.frame.top + 2}, 1.4, 1.4, rgb(0xF2D060));
-}
-
-void drawSuit(Canvas& canvas, const Dress& d) {
-    const Colour cloth = darker(mix(d.main, rgb(0x20242C), 70), 10);
-    drawLimbs(canvas, d.frame, d.hip, cloth, cloth);
-    drawFeet(canvas, d.frame, rgb(0x14110F));
-    canvas.polygon(torso(d.frame, d.hip + 4), cloth);
-    canvas.polygon({{44, d.frame.top}, {56, d.frame.top}, {50, d.frame.top + 20}}, kWhite);
-    canvas.polygon({{45.5, d.frame.top + 3},
-                    {54.5, d.frame.top + 6.5},
-                    {54.5, d.frame.top + 2.5},
-                    {45.5, d.frame.top + 7}},
-                   d.accent);
-    for (double y = d.frame.top + 22; y < d.hip; y += 6) {
-        canvas.ellipse({50, y}, 1, 1, lighter(cloth, 40));
-    }
-}
-
-void drawPajamas(Canvas& canvas, const Dress& d) {
-    const Colour cloth = lighter(d.main, 55);
-    drawLimbs(canvas, d.frame, d.hip, cloth, cloth);
-    drawFeet(canvas, d.frame, d.main);
-    canvas.polygon(torso(d.frame, d.hip + 4), cloth);
-    for (double x = 50 - d.frame.waist; x <= 50 + d.frame.waist; x += 4) {
-        canvas.stroke({{x, d.frame.top + 2}, {x, d.hip + 3}}, 1.1, d.main);
-    }
-    for (const double side : {-0.56, 0.56}) {
-        for (const double shift : {-2.0, 2.0}) {
-            const double x = 50 + d.frame.hip * side + shift;
-            canvas.stroke({{x, d.hip + 6}, {x, 92}}, 1, d.main);
-        }
-    }
-    canvas.polygon({{44, d.frame.top}, {56, d.frame.top}, {50, d.frame.top + 7}}, d.skin);
-}
-
-void drawWinter(Canvas& canvas, const Dress& d) {
-    const Colour coat = d.main;
-    drawLimbs(canvas, d.frame, d.hip, coat, rgb(0x3C3A48));
-    drawFeet(canvas, d.frame, rgb(0x6A4526));
-    canvas.polygon(torso(d.frame, d.hip + 16), coat);
-    canvas.rect(50 - d.frame.hip - 1, d.hip + 12, 50 + d.frame.hip + 1, d.hip + 17,
-                lighter(coat, 70));
-    canvas.rect(49, d.frame.top, 51, d.hip + 12, darker(coat, 35));
-    canvas.rect(50 - d.frame.shoulder * 0.7, d.frame.top - 3, 50 + d.frame.shoulder * 0.7,
-                d.frame.top + 4, d.accent);
-    canvas.rect(54, d.frame.top + 3, 59, d.frame.top + 20, d.accent);
-    for (const double side : {-1.0, 1.0}) {
-        canvas.ellipse({50 + side * (d.frame.shoulder + 8), d.frame.top + 33}, 4, 4.4, d.accent);
-    }
-}
-
-void drawFashion(Canvas& canvas, const Dress& d) {
-    const Colour shiny = mix(d.main, rgb(0xD8B040), 25);
-    drawLimbs(canvas, d.frame, d.hip, d.figure.female ? d.skin : shiny,
-              d.figure.female ? rgb(0x26242C) : darker(shiny, 40));
-    drawFeet(canvas, d.frame, rgb(0xB02040));
-    canvas.polygon(torso(d.frame, d.hip + 6), shiny);
-    canvas.polygon({{50 - d.frame.shoulder, d.frame.top},
-                    {50, d.frame.top},
-                    {50 + d.frame.hip, d.hip + 6},
-                    {50 + d.frame.hip - 7, d.hip + 6}},
-                   d.accent);
-    for (int i = 0; i < 9; ++i) {
-        canvas.ellipse({50 - 8.0 + (i * 37 % 17), d.frame.top + 6.0 + i * 3.4}, 0.9, 0.9, kWhite);
-    }
-}
-
-void drawNude(Canvas& canvas, const Dress& d) {
-    drawSwimsuit(canvas, {d.figure, d.frame, d.hip, d.skin, rgb(0xE8E8EC), rgb(0xC8C8D0)});
-}
-
-}  // namespace
 
 const char* toneCode(Tone tone) {
     return tone == Tone::Light ? "lgt" : (tone == Tone::Medium ? "med" : "drk");
@@ -363,12 +419,13 @@ Picture figure(const Figure& wanted, int size) {
     const Frame frame = frameOf(wanted);
     const Dress dress{wanted,
                       frame,
-                      frame.top + (wanted.body == Body::Child ? 24 : 32),
+                      hipOf(wanted),
                       skinColour(wanted.tone),
                       pick(kCloth, wanted.variant),
                       lighter(pick(kCloth, wanted.variant + 3), 15)};
     for (const Row& row : kRows) {
         if (row.outfit == wanted.outfit && row.female == wanted.female) {
+            drawBack(canvas, dress, row.draw);
             row.draw(canvas, dress);
         }
     }
@@ -379,6 +436,22 @@ Picture figure(const Figure& wanted, int size) {
         }
     }
     drawMannequinHead(canvas, wanted, frame, dress.skin);
+    return canvas.finished();
+}
+
+Picture headSkin(const Look& look, int size) {
+    const Colour skin = skinColour(look.tone);
+    const Colour hair = hairColour(look);
+    Canvas canvas(size, size);
+    canvas.fill(skin, darker(skin, 10));
+    // The hair on top, at the sides and behind.
+    canvas.rect(0, 0, 100, 14, hair);
+    const double neckline = look.female ? 100 : 66;
+    canvas.rect(0, 0, 27, neckline, hair);
+    canvas.rect(73, 0, 100, neckline, hair);
+    canvas.place(kFaceCorner, 100, kFaceWidth, kFaceHeight);
+    drawFace(canvas, look, Mood::Glad);
+    drawHairInFront(canvas, look, hair);
     return canvas.finished();
 }
 

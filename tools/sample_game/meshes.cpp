@@ -1,6 +1,8 @@
 #include "meshes.h"
 
 #include <bit>
+#include <charconv>
+#include <utility>
 
 #include "bytes.h"
 
@@ -23,6 +25,50 @@ std::string integers(std::initializer_list<std::uint32_t> values) {
     return bytes;
 }
 
+constexpr const char* kLineEnd = "\r\n";
+
+std::string number(std::size_t value) {
+    return little32(static_cast<std::uint32_t>(value));
+}
+
+std::string binary(int value) {
+    return little32(static_cast<std::uint32_t>(value));
+}
+std::string binary(float value) {
+    return little32(std::bit_cast<std::uint32_t>(value));
+}
+
+std::string text(int value) {
+    return std::to_string(value);
+}
+std::string text(float value) {
+    return floatText(value);
+}
+
+template <class Row>
+std::string binaryRows(const std::vector<Row>& rows) {
+    std::string bytes = number(rows.size());
+    for (const Row& row : rows) {
+        for (const auto value : row) {
+            bytes += binary(value);
+        }
+    }
+    return bytes;
+}
+
+template <class Row>
+std::string textRows(const std::vector<Row>& rows) {
+    std::string lines = std::to_string(rows.size()) + kLineEnd;
+    for (const Row& row : rows) {
+        std::string line;
+        for (const auto value : row) {
+            line += (line.empty() ? "" : " ") + text(value);
+        }
+        lines += line + kLineEnd;
+    }
+    return lines;
+}
+
 }  // namespace
 
 std::string bmfMesh(const std::string& name, const std::string& texture) {
@@ -34,11 +80,35 @@ std::string bmfMesh(const std::string& name, const std::string& texture) {
                    0.25F, 0.0F, 0.25F, 1.0F, 0.0F, 0.0F, 0.0F,   0.0F, -0.25F, 0.0F,  0.0F, -1.0F});
 }
 
-std::string sknMesh(const std::string& name, const std::string& texture) {
-    return name + "\r\n" + texture +
-           "\r\n1\r\nHEAD\r\n1\r\n0 1 2\r\n1\r\n0 0 3 0 0\r\n3\r\n0.0 0.0\r\n1 0.0\r\n0.5 "
-           "1\r\n0\r\n"
-           "3\r\n0.0 1.5 0.0 0.0 1 0.0\r\n-0.25 0.0 0.25 -1 0.0 0.0\r\n0.25 0.0 0.25 1 0.0 0.0\r\n";
+std::string bmfFile(const MeshRows& rows) {
+    std::string file = counted(rows.name) + counted(rows.texture) + number(rows.bones.size());
+    for (const std::string& bone : rows.bones) {
+        file += counted(bone);
+    }
+    return file + binaryRows(rows.faces) + binaryRows(rows.bindings) + binaryRows(rows.sheet) +
+           binaryRows(rows.blends) + binaryRows(rows.vertices);
+}
+
+std::string sknFile(const MeshRows& rows, bool vertexFirst) {
+    std::string file = rows.name + kLineEnd + rows.texture + kLineEnd +
+                       std::to_string(rows.bones.size()) + kLineEnd;
+    for (const std::string& bone : rows.bones) {
+        file += bone + kLineEnd;
+    }
+    std::vector<std::array<int, 2>> blends = rows.blends;
+    if (vertexFirst) {
+        for (auto& [weight, vertex] : blends) {
+            std::swap(weight, vertex);
+        }
+    }
+    return file + textRows(rows.faces) + textRows(rows.bindings) + textRows(rows.sheet) +
+           textRows(blends) + textRows(rows.vertices);
+}
+
+std::string floatText(float value) {
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    return {text.data(), end};
 }
 
 std::string suitBcf(const std::string& suit, const std::string& bone, const std::string& mesh) {

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "bitmap.h"
+#include "figures.h"
 
 namespace sample {
 namespace {
@@ -155,11 +156,12 @@ std::vector<std::string> wardrobeRows(const Sim& sim) {
         }
     };
     const bool child = sim.body == Body::Child;
-    const std::string head =
-        std::string("c00") + std::to_string(sim.number % 3 + 1) + genderAge(sim);
+    const std::string head = headName(sim.number % kHeads + 1, genderAge(sim));
+    std::string face = head;
+    face.insert(face.find('_'), toneCode(sim.tone));
     put(1, sim.age);
     put(2, outfit(sim, "b00" + std::to_string(sim.number % 3 + 1), "01"));
-    put(3, head + "_face,HEAD=" + head + toneCode(sim.tone) + "_face");
+    put(3, head + ",HEAD=" + face);
     put(13, sim.female ? "female" : "male");
     put(15, toneCode(sim.tone));
     put(16, outfit(sim, "n100", "original"));

@@ -1,12 +1,14 @@
 #include "skins.h"
 
 #include <array>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "archives.h"
 #include "bitmap.h"
 #include "drawings.h"
+#include "figures.h"
 #include "meshes.h"
 
 namespace sample {
@@ -51,13 +53,14 @@ class GameSkins {
         writeNormalClothes();
         writeBusyModel(skins);
         writeHands();
-        writeHeads();
         writeBuyable();
         writeBadFiles();
         writePetSkins();
         writeModelArchives();
         writeSkinArchives();
         writeBigArchive(archiveEntries);
+        writeLooseFigures(skins_);
+        writeLooseMeshes();
     }
 
   private:
@@ -78,8 +81,16 @@ class GameSkins {
     }
 
     void writeModel(const fs::path& folder, const std::string& name) {
-        writeFile(folder / fileName(name, ".cmx", ".CMX"),
-                  suitCmx(name, "PELVIS", "xskin-" + name + "-PELVIS-BODY"));
+        const std::string mesh = bodyMeshName(name, "");
+        looseMeshes_.emplace(mesh, name);
+        writeFile(folder / fileName(name, ".cmx", ".CMX"), suitCmx(name, "PELVIS", mesh));
+    }
+
+    // Wherever their suits lie, these lie in the game's own folder.
+    void writeLooseMeshes() {
+        for (const auto& [mesh, model] : looseMeshes_) {
+            writeFile(skins_ / (mesh + ".skn"), sknFile(bodyMesh(model, mesh), true));
+        }
     }
 
     // The outfits that the game's own defaults name, in the later form.
@@ -116,6 +127,10 @@ class GameSkins {
             const std::string gender = shape.female ? "f" : "m";
             const std::string body = std::string(shape.code).substr(2);
             const bool child = shape.body == Body::Child;
+            if (!child) {
+                writeModel(skins_, "n" + gender + body + "_01");
+                writeModel(skins_, "f" + gender + body + "_01");
+            }
             for (const Tone tone : kTones) {
                 writeSkin("u" + gender + body + toneCode(tone) + "_undies01",
                           draw({'N', shape.female, shape.body, tone, 3}, 128));
@@ -125,6 +140,7 @@ class GameSkins {
                 }
             }
         }
+        writeModel(skins_, "nuchd_01");
     }
 
     void writeNormalClothes() {
@@ -193,18 +209,6 @@ class GameSkins {
         writeSkin("guao_pinkg", bitmap8(hand(HandPose::Open, rgb(0xF08AC0), true)));
     }
 
-    void writeHeads() {
-        for (const char* head : {"c001fa_face", "c002ma_face"}) {
-            writeFile(skins_ / (std::string(head) + ".cmx"),
-                      suitCmx(head, "HEAD", std::string("xskin-") + head + "-HEAD"));
-            writeFile(skins_ / (std::string("xskin-") + head + "-HEAD.skn"),
-                      sknMesh(std::string("xskin-") + head + "-HEAD", "x"));
-        }
-        Look look;
-        look.female = true;
-        writeFile(skins_ / "C001FAlgt_Face.bmp", bitmap8(portrait(look)));
-    }
-
     void writeBuyable() {
         const fs::path third = game_ / "ExpansionPack3" / "SkinsBuy";
         const fs::path shared = game_ / "ExpansionShared" / "SkinsBuy";
@@ -246,33 +250,59 @@ class GameSkins {
         }
     }
 
-    ArchiveEntry modelEntry(const std::string& name) {
-        return {"animation\\" + varied(name, ++count_) + ".cmx.bcf",
-                suitBcf(name, "PELVIS", "xskin-" + name), 0};
+    // A suit whose mesh lies beside it.
+    static ArchiveEntry modelEntry(const std::string& name, unsigned number,
+                                   const std::string& home,
+                                   std::map<std::string, std::string>& meshes) {
+        const std::string mesh = bodyMeshName(name, home);
+        meshes.emplace(mesh, name);
+        return {"animation\\" + varied(name, number) + ".cmx.bcf", suitBcf(name, "PELVIS", mesh),
+                0};
+    }
+
+    static void addMeshes(std::vector<ArchiveEntry>& entries,
+                          const std::map<std::string, std::string>& meshes, bool binary) {
+        for (const auto& [name, model] : meshes) {
+            const MeshRows mesh = bodyMesh(model, name);
+            entries.push_back({"meshes\\" + name + (binary ? ".bmf" : ".skn"),
+                               binary ? bmfFile(mesh) : sknFile(mesh, false), 0});
+        }
+    }
+
+    static void addFigures(std::vector<ArchiveEntry>& entries, const std::string& archive) {
+        for (ArchiveEntry& entry : figureEntries(archive)) {
+            entries.push_back(std::move(entry));
+        }
     }
 
     void writeModelArchives() {
         std::vector<ArchiveEntry> base;
+        std::map<std::string, std::string> meshes;
         for (const Shape& shape : kShapes) {
             for (int model = 1; model <= 3; ++model) {
                 base.push_back(
-                    modelEntry("b00" + std::to_string(model) + shape.code + std::string("_01")));
+                    modelEntry("b00" + std::to_string(model) + shape.code + std::string("_01"),
+                               ++count_, "-base", meshes));
             }
         }
-        base.push_back(modelEntry("b001ucchd_01"));
+        base.push_back(modelEntry("b001ucchd_01", ++count_, "-base", meshes));
+        // The smallest mesh that there is, on a head that nobody wears.
         base.push_back(
             {"c003fa_face.cmx.bcf", suitBcf("c003fa_face", "HEAD", "xskin-c003fa-HEAD"), 0});
         base.push_back({"xskin-c003fa-HEAD.bmf", bmfMesh("xskin-c003fa-HEAD", "x"), 0});
         base.push_back({"a2o-walk.cfp", std::string(64, '\x07'), 0});
+        addMeshes(base, meshes, true);
+        addFigures(base, "Animation");
         writeFile(game_ / "GameData" / "Animation" / "Animation.far", farArchive(base));
     }
 
     std::vector<ArchiveEntry> packEntries(int pack) {
         const std::string number = std::to_string(pack);
         std::vector<ArchiveEntry> entries;
+        std::map<std::string, std::string> meshes;
         for (const Shape& shape : kShapes) {
             const std::string stem = "b" + number + "01" + shape.code;
-            entries.push_back(modelEntry(stem + "_pack"));
+            entries.push_back(modelEntry(stem + "_pack", ++count_, "-pack" + number, meshes));
             for (const Tone tone : kTones) {
                 entries.push_back(
                     {"skins\\" + stem + toneCode(tone) + "_packed.bmp",
@@ -284,7 +314,7 @@ class GameSkins {
         if (pack >= 5) {
             for (const bool dog : {true, false}) {
                 const std::string stem = "b" + number + "01" + (dog ? "dog" : "cat");
-                entries.push_back(modelEntry(stem + "_pack"));
+                entries.push_back(modelEntry(stem + "_pack", ++count_, "-pack" + number, meshes));
                 entries.push_back(
                     {stem + "_packed.bmp", bitmap8(pet(dog, static_cast<unsigned>(pack), 128)), 0});
             }
@@ -293,6 +323,8 @@ class GameSkins {
                            bitmap8(hand(HandPose::Open, rgb(0x6A8A4A), true)), 0});
         entries.push_back({"hmac_pack" + number + ".bmp",
                            bitmap8(hand(HandPose::Closed, rgb(0x8A5A3A), true)), 0});
+        // Some packs have text, some binary meshes.
+        addMeshes(entries, meshes, pack % 2 == 0);
         return entries;
     }
 
@@ -300,12 +332,12 @@ class GameSkins {
         for (int pack = 1; pack <= 7; ++pack) {
             const std::string name =
                 pack == 1 ? "ExpansionPack" : "ExpansionPack" + std::to_string(pack);
-            writeFile(game_ / name / (name + ".far"), farArchive(packEntries(pack)));
+            std::vector<ArchiveEntry> entries = packEntries(pack);
+            addFigures(entries, name);
+            writeFile(game_ / name / (name + ".far"), farArchive(entries));
         }
         std::vector<ArchiveEntry> shared = packEntries(8);
-        shared.push_back(
-            {"c004ma_face.cmx.bcf", suitBcf("c004ma_face", "HEAD", "xskin-c004ma-HEAD"), 0});
-        shared.push_back({"xskin-c004ma-HEAD.skn", sknMesh("xskin-c004ma-HEAD", "x"), 0});
+        addFigures(shared, "ExpansionShared");
         writeFile(game_ / "ExpansionShared" / "ExpansionShared.far", farArchive(shared));
 
         std::vector<ArchiveEntry> textures;
@@ -342,6 +374,7 @@ class GameSkins {
 
     fs::path game_;
     fs::path skins_;
+    std::map<std::string, std::string> looseMeshes_;  // by their names: a model that wears them
     unsigned count_;  // of what was made so far: what varies, varies with it
 };
 
