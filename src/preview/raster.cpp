@@ -1,6 +1,7 @@
 #include "preview/raster.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -46,37 +47,37 @@ float finite(float value) {
 // Every other of a pixel's four channels: two can be reckoned with at once.
 constexpr std::uint32_t kTwoChannels = 0x00FF00FFU;
 
-// amount, in 1/256, is the second's.
-std::uint32_t mixed(std::uint32_t a, std::uint32_t b, std::uint32_t amount) {
-    return (a * (256 - amount) + b * amount) >> 8U & kTwoChannels;
-}
+// Pixels of a texture are counted in 1/256.
+constexpr int kPixel = 256;
 
 // Takes the texture at a point, mixed from the four pixels around it.
 class Sampler {
   public:
     explicit Sampler(const Texture& texture)
-        : pixels_(texture.pixels.data()),
-          width_(texture.width),
-          height_(texture.height),
-          u_(static_cast<float>(width_)),
-          v_(static_cast<float>(height_)) {}
+        : pixels_(texture.pixels.data()), width_(texture.width), height_(texture.height) {}
 
-    // light is 0 to 256; all may be a little off their bounds, as what is interpolated is.
-    std::uint32_t colour(float u, float v, float light) const {
-        const Place x = placeOf(u, u_, width_);
-        const Place y = placeOf(v, v_, height_);
-        const std::uint32_t* upper = pixels_ + static_cast<std::ptrdiff_t>(y.first) * width_;
-        const std::uint32_t* lower = pixels_ + static_cast<std::ptrdiff_t>(y.second) * width_;
-        const auto red = [&](const std::uint32_t* row) {
-            return mixed(row[x.first] & kTwoChannels, row[x.second] & kTwoChannels, x.amount);
-        };
-        const auto green = [&](const std::uint32_t* row) {
-            return mixed(row[x.first] >> 8U & 0xFFU, row[x.second] >> 8U & 0xFFU, x.amount);
-        };
+    // The point is in 1/256 of the texture's pixels, light in 1/256; both may be a little off their
+    // bounds, as what is interpolated is.
+    std::uint32_t colour(float x, float y, float light) const {
+        const Place across = placeOf(x, width_);
+        const Place down = placeOf(y, height_);
+        const std::uint32_t* upper = pixels_ + static_cast<std::ptrdiff_t>(down.first) * width_;
+        const std::uint32_t* lower = pixels_ + static_cast<std::ptrdiff_t>(down.second) * width_;
+        const std::uint32_t pixels[] = {upper[across.first], upper[across.second],
+                                        lower[across.first], lower[across.second]};
+        // The shares of the four add up to 256.
+        const std::uint32_t last = across.amount * down.amount >> 8U;
+        const std::uint32_t shares[] = {kPixel - across.amount - down.amount + last,
+                                        across.amount - last, down.amount - last, last};
+        std::uint32_t redBlue = 0;
+        std::uint32_t green = 0;
+        for (int i = 0; i < 4; ++i) {
+            redBlue += (pixels[i] & kTwoChannels) * shares[i];
+            green += (pixels[i] >> 8U & 0xFFU) * shares[i];
+        }
         const auto amount = static_cast<std::uint32_t>(within(light, kFullLight));
-        const std::uint32_t redBlue = mixed(red(upper), red(lower), y.amount) * amount;
-        const std::uint32_t middle = mixed(green(upper), green(lower), y.amount) * amount;
-        return 0xFF000000U | (redBlue >> 8U & kTwoChannels) | (middle & 0xFF00U);
+        return 0xFF000000U | ((redBlue >> 8U & kTwoChannels) * amount >> 8U & kTwoChannels) |
+               ((green >> 8U) * amount & 0xFF00U);
     }
 
   private:
@@ -91,22 +92,18 @@ class Sampler {
         return static_cast<int>(value > 0 ? std::min(value, most) : 0);
     }
 
-    static Place placeOf(float coordinate, float scale, int size) {
-        constexpr float kMost = 1 << 20U;
-        const float bounded = coordinate > 0 ? std::min(coordinate, kMost) : 0;
-        const float shifted =
-            (bounded - static_cast<float>(static_cast<int>(bounded))) * scale + 0.5F;
-        const int second = static_cast<int>(shifted);
-        const float amount = (shifted - static_cast<float>(second)) * 256;
-        return {second == 0 ? size - 1 : second - 1, second == size ? 0 : second,
-                static_cast<std::uint32_t>(static_cast<int>(amount))};
+    static Place placeOf(float coordinate, int size) {
+        // The middles of the pixels count. Moved to where nothing is below 0.
+        const int place = within(coordinate, 1 << 30U) + size * kPixel - kPixel / 2;
+        const int pixel = place / kPixel;
+        const int first = (size & (size - 1)) == 0 ? pixel & (size - 1) : pixel % size;
+        return {first, first + 1 == size ? 0 : first + 1,
+                static_cast<std::uint32_t>(place) & (kPixel - 1)};
     }
 
     const std::uint32_t* pixels_;
     int width_;
     int height_;
-    float u_;
-    float v_;
 };
 
 }  // namespace
@@ -122,42 +119,90 @@ struct Raster::Camera {
 
 namespace {
 
-// One of a triangle's sides, going clockwise. What lies to its right is inside.
-struct Side {
-    std::int64_t start;  // at the first sample of the first row; inside is 0 and above
-    std::int64_t right;  // what a step of a sample to the right adds
-    std::int64_t down;
-    double inverse;  // of what a step to the right adds
+// Tells row by row which samples of an area lie in a triangle whose corners come clockwise. A
+// sample on the line between two triangles belongs to the one below it or to its right.
+class Spans {
+  public:
+    Spans(int left, int top, int width, int rows) : left_(left), top_(top), rows_(rows) {
+        begins_.fill({0, 0});
+        ends_.fill({width - 1.0, 0});
+    }
 
-    // Narrows the samples of a row, from first up to and including last, to those inside.
-    void narrow(std::int64_t atRow, int& first, int& last) const {
-        // The quotient is an integer or further away from one than this.
-        constexpr double kNothing = 1.0 / (1 << 26U);
-        if (right == 0) {
-            last = atRow < 0 ? first - 1 : last;
+    // What lies to the right of the way from one corner to the next is inside.
+    template <class Point>
+    void addSide(const Point& from, const Point& to) {
+        const std::int64_t x = to.x - from.x;
+        const std::int64_t y = to.y - from.y;
+        const std::int64_t px = static_cast<std::int64_t>(left_) * kGrid + kGrid / 2 - from.x;
+        const std::int64_t py = static_cast<std::int64_t>(top_) * kGrid + kGrid / 2 - from.y;
+        const bool owns = y < 0 || (y == 0 && x > 0);
+        // 0 and above at a sample that is inside; first at the area's first one.
+        const std::int64_t inside = x * py - y * px - (owns ? 0 : 1);
+        if (y == 0) {
+            addFlatSide(inside, x * kGrid);
             return;
         }
-        const double crossing = std::clamp(-static_cast<double>(atRow) * inverse, -1.0, last + 2.0);
-        if (right > 0) {
-            first = std::max(first, static_cast<int>(std::ceil(crossing - kNothing)));
+        const auto right = static_cast<double>(-y * kGrid);
+        Edge edge{-static_cast<double>(inside) / right, -static_cast<double>(x * kGrid) / right};
+        // Where a row crosses the side is an integer or further from one than this, which is more
+        // than the error of the reckoning.
+        constexpr double kNothing = 1.0 / (1 << 24U);
+        edge.crossing += y < 0 ? -kNothing : kNothing;
+        Edge& place = y < 0 ? begins_[begin_++ % 2] : ends_[end_++ % 2];
+        place = edge;
+    }
+
+    int firstRow() const { return firstRow_; }
+    int rows() const { return rows_; }
+
+    // The samples of a row, counted from the area's left; last is included.
+    int first(int row) const {
+        const double exact =
+            std::clamp(std::max(begins_[0].at(row), begins_[1].at(row)), 0.0, kFar);
+        const int whole = static_cast<int>(exact);
+        return whole + (exact > whole ? 1 : 0);
+    }
+    int last(int row) const {
+        const double exact = std::clamp(std::min(ends_[0].at(row), ends_[1].at(row)), -1.0, kFar);
+        return static_cast<int>(exact + 1) - 1;
+    }
+
+  private:
+    struct Edge {
+        double crossing;  // of the first row
+        double step;      // what a row adds
+
+        double at(int row) const { return crossing + row * step; }
+    };
+    static constexpr double kFar = 1 << 20U;
+
+    // A level side begins or ends all rows at once.
+    void addFlatSide(std::int64_t inside, std::int64_t down) {
+        if (down > 0) {
+            firstRow_ = inside < 0 ? 1 : 0;
         } else {
-            last = std::min(last, static_cast<int>(std::floor(crossing + kNothing)));
+            rows_ = inside < 0
+                        ? 0
+                        : static_cast<int>(std::min<std::int64_t>(rows_, inside / -down + 1));
         }
     }
+
+    int left_;
+    int top_;
+    int firstRow_ = 0;
+    int rows_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    std::array<Edge, 2> begins_;
+    std::array<Edge, 2> ends_;
 };
 
-template <class Point>
-Side sideBetween(const Point& from, const Point& to, int left, int top) {
-    const std::int64_t x = to.x - from.x;
-    const std::int64_t y = to.y - from.y;
-    const std::int64_t px = static_cast<std::int64_t>(left) * kGrid + kGrid / 2 - from.x;
-    const std::int64_t py = static_cast<std::int64_t>(top) * kGrid + kGrid / 2 - from.y;
-    // A sample on the line between two triangles belongs to the one below it or to its right.
-    const bool owns = y < 0 || (y == 0 && x > 0);
-    const std::int64_t right = -y * kGrid;
-    return {x * py - y * px - (owns ? 0 : 1), right, x * kGrid,
-            right == 0 ? 0 : 1 / static_cast<double>(right)};
-}
+struct RowOfPlane {
+    float start;
+    float right;
+
+    float at(int column) const { return start + right * static_cast<float>(column); }
+};
 
 // Something that is interpolated over a triangle.
 struct Plane {
@@ -165,7 +210,7 @@ struct Plane {
     float right;  // what a step of a sample adds
     float down;
 
-    float at(float column, float row) const { return start + right * column + down * row; }
+    RowOfPlane at(int row) const { return {start + down * static_cast<float>(row), right}; }
 };
 
 // Above 0 for corners that come clockwise, in the grid's places.
@@ -276,6 +321,8 @@ void Raster::project(const FigurePart& part, const Camera& camera) {
     }
     const float moveU = -std::floor(least[0]);
     const float moveV = -std::floor(least[1]);
+    const auto wide = static_cast<float>(part.texture->width * kPixel);
+    const auto tall = static_cast<float>(part.texture->height * kPixel);
     for (const FigureVertex& vertex : part.vertices) {
         const Vector place = camera.turn * (vertex.position - camera.centre);
         const float distance = camera.distance - place.z;
@@ -288,8 +335,8 @@ void Raster::project(const FigurePart& part, const Camera& camera) {
                 corner = {static_cast<std::int32_t>(std::floor(x * kGrid + 0.5F)),
                           static_cast<std::int32_t>(std::floor(y * kGrid + 0.5F)),
                           nearness,
-                          (vertex.u + moveU) * nearness,
-                          (vertex.v + moveV) * nearness,
+                          (vertex.u + moveU) * wide * nearness,
+                          (vertex.v + moveV) * tall * nearness,
                           lightOn(camera.turn * vertex.normal)};
             }
         }
@@ -329,8 +376,10 @@ void Raster::drawTriangle(const Corner& a, const Corner& b, const Corner& c, con
     if (area.left >= area.right || area.top >= area.bottom) {
         return;
     }
-    Side sides[] = {sideBetween(a, b, area.left, area.top), sideBetween(b, c, area.left, area.top),
-                    sideBetween(c, a, area.left, area.top)};
+    Spans spans(area.left, area.top, area.right - area.left, area.bottom - area.top);
+    spans.addSide(a, b);
+    spans.addSide(b, c);
+    spans.addSide(c, a);
     const float part = 1 / static_cast<float>(doubledArea(a, b, c));
     const auto planeOf = [&](float Corner::*item) {
         const float toB = b.*item - a.*item;
@@ -351,27 +400,26 @@ void Raster::drawTriangle(const Corner& a, const Corner& b, const Corner& c, con
     const float depthShare = isFront ? 1 : kLiningDepth;
     const Sampler sampler(texture);
 
-    for (int y = area.top; y < area.bottom; ++y) {
-        int first = 0;
-        int last = area.right - area.left - 1;
-        for (Side& side : sides) {
-            side.narrow(side.start, first, last);
-            side.start += side.down;
-        }
-        work_ -= last - first + 2;
-        const auto row = static_cast<float>(y - area.top);
-        const std::size_t start = static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
-                                  static_cast<std::size_t>(area.left);
+    for (int row = spans.firstRow(); row < spans.rows(); ++row) {
+        const int first = spans.first(row);
+        const int last = std::min(spans.last(row), area.right - area.left - 1);
+        work_ -= std::max(0, last - first + 1) + 1;
+        const std::size_t start =
+            static_cast<std::size_t>(area.top + row) * static_cast<std::size_t>(width_) +
+            static_cast<std::size_t>(area.left);
+        const RowOfPlane nearRow = nearness.at(row);
+        const RowOfPlane uRow = u.at(row);
+        const RowOfPlane vRow = v.at(row);
+        const RowOfPlane lightRow = light.at(row);
+        float* const shown = nearness_.data() + start;
+        std::uint32_t* const colours = colours_.data() + start;
         for (int x = first; x <= last; ++x) {
-            const auto column = static_cast<float>(x);
-            const float near = nearness.at(column, row);
-            float& shown = nearness_[start + static_cast<std::size_t>(x)];
-            if (near * depthShare > shown) {
-                shown = near;
+            const float near = nearRow.at(x);
+            if (near * depthShare > shown[x]) {
+                shown[x] = near;
                 const float distance = 1 / near;
-                colours_[start + static_cast<std::size_t>(x)] =
-                    sampler.colour(u.at(column, row) * distance, v.at(column, row) * distance,
-                                   light.at(column, row) * lightShare);
+                colours[x] = sampler.colour(uRow.at(x) * distance, vRow.at(x) * distance,
+                                            lightRow.at(x) * lightShare);
             }
         }
     }

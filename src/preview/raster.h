@@ -37,7 +37,7 @@ class Raster {
         std::int32_t x = 0;
         std::int32_t y = 0;
         float nearness = 0;  // 1 / distance; 0 for a vertex that can't be drawn
-        float u = 0;         // times nearness; of no vertex below 0
+        float u = 0;         // in 1/256 of the texture's pixels, times nearness; never below 0
         float v = 0;         // likewise
         float light = 0;     // 0 to 256
     };

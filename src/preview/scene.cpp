@@ -146,7 +146,10 @@ TexturePointer SceneMaker::textureAt(const FilePlace& place) {
 TexturePointer SceneMaker::bodyTexture(const Worn& worn,
                                        const std::optional<ChosenBitmap>& chosen) {
     if (chosen) {
-        return textureAt({chosen->file, chosen->entry == -1 ? 0 : chosen->entry, {}});
+        const bool isLoose = chosen->entry == -1;
+        return isLoose || chosen->entry > 0
+                   ? textureAt({chosen->file, isLoose ? 0 : chosen->entry, {}})
+                   : nullptr;
     }
     TexturePointer texture;
     search_.findSkin(worn.body.skin, false, [&](const FilePlace& place) {
