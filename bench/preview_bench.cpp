@@ -21,10 +21,12 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kFrame = 320;
+constexpr std::size_t kFramePixels = 102400;
 constexpr int kTexture = 256;
+constexpr std::size_t kTexels = 65536;
 
 std::shared_ptr<const Texture> noise() {
-    Texture texture{kTexture, kTexture, std::vector<std::uint32_t>(kTexture * kTexture)};
+    Texture texture{kTexture, kTexture, std::vector<std::uint32_t>(kTexels)};
     std::mt19937 random(1);
     std::generate(texture.pixels.begin(), texture.pixels.end(), [&] { return random() >> 8U; });
     return std::make_shared<const Texture>(std::move(texture));
@@ -75,9 +77,9 @@ BENCHMARK(drawFrame)->Unit(benchmark::kMillisecond);
 // The least that such a frame takes: its buffers are cleared and each texel is read once.
 void clearFrame(benchmark::State& state) {
     const auto texture = noise();
-    std::vector<float> nearness(kFrame * kFrame * 4);
-    std::vector<std::uint32_t> colours(kFrame * kFrame * 4);
-    std::vector<std::uint32_t> pixels(kFrame * kFrame);
+    std::vector<float> nearness(kFramePixels * 4);
+    std::vector<std::uint32_t> colours(kFramePixels * 4);
+    std::vector<std::uint32_t> pixels(kFramePixels);
     for (auto _ : state) {
         std::fill(nearness.begin(), nearness.end(), 0.0F);
         std::fill(colours.begin(), colours.end(), 0U);

@@ -59,13 +59,13 @@ const GameSearch::Listing& GameSearch::listing(const Path& folder) {
 }
 
 std::shared_ptr<const GameSearch::Archive> GameSearch::archive(const Path& path) {
-    const auto [place, isNew] = archives_.try_emplace(path.text());
-    if (!isNew) {
-        return place->second;
+    std::shared_ptr<const Archive>& result = archives_[path.text()];
+    if (result) {
+        return result;
     }
-    place->second = std::make_shared<const Archive>();
+    result = std::make_shared<const Archive>();
     ignoringErrors([&] {
-        place->second = kept_.get<Archive>(path, "directory", [&] {
+        result = kept_.get<Archive>(path, "directory", [&] {
             FarDirectory directory;
             readFarDirectory(directory, path);
             Made<Archive> made;
@@ -85,7 +85,7 @@ std::shared_ptr<const GameSearch::Archive> GameSearch::archive(const Path& path)
             return made;
         });
     });
-    return place->second;
+    return result;
 }
 
 std::optional<FilePlace> GameSearch::looseFile(const Path& folder, const std::string& name) {

@@ -9,7 +9,9 @@ namespace marlowick {
 namespace {
 
 constexpr int kSamples = 2;  // a pixel, each way: what smooths the edges
-constexpr int kGrid = 16;    // places a sample, each way, that a vertex can have
+constexpr int kGridBits = 4;
+constexpr int kGrid = 1 << kGridBits;  // places a sample, each way, that a vertex can have
+constexpr int kMiddle = kGrid / 2;
 constexpr float kMargin = 0.03F;
 constexpr float kDistance = 5;    // of the eye, in sizes of the figure
 constexpr float kClosest = 0.1F;  // of that distance: what comes closer isn't drawn
@@ -93,8 +95,9 @@ class Sampler {
     }
 
     static Place placeOf(float coordinate, int size) {
+        constexpr float kFarthest = 1073741824.0F;
         // The middles of the pixels count. Moved to where nothing is below 0.
-        const int place = within(coordinate, 1 << 30U) + size * kPixel - kPixel / 2;
+        const int place = within(coordinate, kFarthest) + size * kPixel - kPixel / 2;
         const int pixel = place / kPixel;
         const int first = (size & (size - 1)) == 0 ? pixel & (size - 1) : pixel % size;
         return {first, first + 1 == size ? 0 : first + 1,
@@ -133,8 +136,8 @@ class Spans {
     void addSide(const Point& from, const Point& to) {
         const std::int64_t x = to.x - from.x;
         const std::int64_t y = to.y - from.y;
-        const std::int64_t px = static_cast<std::int64_t>(left_) * kGrid + kGrid / 2 - from.x;
-        const std::int64_t py = static_cast<std::int64_t>(top_) * kGrid + kGrid / 2 - from.y;
+        const std::int64_t px = static_cast<std::int64_t>(left_) * kGrid + kMiddle - from.x;
+        const std::int64_t py = static_cast<std::int64_t>(top_) * kGrid + kMiddle - from.y;
         const bool owns = y < 0 || (y == 0 && x > 0);
         // 0 and above at a sample that is inside; first at the area's first one.
         const std::int64_t inside = x * py - y * px - (owns ? 0 : 1);
@@ -368,7 +371,7 @@ void Raster::drawFaces(const FigurePart& part, const Corner* corners, bool front
 void Raster::drawTriangle(const Corner& a, const Corner& b, const Corner& c, const Texture& texture,
                           bool isFront) {
     // The samples whose middles can lie inside.
-    const auto firstSample = [](std::int32_t place) { return (place + kGrid / 2 - 1) >> 4; };
+    const auto firstSample = [](std::int32_t place) { return (place + kMiddle - 1) >> kGridBits; };
     const Area area = {std::max(0, firstSample(std::min({a.x, b.x, c.x}))),
                        std::max(0, firstSample(std::min({a.y, b.y, c.y}))),
                        std::min(width_, firstSample(std::max({a.x, b.x, c.x}) + 1)),
@@ -388,8 +391,8 @@ void Raster::drawTriangle(const Corner& a, const Corner& b, const Corner& c, con
             (toB * static_cast<float>(c.y - a.y) - toC * static_cast<float>(b.y - a.y)) * part;
         const float down =
             (toC * static_cast<float>(b.x - a.x) - toB * static_cast<float>(c.x - a.x)) * part;
-        const float x = static_cast<float>(area.left * kGrid + kGrid / 2 - a.x);
-        const float y = static_cast<float>(area.top * kGrid + kGrid / 2 - a.y);
+        const float x = static_cast<float>(area.left * kGrid + kMiddle - a.x);
+        const float y = static_cast<float>(area.top * kGrid + kMiddle - a.y);
         return Plane{a.*item + right * x + down * y, right * kGrid, down * kGrid};
     };
     const Plane nearness = planeOf(&Corner::nearness);

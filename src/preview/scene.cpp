@@ -53,7 +53,7 @@ std::size_t memoryOf(const Skeleton& skeleton) {
 }
 
 std::size_t memoryOf(const std::vector<Suit>& suits) {
-    std::size_t bytes = sizeof suits;
+    std::size_t bytes = sizeof(Suit);
     for (const Suit& suit : suits) {
         bytes += 2 * sizeof suit + suit.parts.size() * 2 * sizeof(SuitPart);
     }

@@ -139,6 +139,7 @@ class Person {
 
     void addSlices(const std::vector<Slice>& slices, const SheetMap& map) {
         std::vector<Ring> rings;
+        rings.reserve(slices.size());
         for (const Slice& slice : slices) {
             rings.push_back({at(slice.x, slice.y, slice.z),
                              {slice.half * unit_, 0, 0},
