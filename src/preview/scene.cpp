@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "foundation/error_trap.h"
-#include "preview/game_search.h"
 #include "preview/mesh.h"
 #include "preview/pose.h"
 #include "preview/skeleton.h"
 #include "preview/suit.h"
+#include "preview/worn_files.h"
 #include "system/game_text.h"
 
 namespace marlowick {
@@ -102,7 +102,7 @@ class SceneMaker {
     bool addPart(const std::string& meshName, const FilePlace& suit, const TexturePointer& texture,
                  bool isFirst);
 
-    GameSearch search_;
+    WornFiles search_;
     const DecodeBitmap& decode_;
     std::shared_ptr<const Skeleton> skeleton_;
     std::vector<std::optional<Placement>> places_;

@@ -7,7 +7,6 @@
 #include <set>
 
 #include "browser/neighbourhoods.h"
-#include "foundation/bytes.h"
 #include "foundation/folders.h"
 #include "foundation/game.h"
 #include "iff/iff_file.h"
@@ -61,7 +60,7 @@ StrSegment wardrobeOf(const Path& file) {
     gsResetIFF(iff);
     StrSegment strings;
     if (gfstrQuickReadIFF(iff, file).empty()) {
-        gsReadSTRSegment(iff, strings, gfstrHexToBytes(std::string(kWardrobeId)), false);
+        readWardrobeTable(iff, strings);
     }
     return strings;
 }

@@ -8,7 +8,6 @@
 #include <cstring>
 #include <string>
 
-#include "foundation/bytes.h"
 #include "foundation/game.h"
 #include "iff/iff_file.h"
 #include "iff/string_segment.h"
@@ -105,7 +104,7 @@ int main(int argc, char** argv) {
         fail(failure);
     }
     StrSegment wardrobe;
-    gsReadSTRSegment(iff, wardrobe, gfstrHexToBytes(std::string(kWardrobeId)), false);
+    readWardrobeTable(iff, wardrobe);
     const Scene scene = makeScene(wornIn(wardrobe, options.row), {}, decode);
     if (!scene.figure) {
         fail("there is no figure: " + std::to_string(static_cast<int>(scene.why)));

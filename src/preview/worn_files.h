@@ -28,9 +28,9 @@ struct FilePlace {
 // Lasts for one question. It lists a folder once, whatever is looked for in it, and sees no change
 // of a listing later on. All names are game texts and match blind to case. A folder or an archive
 // that can't be read holds nothing.
-class GameSearch {
+class WornFiles {
   public:
-    explicit GameSearch(KeptFiles& kept) : kept_(kept) {}
+    explicit WornFiles(KeptFiles& kept) : kept_(kept) {}
 
     // The first file of one of these names, those that come first preferred where several lie in
     // one place: beside near, if that is told, then in the folders of skins, then in the archives

@@ -1,4 +1,4 @@
-#include "preview/game_search.h"
+#include "preview/worn_files.h"
 
 #include <algorithm>
 #include <utility>
@@ -35,7 +35,7 @@ std::string readPart(File& file, std::int64_t position, std::int64_t size, std::
 }  // namespace
 
 // What of a directory is asked for.
-struct GameSearch::Archive {
+struct WornFiles::Archive {
     struct Entry {
         std::string name;  // without folder, in upper case
         std::int32_t offset = 0;
@@ -45,7 +45,7 @@ struct GameSearch::Archive {
     std::unordered_map<std::string_view, int> firstOfName;  // its number
 };
 
-const GameSearch::Listing& GameSearch::listing(const Path& folder) {
+const WornFiles::Listing& WornFiles::listing(const Path& folder) {
     const auto [place, isNew] = listings_.try_emplace(folder.text());
     if (isNew) {
         for (FolderEntry& entry : files().list(folder)) {
@@ -58,7 +58,7 @@ const GameSearch::Listing& GameSearch::listing(const Path& folder) {
     return place->second;
 }
 
-std::shared_ptr<const GameSearch::Archive> GameSearch::archive(const Path& path) {
+std::shared_ptr<const WornFiles::Archive> WornFiles::archive(const Path& path) {
     std::shared_ptr<const Archive>& result = archives_[path.text()];
     if (result) {
         return result;
@@ -88,7 +88,7 @@ std::shared_ptr<const GameSearch::Archive> GameSearch::archive(const Path& path)
     return result;
 }
 
-std::optional<FilePlace> GameSearch::looseFile(const Path& folder, const std::string& name) {
+std::optional<FilePlace> WornFiles::looseFile(const Path& folder, const std::string& name) {
     const auto [begin, end] = listing(folder).equal_range(upperCase(name));
     const std::string* best = nullptr;
     for (auto found = begin; found != end; ++found) {
@@ -107,7 +107,7 @@ std::optional<FilePlace> GameSearch::looseFile(const Path& folder, const std::st
     return FilePlace{folder.child(*best), 0, *best};
 }
 
-std::optional<FilePlace> GameSearch::archived(const Path& path, const std::string& name) {
+std::optional<FilePlace> WornFiles::archived(const Path& path, const std::string& name) {
     const std::shared_ptr<const Archive> directory = archive(path);
     const std::string upper = upperCase(name);
     const auto found = directory->firstOfName.find(upper);
@@ -117,8 +117,8 @@ std::optional<FilePlace> GameSearch::archived(const Path& path, const std::strin
     return FilePlace{path, found->second, upper};
 }
 
-std::optional<FilePlace> GameSearch::oneOf(const std::vector<std::string>& names, const Path& home,
-                                           bool isArchive) {
+std::optional<FilePlace> WornFiles::oneOf(const std::vector<std::string>& names, const Path& home,
+                                          bool isArchive) {
     for (const std::string& name : names) {
         std::optional<FilePlace> found = isArchive ? archived(home, name) : looseFile(home, name);
         if (found) {
@@ -128,7 +128,7 @@ std::optional<FilePlace> GameSearch::oneOf(const std::vector<std::string>& names
     return std::nullopt;
 }
 
-const std::vector<Path>& GameSearch::modelArchives() {
+const std::vector<Path>& WornFiles::modelArchives() {
     if (!modelArchives_) {
         modelArchives_ = existingArchives({ArchiveStage::Animation, ArchiveStage::FirstExpansion,
                                            ArchiveStage::Expansions, ArchiveStage::Shared},
@@ -137,7 +137,7 @@ const std::vector<Path>& GameSearch::modelArchives() {
     return *modelArchives_;
 }
 
-const std::vector<Path>& GameSearch::skinArchives() {
+const std::vector<Path>& WornFiles::skinArchives() {
     if (!skinArchives_) {
         skinArchives_ = existingArchives(
             {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
@@ -147,8 +147,8 @@ const std::vector<Path>& GameSearch::skinArchives() {
     return *skinArchives_;
 }
 
-std::optional<FilePlace> GameSearch::find(const std::vector<std::string>& names,
-                                          const FilePlace* near) {
+std::optional<FilePlace> WornFiles::find(const std::vector<std::string>& names,
+                                         const FilePlace* near) {
     std::optional<FilePlace> found;
     if (near != nullptr) {
         const bool isArchive = near->entry != 0;
@@ -168,7 +168,7 @@ std::optional<FilePlace> GameSearch::find(const std::vector<std::string>& names,
     return std::nullopt;
 }
 
-std::optional<FilePlace> GameSearch::archivedSkin(const std::string& upperName, bool whole) {
+std::optional<FilePlace> WornFiles::archivedSkin(const std::string& upperName, bool whole) {
     for (const Path& path : skinArchives()) {
         if (whole) {
             if (std::optional<FilePlace> found = archived(path, upperName + std::string(kBitmap))) {
@@ -188,8 +188,8 @@ std::optional<FilePlace> GameSearch::archivedSkin(const std::string& upperName, 
     return std::nullopt;
 }
 
-void GameSearch::findSkin(std::string_view name, bool wholeFirst,
-                          const std::function<bool(const FilePlace&)>& isIt) {
+void WornFiles::findSkin(std::string_view name, bool wholeFirst,
+                         const std::function<bool(const FilePlace&)>& isIt) {
     if (name.starts_with("***")) {
         return;
     }
@@ -209,7 +209,7 @@ void GameSearch::findSkin(std::string_view name, bool wholeFirst,
     }
 }
 
-std::string GameSearch::read(const FilePlace& place, std::int64_t most) {
+std::string WornFiles::read(const FilePlace& place, std::int64_t most) {
     if (place.entry == 0) {
         const std::unique_ptr<File> file = files().open(place.file, OpenMode::Input);
         return readPart(*file, 0, file->size(), most);
