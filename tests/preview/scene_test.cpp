@@ -5,6 +5,7 @@
 #include <map>
 
 #include "foundation/game.h"
+#include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/mesh_files.h"
 #include "support/test_folder.h"
@@ -87,8 +88,7 @@ class SceneTest : public ::testing::Test {
     void write(const std::string& name, const std::string& content) const {
         folder.write("game/" + name, content);
     }
-    void archive(const std::string& name,
-                 const std::vector<std::pair<std::string, std::string>>& entries) const {
+    void archive(const std::string& name, const std::vector<test::ArchiveEntry>& entries) const {
         write(name, test::archiveFile(entries));
     }
 

@@ -108,19 +108,21 @@ class WornSimsTest : public ::testing::Test {
     std::set<std::string> bodies;  // what was worn
 };
 
-// From the top of the head to the belt there is no hole in the middle of a figure.
+// From the head to the belt a figure hangs together: some way straight down leads through no hole,
+// and the head reaches up to where such a way begins.
 void WornSimsTest::expectNeck(const Worn& worn) {
     const Scene scene = makeScene(worn, {}, decode);
     for (const float yaw : {0.0F, 90.0F, 180.0F}) {
         draw(scene, yaw);
-        int top = 0;
-        while (top < kSize && at(kSize / 2, top) == 0) {
-            ++top;
+        int waysDown = 0;
+        for (int x = 0; x < kSize; ++x) {
+            int y = kSize / 10;
+            while (y < kSize * 6 / 10 && at(x, y) >> 24U == 255U) {
+                ++y;
+            }
+            waysDown += y == kSize * 6 / 10 ? 1 : 0;
         }
-        EXPECT_LT(top, kSize / 10) << worn.body.suit;
-        for (int y = top + 1; y < kSize * 6 / 10; ++y) {
-            EXPECT_EQ(at(kSize / 2, y) >> 24U, 255U) << worn.body.suit << ' ' << yaw << ' ' << y;
-        }
+        EXPECT_GE(waysDown, 4) << worn.body.suit << ' ' << yaw;
     }
 }
 

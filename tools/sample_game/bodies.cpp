@@ -200,9 +200,9 @@ class Person {
     void addTorso(const Figure& figure, Cut cut) {
         const double top = frame_.top;
         const bool fat = figure.body == Body::Fat;
-        const double round = fat ? 0.82 : 0.62;
+        const double round = fat ? 0.64 : 0.62;
         const double chest = figure.female && !child_ ? 1 : 0.2;
-        const double belly = fat ? 2.2 : 0;
+        const double belly = fat ? 2.6 : 0;
         const double bottom = hip_ + 3;
         const double neckDepth = 2.8;
         std::vector<Slice> slices = {
@@ -256,7 +256,8 @@ class Person {
             const double share = std::clamp((y - hip_) / (93 - hip_), 0.0, 1.0);
             const double x = side * frame_.hip * between(0.52, 0.6, share);
             const double r = radius * thickness;
-            slices.push_back({y, r, r, hold, x, 0, x, radius, y});
+            // Thick legs are thicker still from the side.
+            slices.push_back({y, r, std::max(r, r * 1.3 - 1), hold, x, 0, x, radius, y});
         };
         slice(hip_ - 1, 0.9, on("PELVIS"));
         slice(hip_ + 5, 1.02, between2(leg.c_str(), "PELVIS"));
@@ -359,7 +360,7 @@ class Pet {
     }
 
     // Plain fur: where the trunk is drawn and nothing lies over it.
-    static Point fur(double along, double down) { return {54 + 26 * along, 52 + 18 * down}; }
+    static Point fur(double along, double down) { return {54 + 22 * along, 53 + 17 * down}; }
 
     void addTrunk() {
         const double tall = dog_ ? 15.5 : 13.5;

@@ -338,9 +338,8 @@ const Quirk kQuirks[] = {
     {29, "outfits that lie in archives alone",
      [](Sim& sim, Rows& rows, Segments& s, MapPlace&) {
          if (s.empty()) {
-             makeAdult(sim, true, Body::Fit, 35, rows);
              sim.tone = Tone::Light;
-             rows[14] = "lgt";
+             makeAdult(sim, true, Body::Fit, 35, rows);
              rows[1] = "b201fafit_pack,BODY=b201fafitlgt_packed";
          }
      }},
