@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
@@ -11,6 +12,7 @@
 #include "support/test_folder.h"
 #include "system/files.h"
 #include "system/runtime_error.h"
+#include "system/streams.h"
 
 namespace marlowick {
 namespace {
@@ -365,6 +367,36 @@ TEST_F(SceneTest, TheDiskStaysAsItIs) {
     make();
     EXPECT_EQ(contents(), before);
     EXPECT_TRUE(recorder.reports().empty());
+}
+
+// A damaged archive or mesh that is only looked at leaves no number taken and no report behind.
+TEST_F(SceneTest, SlotsAndTheErrorStateStayAsTheyAre) {
+    writeSim();
+    write(packName("2"), "FAR!byAZ and no directory");
+    write(kSkins + "xskin-head.skn", "mesh\nx\n-1\n");
+    write(kSkins + "HfLO.cmx", "0\n1\n");
+    worn->rightHand.skin = "nowhere";
+    CheckpointNumber = 1234;
+    glngErrorNumber = 57;
+    gstrErrorDescription = "before";
+    gstrErrorModule = "frmMain";
+    gstrErrorProc = "msDisplaySim";
+    const Slot free = streams().freeSlot();
+    const Slot fixed[] = {slot::kUserFile, slot::kExtractSource, slot::kExtractOutput};
+    for (const Slot slot : fixed) {
+        streams().open(slot, folder.path("game/" + kSkins + "body.cmx"), OpenMode::Input);
+    }
+    EXPECT_EQ(parts(), "1b");
+    worn->kind = "dog";
+    EXPECT_EQ(make().why, NoFigure::NoSkeleton);
+    for (const Slot slot : fixed) {
+        EXPECT_TRUE(streams().isOpen(slot));
+        streams().close(slot);
+    }
+    EXPECT_EQ(streams().freeSlot(), free);
+    EXPECT_EQ(CheckpointNumber, 1234);
+    EXPECT_EQ(glngErrorNumber, 57);
+    EXPECT_EQ(gstrErrorDescription + gstrErrorModule + gstrErrorProc, "beforefrmMainmsDisplaySim");
 }
 
 // Notes what is opened.
