@@ -289,9 +289,8 @@ TEST_F(LegacyGameTest, MovedSavedGamesAreFollowed) {
     surroundings.savedGames = savedGamesFolder();
     frmMain& window = show();
     EXPECT_EQ(lines(window), QStringList{"Neighborhood 03   (UserData3)"});
-    EXPECT_EQ(gameIn(window),
-              "The Sims Legacy Collection\n" +
-                  toDisplay(folder.path("Spiele/Electronic Arts/The Sims 25")));
+    EXPECT_EQ(gameIn(window), "The Sims Legacy Collection\n" +
+                                  toDisplay(folder.path("Spiele/Electronic Arts/The Sims 25")));
 }
 #endif
 

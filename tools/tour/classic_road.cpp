@@ -66,14 +66,14 @@ void addSimSteps(Driver& driver) {
     driver.add("second-page", whenShown("frmMain"), clickOn("frmMain", "cmdPrevious"));
     driver.add("first-page-again", whenShown("frmMain"),
                clickAt("frmMain", "picThumbs", cellCentre(kCell)));
-    driver.add("a-sim", whenShown("frmMain"), clickOn("frmMain", "cmdSelect"));
+    driver.add("a-sim", whenChosen("frmMain", kCell), clickOn("frmMain", "cmdSelect"));
     driver.add("wardrobe", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdChangeNormal"));
     driver.add("chooser", whenShown("frmSelectSkin"),
                clickRow("frmSelectSkin", "lstModels", "B302FAFIT"));
     driver.add("chooser-page", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdNext"));
     driver.add("chooser-last-page", whenShown("frmSelectSkin"),
                clickAt("frmSelectSkin", "picThumbs", cellCentre(5)));
-    driver.add("a-skin", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
+    driver.add("a-skin", whenChosen("frmSelectSkin", 5), clickOn("frmSelectSkin", "cmdSelect"));
     driver.add("new-clothes", whenShown("frmEditSim"),
                openTab("frmEditSim", "tabSkins", "Swimsuit"));
     driver.add("swimsuit", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdDefaultSwimsuit"));
@@ -95,7 +95,7 @@ void addSimSteps(Driver& driver) {
     driver.add("hand-chooser", whenShown("frmSelectSkin"), press("frmSelectSkin", "FAR Files"));
     driver.add("hand-chooser-archives", whenShown("frmSelectSkin"),
                clickAt("frmSelectSkin", "picThumbs", cellCentre(8)));
-    driver.add("a-hand", whenShown("frmSelectSkin"), clickOn("frmSelectSkin", "cmdSelect"));
+    driver.add("a-hand", whenChosen("frmSelectSkin", 8), clickOn("frmSelectSkin", "cmdSelect"));
     driver.add("new-hand", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdEnsSave"));
     driver.add("ensembles", whenShown("frmENS"), typeText("frmENS", "txtFileName", "Evening out"));
     driver.add("ensemble-name", whenShown("frmENS"), clickOn("frmENS", "cmdSaveLoad"));

@@ -24,14 +24,16 @@ namespace {
 constexpr int kPollMilliseconds = 50;
 constexpr int kSettleMilliseconds = 400;
 constexpr int kPatienceMilliseconds = 30000;
+// A window manager may give a window no frame at all.
+constexpr int kFrameMilliseconds = 3000;
 
 [[noreturn]] void giveUp(const QString& what) {
     std::fprintf(stderr, "tour: %s\n", qPrintable(what));
     std::_Exit(EXIT_FAILURE);
 }
 
-// The window in front as the screen shows it, frame and all.
-QRect frontFrame() {
+// The window that the person looks at.
+QWidget* frontmost() {
     QWidget* front = QApplication::activeModalWidget();
     if (front == nullptr) {
         front = frontWindow();
@@ -39,7 +41,24 @@ QRect frontFrame() {
     if (front == nullptr || !front->isVisible()) {
         front = QApplication::activeWindow();
     }
+    return front;
+}
+
+// The window in front as the screen shows it, frame and all.
+QRect frontFrame() {
+    const QWidget* front = frontmost();
     return front == nullptr ? QRect() : front->frameGeometry();
+}
+
+// Whether the window in front has got its frame. A busy window manager draws it late, and has the
+// window at one pixel while it does.
+bool isFramed() {
+    const QWidget* front = frontmost();
+    if (front == nullptr) {
+        return true;
+    }
+    const QRect frame = front->frameGeometry();
+    return frame != front->geometry() && frame.width() > 1 && frame.height() > 1;
 }
 
 void save(const QPixmap& picture, const QString& file) {
@@ -76,35 +95,40 @@ void Driver::add(const QString& name, std::function<bool()> ready, std::function
 }
 
 void Driver::start() {
-    QTimer::singleShot(kPollMilliseconds, qApp, [this] { wait(0); });
+    QTimer::singleShot(kPollMilliseconds, qApp, [this] { wait(0, false); });
 }
 
-void Driver::wait(int elapsed) {
+bool Driver::isReady(int elapsed) const {
+    // While a window paints, clicks are thrown away.
+    return !InputGuard::isActive() && steps_[next_].ready() &&
+           (isFramed() || elapsed > kFrameMilliseconds);
+}
+
+void Driver::wait(int elapsed, bool settled) {
     if (isDone()) {
         return;
     }
-    const Step& step = steps_[next_];
-    // While a window paints, clicks are thrown away.
-    if (InputGuard::isActive() || !step.ready()) {
+    if (!isReady(elapsed)) {
         if (elapsed > kPatienceMilliseconds) {
-            giveUp("the step \"" + step.name + "\" never came");
+            giveUp("the step \"" + steps_[next_].name + "\" never came");
         }
-        QTimer::singleShot(kPollMilliseconds, qApp,
-                           [this, elapsed] { wait(elapsed + kPollMilliseconds); });
+        const bool stillSettled = settled && !InputGuard::isActive();
+        QTimer::singleShot(kPollMilliseconds, qApp, [this, elapsed, stillSettled] {
+            wait(elapsed + kPollMilliseconds, stillSettled);
+        });
         return;
     }
-    QTimer::singleShot(kSettleMilliseconds, qApp, [this, elapsed] {
-        if (InputGuard::isActive()) {
-            wait(elapsed + kSettleMilliseconds);
-            return;
-        }
-        const Step& due = steps_[next_];
-        takePicture(due.name);
-        ++next_;
-        // The action may not come back before a modal window closes: the next step waits inside.
-        start();
-        due.action();
-    });
+    if (!settled) {
+        QTimer::singleShot(kSettleMilliseconds, qApp,
+                           [this, elapsed] { wait(elapsed + kSettleMilliseconds, true); });
+        return;
+    }
+    const Step& due = steps_[next_];
+    takePicture(due.name);
+    ++next_;
+    // The action may not come back before a modal window closes: the next step waits inside.
+    start();
+    due.action();
 }
 
 void Driver::takePicture(const QString& name) {

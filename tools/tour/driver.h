@@ -31,7 +31,9 @@ class Driver {
     bool isDone() const { return next_ == steps_.size(); }
 
   private:
-    void wait(int elapsed);
+    bool isReady(int elapsed) const;
+    // settled: the window has had its time to paint.
+    void wait(int elapsed, bool settled);
     void takePicture(const QString& name);
 
     QString folder_;

@@ -4,6 +4,7 @@
 
 #include <QPoint>
 #include <QString>
+#include <functional>
 #include <vector>
 
 #include "driver.h"
@@ -38,6 +39,8 @@ Road legacyRoad();
 
 // The middle of a cell of a page.
 QPoint cellCentre(int cell);
+// Waits for the blinking frame around a cell of the page in a window.
+std::function<bool()> whenChosen(const QString& window, int cell);
 // The end of the program, and of every road.
 void addEnd(Driver& driver);
 
