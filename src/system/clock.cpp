@@ -10,6 +10,11 @@ std::function<std::tm()>& clockInUse() {
     return clock;
 }
 
+std::function<std::tm()>& universalClockInUse() {
+    static std::function<std::tm()> clock;
+    return clock;
+}
+
 }  // namespace
 
 std::tm localTime() {
@@ -24,6 +29,24 @@ std::tm localTime() {
     localtime_r(&now, &local);
 #endif
     return local;
+}
+
+std::tm universalTime() {
+    if (universalClockInUse()) {
+        return universalClockInUse()();
+    }
+    const std::time_t now = std::time(nullptr);
+    std::tm universal{};
+#ifdef _WIN32
+    gmtime_s(&universal, &now);
+#else
+    gmtime_r(&now, &universal);
+#endif
+    return universal;
+}
+
+void setUniversalClock(std::function<std::tm()> clock) {
+    universalClockInUse() = std::move(clock);
 }
 
 void setClock(std::function<std::tm()> clock) {

@@ -29,6 +29,8 @@ enum class OpenMode {
     Input,      // reading; must exist
     Output,     // writing; made, or emptied
     CreateNew,  // writing; must not exist (58)
+    CreateOwn,  // the same in a folder that the program made and fills itself: the name is taken as
+                // it stands, without a search through the folder for another letter case of it
 };
 
 // An open file. Positions are bytes from 0. A failure is a RuntimeError (57, 61, 75, 63 ...).
@@ -68,6 +70,8 @@ class FileSystem {
     virtual void remove(const Path& path) = 0;
     // 75 if it exists or can't be made, 76 if the folder above it is missing.
     virtual void makeFolder(const Path& path) = 0;
+    // Removes an empty folder: 75 if it isn't empty or can't be removed, 76 if there is none.
+    virtual void removeFolder(const Path& path) = 0;
     virtual bool isReadOnly(const Path& path) = 0;
     // Sets a file's attributes to normal (no read-only mark). Nothing if there is no such file.
     virtual void clearAttributes(const Path& path) = 0;

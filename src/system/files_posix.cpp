@@ -111,6 +111,13 @@ std::string resolve(const Path& path) {
     return named(native, openableName);
 }
 
+// The same, with the last piece as it is written.
+std::string resolveOwn(const Path& path) {
+    const std::string native = nativeText(path);
+    const std::size_t slash = native.rfind('/');
+    return slash == std::string::npos ? native : resolve(path.folder()) + native.substr(slash);
+}
+
 int numberOfErrno(int code) {
     struct Row {
         int code;
@@ -226,6 +233,9 @@ class PosixFile : public File {
 class PosixFileSystem : public FileSystem {
   public:
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        if (mode == OpenMode::CreateOwn) {
+            return make(resolveOwn(path), O_WRONLY | O_CREAT | O_EXCL, true);
+        }
         const std::string native = resolve(path);
         struct stat status {};
         const bool exists = ::stat(native.c_str(), &status) == 0;
@@ -243,6 +253,7 @@ class PosixFileSystem : public FileSystem {
                 return make(native, O_WRONLY | O_CREAT | O_TRUNC, true);
             case OpenMode::CreateNew:
                 return make(native, O_WRONLY | O_CREAT | O_EXCL, true);
+            case OpenMode::CreateOwn:
             case OpenMode::Binary:
                 break;
         }
@@ -306,6 +317,12 @@ class PosixFileSystem : public FileSystem {
             throw RuntimeError(errno == ENOENT ? error::kPathNotFound : error::kPathFileAccess);
         }
         folderNames().added(native);
+    }
+
+    void removeFolder(const Path& path) override {
+        if (::rmdir(resolve(path).c_str()) != 0) {
+            throw RuntimeError(errno == ENOENT ? error::kPathNotFound : error::kPathFileAccess);
+        }
     }
 
     bool isReadOnly(const Path& path) override {

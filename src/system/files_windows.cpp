@@ -412,6 +412,7 @@ class WindowsFileSystem : public FileSystem {
                 }
                 return openEmptied(native);
             case OpenMode::CreateNew:
+            case OpenMode::CreateOwn:
                 return openFile(native, GENERIC_WRITE, CREATE_NEW);
             case OpenMode::Binary:
                 break;
@@ -476,6 +477,14 @@ class WindowsFileSystem : public FileSystem {
             throw RuntimeError(number == error::kPathNotFound || number == error::kBadFileName
                                    ? number
                                    : error::kPathFileAccess);
+        }
+    }
+
+    void removeFolder(const Path& path) override {
+        if (::RemoveDirectoryW(nativePath(path).c_str()) == 0) {
+            const DWORD code = ::GetLastError();
+            const bool missing = code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
+            throw RuntimeError(missing ? error::kPathNotFound : error::kPathFileAccess);
         }
     }
 

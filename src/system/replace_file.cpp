@@ -26,8 +26,8 @@ void discard(const Path& beside) {
     }
 }
 
-void replaceWith(const std::function<void(File&)>& fill, const Path& target,
-                 ReadOnlyTarget readOnly) {
+bool replaceWith(const std::function<void(File&)>& fill, const Path& target,
+                 ReadOnlyTarget readOnly, const BeforeRename& beforeRename) {
     streams().letGo(target);
     const bool exists = files().fileExists(target);
     if (exists && readOnly == ReadOnlyTarget::Refuse && files().isReadOnly(target)) {
@@ -38,6 +38,10 @@ void replaceWith(const std::function<void(File&)>& fill, const Path& target,
     clearAndRemove(beside);
     try {
         makeBeside(beside, fill);
+        if (beforeRename && !beforeRename(beside)) {
+            discard(beside);
+            return false;
+        }
         if (exists) {
             files().copyAttributes(place, beside);
             if (readOnly == ReadOnlyTarget::Replace) {
@@ -50,18 +54,21 @@ void replaceWith(const std::function<void(File&)>& fill, const Path& target,
         discard(beside);
         throw RuntimeError(failure);
     }
+    return true;
 }
 
 }  // namespace
 
-void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
-                 const std::function<void()>& afterBlock) {
-    replaceWith([&](File& to) { copyRest(*files().open(source, OpenMode::Input), to, afterBlock); },
-                target, readOnly);
+bool replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                 const std::function<void()>& afterBlock, const BeforeRename& beforeRename) {
+    return replaceWith(
+        [&](File& to) { copyRest(*files().open(source, OpenMode::Input), to, afterBlock); }, target,
+        readOnly, beforeRename);
 }
 
-void replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly) {
-    replaceWith([&](File& to) { to.write(content); }, target, readOnly);
+bool replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly,
+                        const BeforeRename& beforeRename) {
+    return replaceWith([&](File& to) { to.write(content); }, target, readOnly, beforeRename);
 }
 
 }  // namespace marlowick

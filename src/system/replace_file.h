@@ -19,11 +19,17 @@ enum class ReadOnlyTarget {
 // The program's own leftover handles on the target are let go first.
 // Raises 75 for a read-only target (Refuse), and whatever a step of the work raises; the target is
 // then untouched and the new file beside it is removed as far as possible.
-// afterBlock runs behind each block that was copied.
-void replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
-                 const std::function<void()>& afterBlock = {});
+// afterBlock runs behind each block that was copied. beforeRename runs when the new file lies whole
+// beside the target and on the disk, with its path: it is the very file that then takes the name.
+// If that gives false or raises, the target stays as it is and the new file goes; false is then the
+// result, which is true otherwise.
+using BeforeRename = std::function<bool(const Path& beside)>;
+bool replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                 const std::function<void()>& afterBlock = {},
+                 const BeforeRename& beforeRename = {});
 
 // The same with content from memory.
-void replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly);
+bool replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly,
+                        const BeforeRename& beforeRename = {});
 
 }  // namespace marlowick

@@ -30,6 +30,7 @@ constexpr Row kDescriptions[] = {
     {error::kPermissionDenied, "Permission denied"},
     {error::kPathFileAccess, "Path/File access error"},
     {error::kPathNotFound, "Path not found"},
+    {error::kInvalidFormat, "Invalid file format"},
     {error::kInvalidPicture, "Invalid picture"},
 };
 

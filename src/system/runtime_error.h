@@ -41,6 +41,7 @@ inline constexpr int kTooManyFiles = 67;
 inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathFileAccess = 75;
 inline constexpr int kPathNotFound = 76;
+inline constexpr int kInvalidFormat = 321;
 inline constexpr int kInvalidPicture = 481;
 }  // namespace error
 

@@ -110,6 +110,7 @@ TEST(RuntimeErrorTest, EveryClassicNumberHasItsDescription) {
     EXPECT_STREQ(errorDescription(9), "Subscript out of range");
     EXPECT_STREQ(errorDescription(62), "Input past end of file");
     EXPECT_STREQ(errorDescription(75), "Path/File access error");
+    EXPECT_STREQ(errorDescription(321), "Invalid file format");
     EXPECT_STREQ(errorDescription(481), "Invalid picture");
     EXPECT_STREQ(errorDescription(4711), "Application-defined or object-defined error");
 }

@@ -54,7 +54,7 @@ void FaultyFiles::change() {
 }
 
 std::unique_ptr<File> FaultyFiles::open(const Path& path, OpenMode mode) {
-    if (mode == OpenMode::Output || mode == OpenMode::CreateNew) {
+    if (mode == OpenMode::Output || mode == OpenMode::CreateNew || mode == OpenMode::CreateOwn) {
         change();
     }
     return std::make_unique<FaultyFile>(under_->open(path, mode), this);
@@ -68,6 +68,11 @@ void FaultyFiles::remove(const Path& path) {
 void FaultyFiles::makeFolder(const Path& path) {
     change();
     under_->makeFolder(path);
+}
+
+void FaultyFiles::removeFolder(const Path& path) {
+    change();
+    under_->removeFolder(path);
 }
 
 void FaultyFiles::clearAttributes(const Path& path) {

@@ -33,6 +33,7 @@ class FaultyFiles : public FileSystem {
     std::int64_t length(const Path& path) override { return under_->length(path); }
     void remove(const Path& path) override;
     void makeFolder(const Path& path) override;
+    void removeFolder(const Path& path) override;
     bool isReadOnly(const Path& path) override { return under_->isReadOnly(path); }
     void clearAttributes(const Path& path) override;
     void copyAttributes(const Path& source, const Path& target) override;

@@ -104,6 +104,27 @@ TEST_F(FilesTest, RaisesTheClassicNumbers) {
     EXPECT_EQ(errorOf([&] { file->seek(-1); }), 63);
 }
 
+TEST_F(FilesTest, RemovesEmptyFoldersAlone) {
+    std::filesystem::create_directories(folder.game() / "Full" / "Empty");
+    folder.write("game/file", "x");
+    EXPECT_EQ(errorOf([&] { files().removeFolder(folder.path("game\\Full")); }), 75);
+    EXPECT_EQ(errorOf([&] { files().removeFolder(folder.path("game\\none")); }), 76);
+    EXPECT_EQ(errorOf([&] { files().removeFolder(folder.path("game\\file")); }), 75);
+    files().removeFolder(folder.path("game\\full\\EMPTY"));
+    EXPECT_FALSE(folder.exists("game/Full/Empty"));
+    files().removeFolder(folder.path("game\\Full"));
+    EXPECT_FALSE(folder.exists("game/Full"));
+}
+
+TEST_F(FilesTest, AFileInAFolderOfTheProgramsOwnIsMadeUnderItsVeryName) {
+    std::filesystem::create_directories(folder.game() / "Own");
+    const Path path = folder.path("game\\OWN\\Name");
+    files().open(path, OpenMode::CreateOwn)->write("content");
+    EXPECT_EQ(folder.read("game/Own/Name"), "content");
+    EXPECT_EQ(errorOf([&] { files().open(path, OpenMode::CreateOwn); }), 58);
+    EXPECT_EQ(errorOf([&] { files().open(folder.path("none\\x"), OpenMode::CreateOwn); }), 76);
+}
+
 TEST_F(FilesTest, BinaryAccessMakesAMissingFileAndTruncatesNothing) {
     files().open(folder.path("game\\new"), OpenMode::Binary);
     EXPECT_TRUE(folder.exists("game/new"));

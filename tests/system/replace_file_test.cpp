@@ -103,6 +103,46 @@ TEST_F(ReplaceFileTest, KeepsTheRightsOfTheFile) {
 }
 #endif
 
+// What a caller sees before the new file takes the name: whole, and nothing of the old one gone.
+TEST_F(ReplaceFileTest, TheNewFileCanBeLookedAtBeforeItTakesTheName) {
+    std::string seen;
+    const auto look = [&](const Path& beside) {
+        seen = readWholeFile(beside);
+        EXPECT_EQ(folder.read("game/user1.iff"), kOld);
+        return true;
+    };
+    EXPECT_TRUE(replaceFile(folder.path("program\\usertemp.iff"), folder.path("game\\user1.iff"),
+                            ReadOnlyTarget::Refuse, {}, look));
+    EXPECT_EQ(seen, kNew);
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+    EXPECT_TRUE(replaceFileContent(folder.path("game\\user1.iff"), "other", ReadOnlyTarget::Refuse,
+                                   [&](const Path& beside) {
+                                       seen = readWholeFile(beside);
+                                       return true;
+                                   }));
+    EXPECT_EQ(seen, "other");
+    EXPECT_EQ(folder.read("game/user1.iff"), "other");
+}
+
+TEST_F(ReplaceFileTest, ANewFileThatIsNotWantedGoes) {
+    const auto replaceIf = [&](const BeforeRename& look) {
+        return replaceFile(folder.path("program\\usertemp.iff"), folder.path("game\\user1.iff"),
+                           ReadOnlyTarget::Refuse, {}, look);
+    };
+    EXPECT_FALSE(replaceIf([](const Path&) { return false; }));
+    EXPECT_EQ(folder.read("game/user1.iff"), kOld);
+    EXPECT_EQ(filesInGame(), 1U);
+    try {
+        replaceIf([](const Path&) -> bool { throw RuntimeError(321, "why"); });
+        ADD_FAILURE();
+    } catch (const RuntimeError& failure) {
+        EXPECT_EQ(failure.number(), 321);
+        EXPECT_EQ(failure.description(), "why");
+    }
+    EXPECT_EQ(folder.read("game/user1.iff"), kOld);
+    EXPECT_EQ(filesInGame(), 1U);
+}
+
 // At every step of the work, whether it fails once or the machine stops there, the target is the
 // old file or the new one, whole.
 TEST_F(ReplaceFileTest, NoFailureLosesTheFile) {
