@@ -12,7 +12,10 @@ class FaultyFile : public File {
     FaultyFile(std::unique_ptr<File> under, FaultyFiles* owner)
         : under_(std::move(under)), owner_(owner) {}
 
-    std::size_t read(char* data, std::size_t size) override { return under_->read(data, size); }
+    std::size_t read(char* data, std::size_t size) override {
+        owner_->look();
+        return under_->read(data, size);
+    }
     void write(std::string_view data) override {
         try {
             owner_->change();
@@ -38,8 +41,13 @@ class FaultyFile : public File {
 
 }  // namespace
 
-FaultyFiles::FaultyFiles(int failAt, Fault fault)
-    : under_(&nativeFileSystem()), before_(setFileSystem(this)), failAt_(failAt), fault_(fault) {}
+FaultyFiles::FaultyFiles(int failAt, Fault fault, int number, Counted counted)
+    : under_(&nativeFileSystem()),
+      before_(setFileSystem(this)),
+      failAt_(failAt),
+      fault_(fault),
+      number_(number),
+      counted_(counted) {}
 
 FaultyFiles::~FaultyFiles() {
     setFileSystem(before_);
@@ -49,15 +57,37 @@ void FaultyFiles::change() {
     ++changes_;
     const bool due = fault_ == Fault::Fail ? changes_ == failAt_ : changes_ >= failAt_;
     if (failAt_ > 0 && due) {
-        throw RuntimeError(error::kDeviceIo);
+        throw RuntimeError(number_);
+    }
+}
+
+void FaultyFiles::look() {
+    if (counted_ == Counted::All) {
+        change();
     }
 }
 
 std::unique_ptr<File> FaultyFiles::open(const Path& path, OpenMode mode) {
     if (mode == OpenMode::Output || mode == OpenMode::CreateNew || mode == OpenMode::CreateOwn) {
         change();
+    } else {
+        look();
     }
     return std::make_unique<FaultyFile>(under_->open(path, mode), this);
+}
+
+std::vector<FolderEntry> FaultyFiles::list(const Path& folder) {
+    try {
+        look();
+    } catch (const RuntimeError&) {
+        return {};
+    }
+    return under_->list(folder);
+}
+
+std::int64_t FaultyFiles::length(const Path& path) {
+    look();
+    return under_->length(path);
 }
 
 void FaultyFiles::remove(const Path& path) {

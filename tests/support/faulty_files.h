@@ -1,10 +1,11 @@
 // A file system that fails at the n-th change it is asked for, or from then on as
-// if the machine had stopped: for proving what survives.
+// if the machine had stopped: for proving what survives. Looking can be made to fail too.
 #pragma once
 
 #include <memory>
 
 #include "system/files.h"
+#include "system/runtime_error.h"
 
 namespace marlowick::test {
 
@@ -15,8 +16,14 @@ class FaultyFiles : public FileSystem {
         Stop,  // the n-th change and all later ones raise 57 and do nothing
     };
 
-    // Changes count from 1; 0 never fails.
-    FaultyFiles(int failAt, Fault fault);
+    enum class Counted {
+        Changes,
+        All,  // opening for reading, reading, listing (which then shows nothing) and measuring too
+    };
+
+    // Changes count from 1; 0 never fails. number is the error that is raised.
+    FaultyFiles(int failAt, Fault fault, int number = error::kDeviceIo,
+                Counted counted = Counted::Changes);
     ~FaultyFiles() override;
     FaultyFiles(const FaultyFiles&) = delete;
     FaultyFiles& operator=(const FaultyFiles&) = delete;
@@ -25,12 +32,14 @@ class FaultyFiles : public FileSystem {
 
     // Raises if this change is due to fail.
     void change();
+    // The same for what changes nothing, where that is counted.
+    void look();
 
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override;
-    std::vector<FolderEntry> list(const Path& folder) override { return under_->list(folder); }
+    std::vector<FolderEntry> list(const Path& folder) override;
     bool fileExists(const Path& path) override { return under_->fileExists(path); }
     bool folderExists(const Path& path) override { return under_->folderExists(path); }
-    std::int64_t length(const Path& path) override { return under_->length(path); }
+    std::int64_t length(const Path& path) override;
     void remove(const Path& path) override;
     void makeFolder(const Path& path) override;
     void removeFolder(const Path& path) override;
@@ -47,6 +56,8 @@ class FaultyFiles : public FileSystem {
     FileSystem* before_;
     int failAt_;
     Fault fault_;
+    int number_;
+    Counted counted_;
     int changes_ = 0;
 };
 

@@ -1,0 +1,173 @@
+#include "foundation/history_places.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "foundation/game.h"
+#include "system/folder_order.h"
+#include "system/game_text.h"
+
+namespace marlowick {
+namespace {
+
+// Bytes. No file system has longer names, and no such path more pieces than three.
+constexpr std::size_t kLongestPiece = 255;
+constexpr std::size_t kMostPieces = 3;
+
+// How a piece of a path must look, blind to letter case: all of it, or how it begins and ends.
+struct Piece {
+    std::string_view start;
+    std::string_view end;
+    bool open;  // anything may stand between
+};
+
+struct Form {
+    KeptKind kind;
+    std::array<Piece, kMostPieces> pieces;
+    std::size_t count;
+};
+
+constexpr Form kForms[] = {
+    {KeptKind::UserFile,
+     {{{"userdata", "", true}, {"characters", "", false}, {"user", ".iff", true}}},
+     3},
+    {KeptKind::Archive,
+     {{{"gamedata", "", false}, {"textures", "", false}, {"", ".far", true}}},
+     3},
+    {KeptKind::Ensemble, {{{"ens", "", false}, {"", ".ens", true}, {}}}, 2},
+};
+
+bool fits(std::string_view name, const Piece& piece) {
+    const std::string lower = lowerCase(name);
+    if (!piece.open) {
+        return lower == piece.start;
+    }
+    return lower.size() >= piece.start.size() + piece.end.size() &&
+           lower.starts_with(piece.start) && lower.ends_with(piece.end);
+}
+
+// Windows drops dots and blanks at the end of a name: such a text means another file than it says.
+bool isPlainName(const std::string& name) {
+    return isFileName(name) && !name.ends_with('.') && !name.ends_with(' ');
+}
+
+bool fits(const std::vector<std::string>& pieces, const Form& form) {
+    if (pieces.size() != form.count) {
+        return false;
+    }
+    for (std::size_t i = 0; i < form.count; ++i) {
+        const std::string name = utf8ToGameText(pieces[i]);
+        if (pieces[i].size() > kLongestPiece || !isPlainName(name) || !fits(name, form.pieces[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool isSeparator(char c) {
+    return c == '\\' || c == '/';
+}
+
+// The names in a path. What stands before the first one, such as the two backslashes of a network
+// path, is a piece of its own.
+std::vector<std::string> piecesOf(std::string_view path) {
+    std::vector<std::string> pieces;
+    const auto isName = [](char c) { return !isSeparator(c); };
+    auto start = std::find_if(path.begin(), path.end(), isName);
+    if (start != path.begin()) {
+        pieces.emplace_back(static_cast<std::size_t>(start - path.begin()), '\\');
+    }
+    while (start != path.end()) {
+        const auto end = std::find_if(start, path.end(), isSeparator);
+        pieces.emplace_back(start, end);
+        start = std::find_if(end, path.end(), isName);
+    }
+    return pieces;
+}
+
+std::string joined(const std::vector<std::string>& pieces) {
+    std::string text;
+    for (const std::string& piece : pieces) {
+        text += (text.empty() ? "" : "\\") + piece;
+    }
+    return text;
+}
+
+bool areSame(const std::vector<std::string>& left, const std::vector<std::string>& right) {
+    return std::equal(
+        left.begin(), left.end(), right.begin(), right.end(),
+        [](const std::string& a, const std::string& b) { return foldedName(a) == foldedName(b); });
+}
+
+const Path& folderOf(const HistoryPlaces& places, KeptKind kind) {
+    switch (kind) {
+        case KeptKind::UserFile:
+            return places.neighbourhoods;
+        case KeptKind::Archive:
+            return places.game;
+        case KeptKind::Ensemble:
+            break;
+    }
+    return places.program;
+}
+
+Path below(Path folder, const KeptPlace& place) {
+    for (const std::string& piece : piecesOf(place.path)) {
+        folder = folder.child(utf8ToGameText(piece));
+    }
+    return folder;
+}
+
+}  // namespace
+
+HistoryPlaces historyPlaces(const Path& neighbourhoods) {
+    return {ProgramFolder + "\\History", SimsPath, neighbourhoods, ProgramFolder};
+}
+
+std::optional<KeptPlace> keptPlace(std::string_view utf8) {
+    if (utf8.size() > (kLongestPiece + 1) * kMostPieces) {
+        return std::nullopt;
+    }
+    const std::vector<std::string> pieces = piecesOf(utf8);
+    for (const Form& form : kForms) {
+        if (fits(pieces, form)) {
+            return KeptPlace{form.kind, joined(pieces)};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<KeptPlace> keptPlaceOf(const HistoryPlaces& places, const Path& file) {
+    const std::vector<std::string> pieces = piecesOf(file.text());
+    for (const Form& form : kForms) {
+        if (pieces.size() < form.count) {
+            continue;
+        }
+        const auto split = pieces.end() - static_cast<std::ptrdiff_t>(form.count);
+        const std::vector<std::string> name(split, pieces.end());
+        if (areSame({pieces.begin(), split}, piecesOf(folderOf(places, form.kind).text())) &&
+            fits(name, form)) {
+            return KeptPlace{form.kind, joined(name)};
+        }
+    }
+    return std::nullopt;
+}
+
+Path placeInGame(const HistoryPlaces& places, const KeptPlace& place) {
+    return below(folderOf(places, place.kind), place);
+}
+
+Path placeInEntry(const Path& entry, const KeptPlace& place) {
+    return below(entry, place);
+}
+
+std::u16string placeKey(const KeptPlace& place) {
+    return foldedName(place.path);
+}
+
+bool isSameFolder(const Path& left, const Path& right) {
+    return areSame(piecesOf(left.text()), piecesOf(right.text()));
+}
+
+}  // namespace marlowick
