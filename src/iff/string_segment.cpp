@@ -44,7 +44,19 @@ void readRow(StrEntry& row, std::string_view data, std::size_t& position) {
     position = commentEnd + 1;
 }
 
-void readTable(std::string_view data, StrSegment& strings) {
+std::string tableData(const StrSegment& strings) {
+    std::string data = strings.Format + strings.Count;
+    for (int row = 1; row <= strings.Entries.bound(); ++row) {
+        const StrEntry& entry = strings.Entries[row];
+        data.push_back(entry.Language);
+        data += gfstrTrimAtNull(entry.Text) + '\0' + gfstrTrimAtNull(entry.Comment) + '\0';
+    }
+    return data + strings.Tail;
+}
+
+}  // namespace
+
+void readStringTable(std::string_view data, StrSegment& strings) {
     strings.Format = data.substr(0, 2);
     strings.Count = data.substr(std::min<std::size_t>(2, data.size()), 2);
     CheckpointNumber = 3000;
@@ -62,18 +74,6 @@ void readTable(std::string_view data, StrSegment& strings) {
     strings.Tail = position < data.size() ? data.substr(position) : std::string_view();
 }
 
-std::string tableData(const StrSegment& strings) {
-    std::string data = strings.Format + strings.Count;
-    for (int row = 1; row <= strings.Entries.bound(); ++row) {
-        const StrEntry& entry = strings.Entries[row];
-        data.push_back(entry.Language);
-        data += gfstrTrimAtNull(entry.Text) + '\0' + gfstrTrimAtNull(entry.Comment) + '\0';
-    }
-    return data + strings.Tail;
-}
-
-}  // namespace
-
 bool gsReadSTRSegment(const IffFile& iff, StrSegment& strings, std::string_view id, bool ctss) {
     return trapped("modIFFsupport", "gsReadSTRSegment", [&] {
         CheckpointNumber = 1000;
@@ -82,7 +82,7 @@ bool gsReadSTRSegment(const IffFile& iff, StrSegment& strings, std::string_view 
         for (int i = 1; i <= iff.Segments.bound(); ++i) {
             const IffSegment& segment = iff.Segments[i];
             if (segment.Type == typeName(ctss) && segment.ID == id) {
-                readTable(segment.Data, strings);
+                readStringTable(segment.Data, strings);
                 return;
             }
         }

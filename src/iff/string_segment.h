@@ -26,6 +26,11 @@ struct StrSegment {
     std::string Tail;
 };
 
+// Fills the record from the data of such a segment; of a table without rows Tail stays. Entries
+// must be empty. Sets CheckpointNumber from 3000 to 8000. Raises 5 for a table that ends within its
+// count or within a comment, 6 for more than 32767 rows.
+void readStringTable(std::string_view data, StrSegment& strings);
+
 // Fills the record from the first segment with that type ("CTSS" if ctss, otherwise "STR#") and
 // those four id bytes. Without such a segment nothing but Entries changes, which is emptied.
 // Trapped (modIFFsupport); false after a failure.

@@ -11,9 +11,11 @@
 #include "foundation/game_search.h"
 #include "foundation/open_game.h"
 #include "iff/iff_file.h"
+#include "iff/user_file_proof.h"
 #include "preview/head_files.h"
 #include "support/test_folder.h"
 #include "system/files.h"
+#include "system/game_text.h"
 #include "system/places.h"
 
 namespace marlowick {
@@ -73,6 +75,32 @@ TEST_F(SampleGameTest, TheSameSeedGivesTheSameBytes) {
     make("three", "6");
     EXPECT_EQ(contents("one"), contents("two"));
     EXPECT_NE(contents("one"), contents("three"));
+}
+
+TEST_F(SampleGameTest, EveryUserFileIsProvenWhenItIsWrittenAgain) {
+    make("game", "1");
+    const Path in = folder.path("in.iff");
+    const Path out = folder.path("out.iff");
+    int files = 0;
+    for (const auto& [name, bytes] : contents("game")) {
+        if (lowerCase(name).find("characters/user") == std::string::npos) {
+            continue;
+        }
+        folder.write("in.iff", bytes);
+        IffFile record;
+        if (!gfstrQuickReadIFF(record, in).empty()) {
+            continue;  // there are broken ones
+        }
+        const IffFile loaded = record;
+        StrSegment rows;
+        ASSERT_TRUE(readWardrobeTable(record, rows)) << name;
+        ASSERT_TRUE(writeWardrobeTable(record, rows)) << name;
+        removeIfPresent(out);
+        ASSERT_TRUE(gsWriteIFF(record, out)) << name;
+        EXPECT_EQ(userFileDifference(loaded, {rows}, out), "") << name;
+        ++files;
+    }
+    EXPECT_GT(files, 50);
 }
 
 TEST_F(SampleGameTest, EveryArchiveIsWhole) {
