@@ -109,7 +109,7 @@ KeepResult HistoryCommand::keep(const Path& file, const std::optional<FileState>
     if (broken_) {
         return {KeepAnswer::CantWrite, *broken_};
     }
-    if (history_.isAboveBound(file)) {
+    if (place->kind == KeptKind::Archive && history_.isAboveBound(file)) {
         return {KeepAnswer::AboveBound};
     }
     if (kept_.contains(placeKey(*place))) {
