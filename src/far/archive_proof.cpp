@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "foundation/bytes.h"
@@ -18,21 +19,43 @@ constexpr std::int64_t kHeadSize = 16;
 constexpr std::int64_t kCountSize = 4;
 constexpr std::int64_t kRecordSize = 16;
 
-std::string bytesAt(File& file, std::int64_t position, std::int64_t size) {
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    file.seek(position);
-    bytes.resize(file.read(bytes.data(), bytes.size()));
-    return bytes;
-}
+// Bytes anywhere in a file, read in pieces: most entries are small and lie behind one another.
+class Pieces {
+  public:
+    explicit Pieces(const Path& path) : file_(files().open(path, OpenMode::Input)) {}
+
+    std::int64_t size() { return file_->size(); }
+
+    // Fewer bytes where the file ends. Valid until the next call.
+    std::string_view at(std::int64_t position, std::int64_t size) {
+        if (position < start_ || position + size > start_ + held()) {
+            file_->seek(position);
+            piece_.resize(static_cast<std::size_t>(std::max(size, kPiece)));
+            piece_.resize(file_->read(piece_.data(), piece_.size()));
+            start_ = position;
+        }
+        return std::string_view(piece_).substr(static_cast<std::size_t>(position - start_),
+                                               static_cast<std::size_t>(size));
+    }
+
+  private:
+    static constexpr std::int64_t kPiece = 1 << 17;
+
+    std::int64_t held() const { return static_cast<std::int64_t>(piece_.size()); }
+
+    std::unique_ptr<File> file_;
+    std::string piece_;
+    std::int64_t start_ = 0;
+};
 
 // True if size bytes at two places of two files have the same first and last block.
-bool haveSameEnds(File& left, std::int64_t leftPlace, File& right, std::int64_t rightPlace,
+bool haveSameEnds(Pieces& left, std::int64_t leftPlace, Pieces& right, std::int64_t rightPlace,
                   std::int64_t size) {
     const auto block = static_cast<std::int64_t>(kBlock);
     const auto same = [&](std::int64_t from, std::int64_t count) {
-        const std::string bytes = bytesAt(left, leftPlace + from, count);
+        const std::string_view bytes = left.at(leftPlace + from, count);
         return static_cast<std::int64_t>(bytes.size()) == count &&
-               bytes == bytesAt(right, rightPlace + from, count);
+               bytes == right.at(rightPlace + from, count);
     };
     return same(0, std::min(size, block)) &&
            (size <= block || same(std::max(block, size - block), std::min(size - block, block)));
@@ -43,10 +66,7 @@ class ArchiveComparison {
     // found: the archive's directory, as it was read back.
     ArchiveComparison(const FarEdit& edit, const FarDirectory& found, const Path& archive,
                       const std::function<void()>& afterEntry)
-        : edit_(edit),
-          found_(found),
-          afterEntry_(afterEntry),
-          file_(files().open(archive, OpenMode::Input)) {}
+        : edit_(edit), found_(found), afterEntry_(afterEntry), file_(archive) {}
 
     // Entry by entry; the head comes last, since it tells where they end.
     std::string difference() {
@@ -58,20 +78,20 @@ class ArchiveComparison {
             return "The directory lists " + std::to_string(count) + " entries instead of " +
                    std::to_string(number_) + ".";
         }
-        const std::string head = bytesAt(*file_, 0, kHeadSize);
+        const std::string head(file_.at(0, kHeadSize));
         if (head != std::string(kMagicAndVersion) +
                         gfstrLongToLittleEndian(static_cast<std::int32_t>(position_))) {
             return "The head differs.";
         }
         const std::int64_t end = position_ + directorySize_;
-        return file_->size() == end ? ""
-                                    : "The length is " + std::to_string(file_->size()) +
-                                          " instead of " + std::to_string(end) + ".";
+        return file_.size() == end ? ""
+                                   : "The length is " + std::to_string(file_.size()) +
+                                         " instead of " + std::to_string(end) + ".";
     }
 
   private:
     bool keptEntriesAreSame() {
-        std::unique_ptr<File> source;
+        std::optional<Pieces> source;
         const int count = farEntryCount(edit_.mudtFarDir);
         for (int number = 1; number <= count; ++number) {
             const FarEntry& entry = edit_.mudtFarDir.Entries[number];
@@ -79,7 +99,7 @@ class ArchiveComparison {
                 continue;
             }
             if (!source) {
-                source = files().open(edit_.mstrFarFile, OpenMode::Input);
+                source.emplace(edit_.mstrFarFile);
             }
             if (!isSame(entry, *source, gflngLittleEndianToLong(entry.FileOffset))) {
                 return false;
@@ -94,14 +114,14 @@ class ArchiveComparison {
             if (added.AddedName.empty()) {
                 continue;
             }
-            const std::unique_ptr<File> source = files().open(added.AddedPath, OpenMode::Input);
+            Pieces source(added.AddedPath);
             FarEntry entry;
-            entry.FileSize = gfstrLongToLittleEndian(static_cast<std::int32_t>(source->size()));
+            entry.FileSize = gfstrLongToLittleEndian(static_cast<std::int32_t>(source.size()));
             entry.FileSize2 = entry.FileSize;
             entry.NameLength =
                 gfstrLongToLittleEndian(static_cast<std::int32_t>(added.AddedName.size()));
             entry.FileName = added.AddedName;
-            if (!isSame(entry, *source, 0)) {
+            if (!isSame(entry, source, 0)) {
                 return false;
             }
         }
@@ -109,7 +129,7 @@ class ArchiveComparison {
     }
 
     // Whether the next entry is the one that was meant, whose data lies in source.
-    bool isSame(const FarEntry& meant, File& source, std::int64_t place) {
+    bool isSame(const FarEntry& meant, Pieces& source, std::int64_t place) {
         if (++number_ > found_.Entries.bound()) {
             why_ = "is missing";
             return false;
@@ -128,7 +148,7 @@ class ArchiveComparison {
             why_ = "lies elsewhere";
             return false;
         }
-        if (!haveSameEnds(*file_, position_, source, place, size)) {
+        if (!haveSameEnds(file_, position_, source, place, size)) {
             why_ = "has other data";
             return false;
         }
@@ -143,7 +163,7 @@ class ArchiveComparison {
     const FarEdit& edit_;
     const FarDirectory& found_;
     const std::function<void()>& afterEntry_;
-    std::unique_ptr<File> file_;
+    Pieces file_;
     int number_ = 0;
     std::string why_;
     std::int64_t position_ = kHeadSize;
