@@ -86,6 +86,16 @@ bool hasKeptFiles(const Path& entry) {
     return has;
 }
 
+// Of a command that ended in the middle of its first record: it replaced nothing, but what it kept
+// counts like any other old bytes, and goes when it is the oldest.
+std::int64_t keptBytes(const Path& entry) {
+    std::int64_t bytes = 0;
+    forEachKeptFile(
+        entry, [&](const Path& file) { bytes = sum(bytes, sizeOnDisk(file).value_or(0)); },
+        [](const Path& /*folder*/) {});
+    return bytes;
+}
+
 // A folder without "about.json", or with an empty one, is what an end in the middle of making or
 // taking away left. One that holds anything else may be a person's, and stays.
 void clearLeftover(const Path& entry) {
@@ -120,7 +130,10 @@ HistoryPruner::Weight HistoryPruner::weigh(const Path& history, const std::strin
     if (!about) {
         return weight;
     }
-    weight.isEmpty = about->isWhole && about->records.empty();
+    weight.isEmpty = about->records.empty() && (about->isWhole || !hasKeptFiles(entry));
+    if (about->records.empty() && !weight.isEmpty) {
+        weight.bytes = keptBytes(entry);
+    }
     for (const HistoryRecord& record : about->records) {
         if (!record.place) {
             continue;

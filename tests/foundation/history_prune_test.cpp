@@ -207,9 +207,24 @@ TEST_F(HistoryPruneTest, TheBeginningsOfACommandThatKeptNothingGo) {
     folder.write("program/History/000003 begun/about.json",
                  "{\"version\":1,\"command\":\"Save\",\n\"files\":[\n]}\n");
     folder.write("program/History/000003 begun/UserData/Characters/user00001.iff", "half");
+    folder.write("program/History/000004 cut/about.json",
+                 "{\"version\":1,\"command\":\"Save\",\"name\":\"Mara");
     save(simPath(1), {10});
     prune({1000, 0, 0});
-    EXPECT_EQ(folders(), std::vector<std::string>{"000004 2026-11-21 14.15.33 Save"});
+    EXPECT_EQ(folders(), std::vector<std::string>{"000005 2026-11-21 14.15.33 Save"});
+}
+
+TEST_F(HistoryPruneTest, WhatACommandKeptBeforeItsRecordWasCutCountsAndGoes) {
+    makeGame();
+    folder.write("program/History/000001 cut/about.json",
+                 "{\"version\":1,\"command\":\"Save\",\n\"files\":[\n{\"path\":\"UserDa");
+    folder.write("program/History/000001 cut/UserData/Characters/user00001.iff", "0123456789");
+    save(simPath(1), {10});
+    prune({20, 0, 0});
+    EXPECT_EQ(numbers(), (Numbers{2, 1}));
+    prune({19, 0, 0});
+    EXPECT_EQ(numbers(), Numbers{2});
+    EXPECT_EQ(folders().size(), 1U);
 }
 
 #ifndef _WIN32
