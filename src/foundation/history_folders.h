@@ -38,7 +38,8 @@ std::vector<HistoryFolder> historyFolders(const Path& history);
 // What a command's "about.json" tells; nothing if there is none that can be read.
 std::optional<HistoryAbout> historyAbout(const Path& entry);
 
-// True if the folder lies where it seems to, and isn't a link: behind one lie the player's own files.
+// True if the folder lies where it seems to, and isn't a link: behind one lie the player's own
+// files.
 bool isRealFolder(const Path& folder);
 
 // Runs work for every file in a command's folder that lies where old bytes are put, whether its

@@ -121,8 +121,8 @@ Path below(Path folder, const KeptPlace& place) {
 
 }  // namespace
 
-HistoryPlaces historyPlaces(const Path& neighbourhoods) {
-    return {ProgramFolder + "\\History", SimsPath, neighbourhoods, ProgramFolder};
+HistoryPlaces historyPlaces() {
+    return {ProgramFolder + "\\History", SimsPath, neighbourhoodsPath(), ProgramFolder};
 }
 
 std::optional<KeptPlace> keptPlace(std::string_view utf8) {

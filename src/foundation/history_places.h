@@ -15,12 +15,12 @@ namespace marlowick {
 struct HistoryPlaces {
     Path history;         // the folder of the earlier versions, made with the first of them
     Path game;            // the archives lie below it
-    Path neighbourhoods;  // the folders "UserData..." lie in it
+    Path neighbourhoods;  // the folders "UserData..." lie in it; not always the game's own
     Path program;         // the ensembles lie below it
 };
 
-// Those of the running program, with its folder "\History", SimsPath and the given neighbourhoods.
-HistoryPlaces historyPlaces(const Path& neighbourhoods);
+// Those of the open game and the running program, with its folder "\History".
+HistoryPlaces historyPlaces();
 
 enum class KeptKind {
     UserFile,  // UserData*\characters\user*.iff below the neighbourhoods

@@ -8,6 +8,7 @@
 #include "foundation/error_trap.h"
 #include "foundation/proof.h"
 #include "system/files.h"
+#include "system/places.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -191,9 +192,7 @@ GameOfRecord gameOfRecord(const HistoryPlaces& places, const HistoryAbout& about
     if (!files().folderExists(theirs)) {
         return GameOfRecord::Moved;
     }
-    return isSameFolder(files().followLinks(theirs), files().followLinks(ours))
-               ? GameOfRecord::Open
-               : GameOfRecord::Other;
+    return isSamePlace(theirs, ours) ? GameOfRecord::Open : GameOfRecord::Other;
 }
 
 std::vector<RestoreItem> restorePlan(const History& history, const HistoryEntry& entry,

@@ -217,6 +217,7 @@ class CountingFiles : public FileSystem {
     std::int64_t length(const Path& path) override { return nativeFileSystem().length(path); }
     void remove(const Path& /*path*/) override { FAIL(); }
     void makeFolder(const Path& /*path*/) override { FAIL(); }
+    void removeFolder(const Path& /*path*/) override { FAIL(); }
     bool isReadOnly(const Path& path) override { return nativeFileSystem().isReadOnly(path); }
     void clearAttributes(const Path& /*path*/) override { FAIL(); }
     void copyAttributes(const Path& /*from*/, const Path& /*to*/) override { FAIL(); }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/game.h"
 #include "support/test_folder.h"
 
 namespace marlowick {
@@ -158,11 +159,16 @@ TEST(SameFolderTest, TellsByNamesAlone) {
 
 TEST(HistoryPlacesOfTheProgramTest, AreTheRunningGamesAndPrograms) {
     const test::TestFolder folder;
-    const HistoryPlaces places = historyPlaces(folder.path("saves"));
-    EXPECT_EQ(places.history, folder.path("program\\History"));
-    EXPECT_EQ(places.game, folder.path("game"));
-    EXPECT_EQ(places.neighbourhoods, folder.path("saves"));
-    EXPECT_EQ(places.program, folder.path("program"));
+    EXPECT_EQ(historyPlaces().history, folder.path("program\\History"));
+    EXPECT_EQ(historyPlaces().game, folder.path("game"));
+    EXPECT_EQ(historyPlaces().neighbourhoods, folder.path("game"));
+    EXPECT_EQ(historyPlaces().program, folder.path("program"));
+    SimsKind = GameKind::Legacy;
+    NeighbourhoodsElsewhere = folder.path("saves");
+    EXPECT_EQ(historyPlaces().game, folder.path("game"));
+    EXPECT_EQ(historyPlaces().neighbourhoods, folder.path("saves"));
+    SimsKind = GameKind::Classic;
+    NeighbourhoodsElsewhere = Path();
 }
 
 }  // namespace
