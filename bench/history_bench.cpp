@@ -79,7 +79,7 @@ class Neighbourhood {
     Path file(int number) const {
         return SimsPath + "\\UserData\\Characters" + ("\\" + name(number));
     }
-    HistoryPlaces places() const { return historyPlaces(SimsPath); }
+    HistoryPlaces places() const { return historyPlaces(); }
     void forgetHistory() const { fs::remove_all(root_ / "History"); }
 
   private:
@@ -125,7 +125,7 @@ class Rewrite {
         std::string& text = rows_.Entries[31].Text;
         text = text == "one" ? "two" : "one";
         writeWardrobeTable(record_, rows_);
-        writeUserTemp(record_);
+        writeUserTemp(record_, SavedParts::All);
         replaceFile(userTempFile(), file, ReadOnlyTarget::Refuse, {},
                     [&](const Path& beside) { return look(file, beside); });
     }
@@ -285,7 +285,7 @@ void saveArchiveOf250MiB(benchmark::State& state, bool isProven, bool isKept) {
                    gfstrLongToLittleEndian(16 + i * size) + gfstrLongToLittleEndian(5) + "a.bmp";
     }
     writeWholeFile(archive, content);
-    History history(historyPlaces(SimsPath));
+    History history(historyPlaces());
     bool isOther = false;
     for (auto _ : state) {
         FarEdit edit;

@@ -358,6 +358,9 @@ TEST_F(UserFileProofTest, TheOdditiesOfFilesGiveNoAlarm) {
         {"a map at the start", fileHead(1) + map + part + table},
         {"two maps, not side by side", fileHead(1) + map + part + map + table},
         {"bytes behind the map", fileHead(1) + part + table + map + std::string(76, 'z')},
+        {"a map without its last pad byte",
+         fileHead(1) + part + table +
+             test::map(7, 1, mapType("AAAA", 1, mapRow(1, 1, 5, "abcd\0"s)))},
         {"a lone last byte", fileHead(0) + part + table + "z"},
         {"a map that the head denies", fileHead(0) + part + table + map},
         {"the text 0000", fileHead(0x30303030) + part + table},

@@ -1,0 +1,31 @@
+#include "iff/proven_rewrite.h"
+
+#include "foundation/error_trap.h"
+#include "foundation/folders.h"
+#include "foundation/proof.h"
+#include "system/files.h"
+#include "system/replace_file.h"
+
+namespace marlowick {
+
+bool replaceUserFileProven(const ProvenRewrite& rewrite) {
+    if (!files().fileExists(rewrite.userFile)) {
+        throw RuntimeError(error::kFileNotFound);
+    }
+    return replaceFile(
+        userTempFile(), rewrite.userFile, ReadOnlyTarget::Refuse, {}, [&](const Path& beside) {
+            const std::string why = userFileDifference(rewrite.loaded, rewrite.change, beside);
+            if (!why.empty()) {
+                throw notProven(rewrite.userFile, why);
+            }
+            return rewrite.history.keepOrAsk(rewrite.userFile, stateOfFile(beside), rewrite.words);
+        });
+}
+
+bool isStill(const Path& userFile, const FileState& loaded) {
+    bool still = false;
+    ignoringErrors([&] { still = stateOfFile(userFile) == loaded; });
+    return still;
+}
+
+}  // namespace marlowick
