@@ -8,6 +8,7 @@
 #include "foundation/game.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
+#include "support/faulty_files.h"
 #include "support/mesh_files.h"
 #include "support/test_folder.h"
 #include "system/files.h"
@@ -400,38 +401,17 @@ TEST_F(SceneTest, SlotsAndTheErrorStateStayAsTheyAre) {
 }
 
 // Notes what is opened.
-class OpenedFiles : public FileSystem {
+class OpenedFiles : public test::FaultyFiles {
   public:
-    OpenedFiles() : before_(setFileSystem(this)) {}
-    ~OpenedFiles() override { setFileSystem(before_); }
-    OpenedFiles(const OpenedFiles&) = delete;
-    OpenedFiles& operator=(const OpenedFiles&) = delete;
+    OpenedFiles() : FaultyFiles(0, Fault::Fail) {}
 
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
         EXPECT_EQ(mode, OpenMode::Input) << path.text();
         opened.push_back(path.fileName());
-        return under_.open(path, mode);
+        return FaultyFiles::open(path, mode);
     }
-    std::vector<FolderEntry> list(const Path& listed) override { return under_.list(listed); }
-    bool fileExists(const Path& path) override { return under_.fileExists(path); }
-    bool folderExists(const Path& path) override { return under_.folderExists(path); }
-    std::int64_t length(const Path& path) override { return under_.length(path); }
-    void remove(const Path& path) override { under_.remove(path); }
-    void makeFolder(const Path& path) override { under_.makeFolder(path); }
-    bool isReadOnly(const Path& path) override { return under_.isReadOnly(path); }
-    void clearAttributes(const Path& path) override { under_.clearAttributes(path); }
-    void copyAttributes(const Path& source, const Path& target) override {
-        under_.copyAttributes(source, target);
-    }
-    Path followLinks(const Path& path) override { return under_.followLinks(path); }
-    void rename(const Path& source, const Path& target) override { under_.rename(source, target); }
-    bool canWriteInto(const Path& asked) override { return under_.canWriteInto(asked); }
 
     std::vector<std::string> opened;
-
-  private:
-    FileSystem& under_ = nativeFileSystem();
-    FileSystem* before_;
 };
 
 TEST_F(SceneTest, TheSecondSceneReadsBitmapsAlone) {
