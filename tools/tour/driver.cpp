@@ -32,6 +32,20 @@ constexpr int kFrameMilliseconds = 3000;
     std::_Exit(EXIT_FAILURE);
 }
 
+// A window manager that is slow to put a frame around a window leaves its frame at one pixel for
+// good, as Qt has it. All frames are alike: such a window has that of the windows before it.
+QRect frameOf(const QWidget& window) {
+    static QMargins margins;
+    const QRect inner = window.geometry();
+    const QRect frame = window.frameGeometry();
+    if (!frame.contains(inner)) {
+        return inner.marginsAdded(margins);
+    }
+    margins = {inner.left() - frame.left(), inner.top() - frame.top(),
+               frame.right() - inner.right(), frame.bottom() - inner.bottom()};
+    return frame;
+}
+
 // The window that the person looks at.
 QWidget* frontmost() {
     QWidget* front = QApplication::activeModalWidget();
@@ -47,7 +61,7 @@ QWidget* frontmost() {
 // The window in front as the screen shows it, frame and all.
 QRect frontFrame() {
     const QWidget* front = frontmost();
-    return front == nullptr ? QRect() : front->frameGeometry();
+    return front == nullptr ? QRect() : frameOf(*front);
 }
 
 // Whether the window in front has got its frame. A busy window manager draws it late, and has the
