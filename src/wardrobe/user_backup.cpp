@@ -46,16 +46,31 @@ std::map<std::string, Path>& madeBackups() {
     return made;
 }
 
-// The path for a backup of that name. Two games have sims of the same names, in neighbourhoods of
-// the same names.
-Path placeForBackup(const std::string& name, const Path& userFile) {
-    Path place = backupFolder().child(name);
+// number: what stands behind the name, or nothing. Where the whole is too long for a file's name,
+// the sim's name is shortened.
+std::string numberedName(const Path& userFile, const std::string& simName, const std::tm& time,
+                         const std::string& number) {
+    std::array<char, 32> stamp{};
+    std::strftime(stamp.data(), stamp.size(), "%Y%m%d_%H%M%M", &time);
+    const std::string front = gfstrCleanName(nameOnDisk(userFile) + "_");
+    const std::string back =
+        gfstrCleanName("_" + neighbourhoodFolder(userFile) + "_" + stamp.data() + number);
+    const std::size_t taken = std::min(front.size() + back.size(), kLongestFileName);
+    const std::string name = gfstrCleanName(nameInLabel(simName).substr(0, kLongestName));
+    return front + name.substr(0, kLongestFileName - taken) + back;
+}
+
+// The path for a backup. Two games have sims of the same names, in neighbourhoods of the same
+// names.
+Path placeForBackup(const Path& userFile, const std::string& simName, const std::tm& time) {
+    Path place = backupFolder().child(numberedName(userFile, simName, time, ""));
     for (int number = 2; files().fileExists(place); ++number) {
         const auto made = madeBackups().find(place.text());
         if (made != madeBackups().end() && isSamePlace(made->second, userFile.folder())) {
             break;
         }
-        place = backupFolder().child(name + "_" + std::to_string(number));
+        place = backupFolder().child(
+            numberedName(userFile, simName, time, "_" + std::to_string(number)));
     }
     return place;
 }
@@ -63,14 +78,7 @@ Path placeForBackup(const std::string& name, const Path& userFile) {
 }  // namespace
 
 std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time) {
-    std::array<char, 32> stamp{};
-    std::strftime(stamp.data(), stamp.size(), "%Y%m%d_%H%M%M", &time);
-    const std::string front = gfstrCleanName(nameOnDisk(userFile) + "_");
-    const std::string back =
-        gfstrCleanName("_" + neighbourhoodFolder(userFile) + "_" + stamp.data());
-    const std::size_t taken = std::min(front.size() + back.size(), kLongestFileName);
-    const std::string name = gfstrCleanName(nameInLabel(simName).substr(0, kLongestName));
-    return front + name.substr(0, kLongestFileName - taken) + back;
+    return numberedName(userFile, simName, time, "");
 }
 
 bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
@@ -81,9 +89,8 @@ bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
             files().makeFolder(folder);
         }
         CheckpointNumber = 2000;
-        const std::string name = backupName(userFile, simName, localTime());
+        const Path place = placeForBackup(userFile, simName, localTime());
         CheckpointNumber = 3000;
-        const Path place = placeForBackup(name, userFile);
         copyFile(userFile, place);
         madeBackups()[place.text()] = userFile.folder();
     });

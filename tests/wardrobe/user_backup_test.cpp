@@ -118,6 +118,22 @@ TEST_F(UserBackupTest, ABackupOfAnEarlierRunOfTheProgramIsKeptToo) {
     EXPECT_EQ(folder.read("program/Backup/" + name + "_3"), "now");
 }
 
+// The number has its place in a name of full length too.
+TEST_F(UserBackupTest, ALongNameFromAnotherGameKeepsBoth) {
+    const std::string front = "user1iff_";
+    const std::string back = "_UserData_20260309_140707";
+    const std::size_t room = 255 - front.size() - back.size();
+    folder.write("game/UserData/Characters/user1.iff", "classic");
+    folder.write("saves/UserData/Characters/user1.iff", "legacy");
+    const std::string sim = "A - " + std::string(300, 'n');
+    EXPECT_TRUE(msMakeUserBackup(folder.path("game\\UserData\\characters\\user1.iff"), sim));
+    EXPECT_TRUE(msMakeUserBackup(folder.path("saves\\UserData\\characters\\user1.iff"), sim));
+    EXPECT_EQ(folder.read("program/Backup/" + front + std::string(room, 'n') + back), "classic");
+    EXPECT_EQ(folder.read("program/Backup/" + front + std::string(room - 2, 'n') + back + "_2"),
+              "legacy");
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
 TEST_F(UserBackupTest, AFailureIsReportedAndTold) {
     EXPECT_FALSE(msMakeUserBackup(folder.path("game\\UserData\\characters\\gone.iff"), "A - B"));
     ASSERT_EQ(recorder.reports().size(), 1U);
