@@ -4,7 +4,7 @@
 
 #include "browser/neighbourhoods.h"
 #include "catalogue/names.h"
-#include "foundation/game.h"
+#include "foundation/open_game.h"
 #include "iff/safe_rewrite.h"
 #include "iff/sim_names.h"
 #include "iff/string_segment.h"
@@ -122,6 +122,8 @@ Path bodySkinsFile() {
 }
 
 void exportSkinNames(const SimWalk& walk) {
+    refuseTemplate(headSkinsFile());
+    refuseTemplate(bodySkinsFile());
     const std::unique_ptr<File> heads = files().open(headSkinsFile(), OpenMode::Output);
     const std::unique_ptr<File> bodies = files().open(bodySkinsFile(), OpenMode::Output);
     StrSegment strings;

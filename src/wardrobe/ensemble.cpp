@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "foundation/bytes.h"
+#include "foundation/open_game.h"
 #include "system/files.h"
 #include "system/replace_file.h"
 #include "system/runtime_error.h"
@@ -76,6 +77,7 @@ void saveEnsemble(const Path& path, const WardrobeFields& fields) {
     for (const Field field : kLines) {
         content += fields.*field + "\r\n";
     }
+    refuseTemplate(path);
     replaceFileContent(path, content, ReadOnlyTarget::Refuse);
 }
 

@@ -15,7 +15,8 @@ namespace marlowick {
 void loadEnsemble(const Path& path, WardrobeFields& fields);
 
 // Writes all 22 lines, each ended by CR LF, in the place of what stands at path. Raises 75 for a
-// read-only file, and what writing raises; an old file is then as it was.
+// read-only file and for one that a link puts into a Legacy game's templates, and what writing
+// raises; an old file is then as it was.
 void saveEnsemble(const Path& path, const WardrobeFields& fields);
 
 }  // namespace marlowick

@@ -2,6 +2,7 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
+#include "foundation/open_game.h"
 #include "system/files.h"
 #include "system/game_text.h"
 #include "ui_frmENS.h"
@@ -106,7 +107,11 @@ void frmENS::cmdDelete_Click() {
         !confirmAction(QStringLiteral("Delete file ") + toDisplay(ensembleFolder().child(name)))) {
         return;
     }
-    ignoringErrors([&] { files().remove(ensembleFolder().child(name)); });
+    ignoringErrors([&] {
+        const Path file = ensembleFolder().child(name);
+        refuseTemplate(file.folder());
+        files().remove(file);
+    });
     refreshList();
     ui->txtFileName->clear();
 }

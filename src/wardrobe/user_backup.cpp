@@ -7,6 +7,7 @@
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
+#include "foundation/open_game.h"
 #include "system/block_copy.h"
 #include "system/clock.h"
 #include "system/files.h"
@@ -91,6 +92,7 @@ bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
         CheckpointNumber = 2000;
         const Path place = placeForBackup(userFile, simName, localTime());
         CheckpointNumber = 3000;
+        refuseTemplate(place);
         copyFile(userFile, place);
         madeBackups()[place.text()] = userFile.folder();
     });
