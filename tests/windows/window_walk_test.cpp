@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -313,6 +314,9 @@ TEST_F(WindowWalkTest, SetPath) {
                   (QStringList{"txtLocation", "cmdFindPath", "txtRegistry", "cmdUseReg", "lstGames",
                                "txtNeighborhoods", "cmdFindNeighborhoods", "cmdAutomatic", "cmdOK",
                                "cmdCancel"}));
+        // A screen of 800 to 600 has room for it, with its frame and a task bar.
+        EXPECT_LE(window.width(), 780);
+        EXPECT_LE(window.layout()->totalMinimumHeightForWidth(window.width()), 540);
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     });
