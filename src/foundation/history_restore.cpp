@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "foundation/error_trap.h"
+#include "foundation/open_game.h"
 #include "foundation/proof.h"
 #include "system/files.h"
 #include "system/places.h"
@@ -231,17 +232,11 @@ std::vector<RestoreItem> restorePlan(const History& history, const HistoryEntry&
 }
 
 bool restoreFile(const RestoreItem& item, const RestoreWork& work) {
-    switch (item.step) {
-        case RestoreStep::PutBack:
-        case RestoreStep::MakeAnew:
-            return putBack(item, work);
-        case RestoreStep::Remove:
-            return removeMade(item, work);
-        case RestoreStep::Nothing:
-        case RestoreStep::Refused:
-            break;
+    if (item.step == RestoreStep::Nothing || item.step == RestoreStep::Refused) {
+        return true;
     }
-    return true;
+    refuseTemplate(item.target);
+    return item.step == RestoreStep::Remove ? removeMade(item, work) : putBack(item, work);
 }
 
 }  // namespace marlowick

@@ -70,8 +70,9 @@ struct RestoreWork {
 // bytes before it takes the name, and what it replaces is kept, so that this step can be taken back
 // too. False if the present file can't be kept and the person doesn't want to go on so. Raises 321
 // with the path and what differs if the kept bytes aren't those of the record; 53 for a file that
-// is gone since the plan, 58 for one that has come; 75 for a read-only user file or ensemble; and
-// what the file system raises. The player's file then is as it was.
+// is gone since the plan, 58 for one that has come; 75 for a read-only user file or ensemble
+// and for a Legacy game's template; and what the file system raises. The player's file then is as
+// it was.
 bool restoreFile(const RestoreItem& item, const RestoreWork& work);
 
 }  // namespace marlowick

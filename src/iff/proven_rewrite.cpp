@@ -2,6 +2,7 @@
 
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
+#include "foundation/open_game.h"
 #include "foundation/proof.h"
 #include "system/files.h"
 #include "system/replace_file.h"
@@ -12,6 +13,7 @@ bool replaceUserFileProven(const ProvenRewrite& rewrite) {
     if (!files().fileExists(rewrite.userFile)) {
         throw RuntimeError(error::kFileNotFound);
     }
+    refuseTemplate(rewrite.userFile);
     return replaceFile(
         userTempFile(), rewrite.userFile, ReadOnlyTarget::Refuse, {}, [&](const Path& beside) {
             const std::string why = userFileDifference(rewrite.loaded, rewrite.change, beside);

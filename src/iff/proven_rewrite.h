@@ -22,8 +22,9 @@ struct ProvenRewrite {
 
 // Puts "\usertemp.iff" in the place of the user file in one step. False if nothing can be kept of
 // the old file and the person doesn't want to go on so. Raises 321 with the path and what differs
-// if the new file isn't as it was meant, 75 for a read-only user file, 53 for one that is gone, and
-// what a step raises. The user file then is as it was. CheckpointNumber stays.
+// if the new file isn't as it was meant, 75 for a read-only user file and for a Legacy game's
+// template, 53 for one that is gone, and what a step raises. The user file then is as it was.
+// CheckpointNumber stays.
 bool replaceUserFileProven(const ProvenRewrite& rewrite);
 
 // True if the file still holds what it held when it was loaded; false also if it is gone or can't

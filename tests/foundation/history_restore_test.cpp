@@ -227,6 +227,25 @@ TEST_F(HistoryRestoreTest, AReadOnlySimIsNotRemovedEither) {
     EXPECT_EQ(history.entries().size(), 1U);
 }
 
+// A Legacy game may have come to lie where the neighbourhoods were.
+TEST_F(HistoryRestoreTest, TemplatesOfALegacyGameStayAsTheyAre) {
+    saveOver(simPath(1), "second");
+    std::filesystem::remove(folder.root() / simName(2));
+    saveOver(simPath(2), "made");
+    folder.write("saves/Sims.exe", "MZ");
+    folder.write("saves/eadpsdk.json", "{}");
+    const auto before = otherFiles();
+    for (const int number : {1, 2}) {
+        EXPECT_EQ(errorOf([&] { restore(number); }), 75) << number;
+    }
+    EXPECT_TRUE(otherFiles() == before);
+    std::filesystem::remove(folder.root() / "saves/eadpsdk.json");
+    EXPECT_TRUE(restore(1));
+    EXPECT_TRUE(restore(2));
+    EXPECT_EQ(folder.read(simName(1)), "first");
+    EXPECT_FALSE(folder.exists(simName(2)));
+}
+
 TEST_F(HistoryRestoreTest, OldBytesThatAreOthersNowAreRefused) {
     saveOver(simPath(1), "second");
     const std::string kept =

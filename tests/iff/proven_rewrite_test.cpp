@@ -113,6 +113,14 @@ TEST_F(ProvenRewriteTest, ASimThatWasDeletedDoesNotComeBackAndAReadOnlyOneStays)
     EXPECT_TRUE(history.entries().empty());
 }
 
+TEST_F(ProvenRewriteTest, ATemplateOfALegacyGameStaysAndNothingIsKeptOfIt) {
+    folder.write("game/Sims.exe", "MZ");
+    folder.write("game/eadpsdk.json", "{}");
+    EXPECT_EQ(errorOf([&] { save(); }), 75);
+    EXPECT_EQ(folder.read(kName), old);
+    EXPECT_TRUE(history.entries().empty());
+}
+
 TEST_F(ProvenRewriteTest, WhoDoesNotGoOnWithoutKeepingHasTheOldFile) {
     folder.write("program/History", "a file");
     EXPECT_FALSE(save([](const KeepResult&) { return false; }));
