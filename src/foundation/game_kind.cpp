@@ -33,7 +33,8 @@ class Judge {
         : install_(install),
           forms_(formsOf(install, look)),
           surroundings_(surroundings),
-          look_(look) {}
+          look_(look),
+          shops_(surroundings.remoteRoots, surroundings.clock) {}
 
     GameKind kind() {
         const bool legacy = look_.file(forms_.front() + "\\eadpsdk.json") || isEasByName() ||
@@ -66,12 +67,12 @@ class Judge {
         if (std::any_of(libraries.begin(), libraries.end(), hasIt)) {
             return true;
         }
-        libraries = steamLibraries(steamFolders(surroundings_), look_);
+        libraries = steamLibraries(steamFolders(surroundings_), shops_);
         return std::any_of(libraries.begin(), libraries.end(), hasIt);
     }
 
     bool isEpics() {
-        const std::vector<Path> installs = epicInstalls(surroundings_.programData, look_);
+        const std::vector<Path> installs = epicInstalls(surroundings_.programData, shops_);
         return std::any_of(installs.begin(), installs.end(),
                            [this](const Path& path) { return isInstall(path); });
     }
@@ -109,6 +110,9 @@ class Judge {
     std::vector<Path> forms_;
     const GameSurroundings& surroundings_;
     BoundedLook& look_;
+    // For the shops' other games: a question about this game doesn't wait for a library in a
+    // network.
+    BoundedLook shops_;
 };
 
 }  // namespace

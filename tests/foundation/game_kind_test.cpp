@@ -180,6 +180,22 @@ TEST_F(GameKindTest, SteamsManifestTellsAlsoThroughALink) {
     EXPECT_TRUE(isLegacy("desk"));
 }
 
+// A library in a network may take long to answer, and a game on this machine isn't out of it.
+TEST_F(GameKindTest, ALibraryInANetworkIsNotAskedForAGameElsewhere) {
+    machine.game("g");
+    machine.libraries("home/.steam/steam", {"nas"});
+    machine.manifest("nas", "The Sims Legacy Collection");
+    fs::create_directories(machine.folder.root() / "nas/steamapps/common");
+    link("g", "nas/steamapps/common/The Sims Legacy Collection");
+    machine.surroundings.home = machine.at("home");
+    EXPECT_TRUE(isLegacy("g"));
+    machine.surroundings.remoteRoots = {machine.at("nas")};
+    EXPECT_FALSE(isLegacy("g"));
+    // One that lies there is asked for like any other.
+    machine.steamGame("nas/own");
+    EXPECT_TRUE(isLegacy("nas/own/steamapps/common/The Sims Legacy Collection"));
+}
+
 TEST_F(GameKindTest, TemplatesAreKnownBehindLinks) {
     legacyGame("g");
     fs::create_directories(machine.folder.root() / "s/UserData2");
