@@ -14,6 +14,7 @@
 #include "foundation/game.h"
 #include "foundation/game_surroundings.h"
 #include "support/archive_builder.h"
+#include "support/faulty_files.h"
 #include "support/user_file_builder.h"
 #include "system/files.h"
 #include "system/known_folders.h"
@@ -381,6 +382,34 @@ TEST_F(LegacyGameTest, AChangeOfGameListsAnewAtOnce) {
     chooseLine(window, 0);
     EXPECT_EQ(nameIn(window, 0), "Sim 1");
     EXPECT_EQ(textOf(window, "txtPageCount"), "Page 1 of 2");
+}
+
+// Whether the pointer is busy whenever the models of a game are looked for.
+class CatalogueWatcher : public test::FaultyFiles {
+  public:
+    CatalogueWatcher() : FaultyFiles(0, Fault::Fail) {}
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        if (path.text().ends_with("Animation.far")) {
+            ++looks;
+            busy = busy && pointerIsBusy();
+        }
+        return FaultyFiles::open(path, mode);
+    }
+
+    int looks = 0;
+    bool busy = true;
+};
+
+TEST_F(LegacyGameTest, TheCatalogueIsRebuiltUnderTheHourglass) {
+    makeSaves(kSaves);
+    makeModel(kInstall, "b001fafit_legacy");
+    frmMain& window = showSims(1);
+    CatalogueWatcher watcher;
+    openGameAt(window, shown(kInstall));
+    EXPECT_EQ(watcher.looks, 1);
+    EXPECT_TRUE(watcher.busy);
+    EXPECT_FALSE(pointerIsBusy());
 }
 
 TEST_F(LegacyGameTest, OtherNeighbourhoodsAreListedAnewToo) {
