@@ -351,9 +351,9 @@ void frmMain::paintCell(int cell) {
         ui->picThumbs->setName(cell, QStringLiteral("* ERROR *\n Can't Load!!"));
         return;
     }
-    ignoringErrors([] { removeIfPresent(ProgramFolder + "\\Web_Image.Bmp"); });
+    ignoringErrors([] { removeIfPresent(webImageFile()); });
     gsDumpBMPs(mudtIff);
-    if (!ignoringErrors([&] { ui->picLoad->load(ProgramFolder + "\\Web_Image.Bmp"); })) {
+    if (!ignoringErrors([&] { ui->picLoad->load(webImageFile()); })) {
         ui->picLoad->setPicture(ui->picNotFound->picture());
     }
     ui->picThumbs->paintPortrait(cell, ui->picLoad->picture());

@@ -1,7 +1,7 @@
 #include "browser/sim_pictures_view.h"
 
 #include "foundation/error_trap.h"
-#include "foundation/game.h"
+#include "foundation/folders.h"
 #include "system/files.h"
 #include "widgets/display_text.h"
 
@@ -14,12 +14,11 @@ constexpr int kLineHeight = 12;
 
 // Where the sim's unpacked pictures are looked for, and the height at which each is painted.
 struct Portrait {
-    const char* file;
+    Path (*file)();
     int y;
 };
 
-constexpr Portrait kPortraits[] = {
-    {"\\web_image.bmp", 0}, {"\\faces.bmp", 64}, {"\\relimages.bmp", 128}};
+constexpr Portrait kPortraits[] = {{webImageFile, 0}, {facesFile, 64}, {relationImagesFile, 128}};
 
 }  // namespace
 
@@ -36,12 +35,12 @@ void SimPicturesView::clearSim() {
 
 void SimPicturesView::showPictures(const IffFile& iff, PictureBox& load, const QImage& missing) {
     for (const Portrait& portrait : kPortraits) {
-        ignoringErrors([&] { removeIfPresent(ProgramFolder + portrait.file); });
+        ignoringErrors([&] { removeIfPresent(portrait.file()); });
     }
     ignoringErrors([&] { dumpBitmaps(iff); });
     for (const Portrait& portrait : kPortraits) {
         load.setPicture(missing);
-        ignoringErrors([&] { load.load(ProgramFolder + portrait.file); });
+        ignoringErrors([&] { load.load(portrait.file()); });
         paint(load.picture(), {0, portrait.y});
     }
 }

@@ -37,13 +37,6 @@ int firstMatch(const FarDirectory& directory, const std::string& wanted) {
     return 0;
 }
 
-// How many bytes of an entry its archive has.
-std::int64_t lengthOf(const FarEntry& entry, const Path& archive) {
-    const std::int64_t offset = gflngLittleEndianToLong(entry.FileOffset);
-    const std::int64_t size = gflngLittleEndianToLong(entry.FileSize);
-    return std::max<std::int64_t>(0, std::min(size, files().length(archive) - offset));
-}
-
 void loadFromArchives(PictureTarget& picture, const std::string& wanted) {
     const auto archives = existingArchives(
         {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
@@ -60,7 +53,7 @@ void loadFromArchives(PictureTarget& picture, const std::string& wanted) {
         std::int64_t length = kWholeFile;
         ignoringErrors([&] {
             extractFarEntry(archive, tempFolder(), kSkinTempName, directory, number);
-            length = lengthOf(directory.Entries[number], archive);
+            length = farEntryLength(directory.Entries[number], archive);
         });
         ignoringErrors([&] { picture.load(tempFolder().child(kSkinTempName), length); });
         return;
@@ -81,7 +74,7 @@ ExtractedSkin extractSkin(const Path& archive, int number) {
     gsReadFARdir(directory, archive);
     const bool copied = gsExtractFileEx(archive, tempFolder(), kSkinTempName, directory, number);
     const FarEntry& entry = directory.Entries[number];
-    return {tempFolder().child(kSkinTempName), copied ? lengthOf(entry, archive) : kWholeFile,
+    return {tempFolder().child(kSkinTempName), copied ? farEntryLength(entry, archive) : kWholeFile,
             gfstrFarBaseName(entry.FileName)};
 }
 

@@ -14,7 +14,6 @@
 namespace marlowick {
 namespace {
 
-constexpr std::int64_t kManifestField = 12;
 constexpr std::size_t kRecordHead = 16;
 constexpr std::size_t kPiece = 1 << 20;
 
@@ -97,6 +96,12 @@ int farEntryCount(const FarDirectory& directory) {
 
 int farAnnouncedCount(const FarDirectory& directory) {
     return std::max<int>(gflngLittleEndianToLong(directory.FileCount), 0);
+}
+
+std::int64_t farEntryLength(const FarEntry& entry, const Path& archive) {
+    const std::int64_t offset = gflngLittleEndianToLong(entry.FileOffset);
+    const std::int64_t size = gflngLittleEndianToLong(entry.FileSize);
+    return std::max<std::int64_t>(0, std::min(size, files().length(archive) - offset));
 }
 
 std::string gfstrFarBaseName(std::string_view fileName) {

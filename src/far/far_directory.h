@@ -11,6 +11,9 @@
 
 namespace marlowick {
 
+// Where an archive tells the place of its directory, in bytes from 0.
+inline constexpr std::int64_t kManifestField = 12;
+
 struct FarEntry {
     std::string FileSize;    // 4 bytes, little-endian, as stored, like the next three
     std::string FileSize2;   // kept, never used by extraction
@@ -51,6 +54,9 @@ bool gsExtractFileEx(const Path& archive, const Path& folder, std::string_view o
 void readFarDirectory(FarDirectory& directory, const Path& archive);
 void extractFarEntry(const Path& archive, const Path& folder, std::string_view outputName,
                      const FarDirectory& directory, int number);
+
+// How many bytes of an entry its archive has.
+std::int64_t farEntryLength(const FarEntry& entry, const Path& archive);
 
 // The part of a name behind its last backslash, in upper case.
 std::string gfstrFarBaseName(std::string_view fileName);

@@ -19,7 +19,6 @@ namespace {
 
 constexpr std::string_view kMagic = "FAR!byAZ";
 constexpr std::int32_t kVersion = 1;
-constexpr std::int64_t kManifestField = 12;
 constexpr std::int64_t kHeadSize = 16;
 constexpr std::int64_t kLargestOffset = std::numeric_limits<std::int32_t>::max();
 

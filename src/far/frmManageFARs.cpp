@@ -370,7 +370,11 @@ void frmManageFARs::lstFiles_Click() {
             name.erase(0, kDeletedMark.size());
         }
         ui->picFARBMP->setPicture(ui->picError->picture());
-        ignoringErrors([&] { ui->picFARBMP->load(tempFolder().child(name)); });
+        ignoringErrors([&] {
+            ui->picFARBMP->load(
+                tempFolder().child(name),
+                farEntryLength(mudtEdit.mudtFarDir.Entries[row.Number], mudtEdit.mstrFarFile));
+        });
         files().remove(tempFolder().child(name));
     });
 }
@@ -410,11 +414,12 @@ void frmManageFARs::extractRow(const FarRow& row) {
     const Path& folder = ui->dirFiles->path();
     if (isFileName(name) && files().fileExists(folder.child(name))) {
         setPointer(Pointer::Default);
-        if (!confirmAction(QStringLiteral("The file ") + toDisplay(name) +
-                           QStringLiteral(" already exists.\nOverwrite file?"))) {
+        const bool wanted = confirmAction(QStringLiteral("The file ") + toDisplay(name) +
+                                          QStringLiteral(" already exists.\nOverwrite file?"));
+        setPointer(Pointer::Hourglass);
+        if (!wanted) {
             return;
         }
-        setPointer(Pointer::Hourglass);
     }
     gsExtractFile(mudtEdit.mstrFarFile, folder, mudtEdit.mudtFarDir, row.Number);
 }

@@ -24,6 +24,9 @@ constexpr std::int32_t kRunLength8 = 1;
 constexpr std::int32_t kRunLength4 = 2;
 constexpr std::int32_t kBitMasks = 3;
 constexpr std::int64_t kPaletteLimit = 256;
+constexpr std::int64_t kColourSize = 4;
+constexpr std::int64_t kShortColourSize = 3;  // below a short head
+constexpr std::size_t kColoursField = 46;
 
 constexpr std::array<std::string_view, 5> kBeginnings = {"BM", "\x89PNG", "/* XPM", "\xFF\xD8\xFF",
                                                          "GIF8"};
@@ -79,23 +82,47 @@ std::optional<BitmapHead> headOf(std::string_view bytes) {
     head.height = std::max(signed32(bytes, 22), -signed32(bytes, 22));
     head.depth = unsigned16(bytes, 28);
     head.compression = static_cast<std::int32_t>(signed32(bytes, 30));
-    head.colours = unsigned32(bytes, 46);
+    head.colours = unsigned32(bytes, kColoursField);
     return head;
 }
 
-// Where the rows begin: where the head says, but never within the heads and the palette.
-std::int64_t rowsBegin(const BitmapHead& head) {
-    std::int64_t begin = kFileHead + head.size;
-    if (head.compression == kBitMasks && head.size == kLongHead) {
-        begin += 12;
+std::int64_t headsEnd(const BitmapHead& head) {
+    const bool hasMasks = head.compression == kBitMasks && head.size == kLongHead;
+    return kFileHead + head.size + (hasMasks ? 12 : 0);
+}
+
+// The colours that a palette has room for before the rows; none where there is no telling.
+std::optional<std::int64_t> coloursBeforeRows(const BitmapHead& head) {
+    const std::int64_t room = (head.rowsOffset - headsEnd(head)) / kColourSize;
+    if (head.depth > 8 || head.size == kShortHead || room < 1) {
+        return std::nullopt;
     }
-    if (head.depth <= 8) {
-        const std::int64_t all = std::int64_t{1} << head.depth;
-        const std::int64_t colours =
-            head.colours == 0 ? all : std::min(head.colours, kPaletteLimit);
-        begin += colours * (head.size == kShortHead ? 3 : 4);
+    return room;
+}
+
+// How many colours the palette has, as the head states it.
+std::int64_t statedColours(const BitmapHead& head) {
+    const std::int64_t all = std::int64_t{1} << head.depth;
+    return head.colours == 0 ? all : std::min(head.colours, kPaletteLimit);
+}
+
+// Where the rows begin: where the head says, but never within the heads, nor within the palette
+// where it can't be told to be shorter.
+std::int64_t rowsBegin(const BitmapHead& head) {
+    std::int64_t begin = headsEnd(head);
+    if (head.depth <= 8 && !coloursBeforeRows(head)) {
+        begin += statedColours(head) * (head.size == kShortHead ? kShortColourSize : kColourSize);
     }
     return std::max(begin, head.rowsOffset);
+}
+
+// A palette that is told to reach into the rows ends before them.
+void cutPalette(std::string& bytes) {
+    const std::optional<BitmapHead> head = headOf(bytes);
+    const std::optional<std::int64_t> room = coloursBeforeRows(*head);
+    if (room && *room < statedColours(*head)) {
+        bytes.replace(kColoursField, 4, gfstrLongToLittleEndian(static_cast<std::int32_t>(*room)));
+    }
 }
 
 // None for bytes that no rows can follow.
@@ -144,6 +171,7 @@ std::string readBitmap(const Path& path, std::int64_t length) {
     if (static_cast<std::int64_t>(bytes.size()) < end->least) {
         throw RuntimeError(error::kInvalidPicture);
     }
+    cutPalette(bytes);
     if (end->least > 0) {
         bytes.resize(static_cast<std::size_t>(end->whole));
     }

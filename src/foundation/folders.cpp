@@ -46,6 +46,18 @@ Path tempFolder() {
     return ProgramFolder + "\\temp";
 }
 
+Path webImageFile() {
+    return ProgramFolder + "\\web_image.bmp";
+}
+
+Path facesFile() {
+    return ProgramFolder + "\\faces.bmp";
+}
+
+Path relationImagesFile() {
+    return ProgramFolder + "\\relimages.bmp";
+}
+
 Path userTempFile() {
     return ProgramFolder + "\\usertemp.iff";
 }

@@ -34,6 +34,12 @@ Path tempFolder();
 // In the temporary folder: the last skin that came out of an archive.
 inline constexpr std::string_view kSkinTempName = "skintemp.bmp";
 
+// The pictures of the last user file that was unpacked: the portrait, the faces of its moods and
+// those of its friendships.
+Path webImageFile();
+Path facesFile();
+Path relationImagesFile();
+
 // The user file that is being saved. It stays after a save.
 Path userTempFile();
 

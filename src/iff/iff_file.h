@@ -14,13 +14,16 @@ namespace marlowick {
 
 class ByteReader;
 
+// Bytes of a segment before its data: type, size, id and label.
+inline constexpr std::int32_t kSegmentHead = 76;
+
 struct IffSegment {
     std::int32_t Offset = 0;  // of the segment's first byte, from 1
     std::string Type;         // 4 bytes
     std::string Size;         // 4 bytes, big-endian, as in the file
     std::string ID;           // 4 bytes: resource id and flags, as in the file
     std::string Label;        // 64 bytes
-    std::string Data;         // Size less 76 bytes
+    std::string Data;         // Size less kSegmentHead bytes
 };
 
 struct RsmpEntry {

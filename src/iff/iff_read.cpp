@@ -16,7 +16,6 @@ namespace marlowick {
 namespace {
 
 constexpr std::size_t kHeaderSize = 60;
-constexpr std::int32_t kSegmentHead = 76;
 constexpr std::size_t kLabelSize = 64;
 constexpr std::int32_t kNoMapAsText = 0x30303030;  // the four characters "0000"
 

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::size_t kMapOffsetField = 60;
 constexpr std::size_t kHeadSize = 64;
-constexpr std::size_t kSegmentHead = 76;
 
 // The text in a field of so many bytes: cut, or with zeros behind it.
 void appendField(std::string& content, std::string_view text, std::size_t width) {

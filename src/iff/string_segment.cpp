@@ -6,8 +6,6 @@
 namespace marlowick {
 namespace {
 
-constexpr std::int32_t kSegmentHead = 76;
-
 std::string_view typeName(bool ctss) {
     return ctss ? "CTSS" : "STR#";
 }

@@ -14,7 +14,6 @@ namespace marlowick {
 namespace {
 
 constexpr std::int64_t kFileHead = 64;
-constexpr std::int64_t kSegmentHead = 76;
 constexpr std::size_t kLabelWidth = 64;
 constexpr std::int64_t kMapHead = 96;
 constexpr std::int64_t kTypeRowHead = 8;

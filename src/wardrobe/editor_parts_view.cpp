@@ -1,7 +1,7 @@
 #include "wardrobe/editor_parts_view.h"
 
 #include "foundation/error_trap.h"
-#include "foundation/game.h"
+#include "foundation/folders.h"
 #include "widgets/display_text.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
@@ -25,10 +25,15 @@ QImage noBitmapsCard() {
     return wordCard({200, 40}, QStringLiteral("Bitmap not present in sim IFF file"), 11);
 }
 
-void showPortrait(const Portrait& portrait) {
-    if (!ignoringErrors([&] { portrait.picture->load(ProgramFolder + portrait.file); })) {
-        portrait.picture->setPicture(portrait.stock->picture());
-    }
+void showPortraits(const Portraits& portraits) {
+    const auto show = [](const Portrait& portrait, const Path& file) {
+        if (!ignoringErrors([&] { portrait.picture->load(file); })) {
+            portrait.picture->setPicture(portrait.stock->picture());
+        }
+    };
+    show(portraits.webImage, webImageFile());
+    show(portraits.faces, facesFile());
+    show(portraits.relationImages, relationImagesFile());
 }
 
 bool saveWanted(const std::string& name) {

@@ -16,14 +16,18 @@ QImage notFoundCard();
 QImage webNotFoundCard();
 QImage noBitmapsCard();
 
-// A portrait, the file in the program folder that gsDumpBMPs leaves it in, and what shows without
-// it.
+// A picture of the sim and what shows where its file doesn't hold one.
 struct Portrait {
     PictureBox* picture;
-    const char* file;
     const PictureBox* stock;
 };
-void showPortrait(const Portrait& portrait);
+struct Portraits {
+    Portrait webImage;
+    Portrait faces;
+    Portrait relationImages;
+};
+// Shows what gsDumpBMPs has left in the program folder.
+void showPortraits(const Portraits& portraits);
 
 // Asks whether changes to a sim or pet of that name are to be saved.
 bool saveWanted(const std::string& name);

@@ -63,7 +63,9 @@ bool frmEditPet::msDisplayPet() {
         readPet(PetStrings, fields_);
         unpacked = gsDumpBMPs(PetFile);
         CheckpointNumber = 3000;
-        showPortraits();
+        showPortraits({{ui->picWebImage, ui->picWebNotFound},
+                       {ui->picFaces, ui->picWebNotFound},
+                       {ui->picRelImages, ui->picNoBitmaps}});
         CheckpointNumber = 4000;
         readPetName(PetFile, fields_);
         ui->picNormal->setPicture(ui->picNotFound->picture());
@@ -71,12 +73,6 @@ bool frmEditPet::msDisplayPet() {
     });
     showFields();
     return shown && unpacked;
-}
-
-void frmEditPet::showPortraits() {
-    showPortrait({ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound});
-    showPortrait({ui->picFaces, "\\faces.BMP", ui->picWebNotFound});
-    showPortrait({ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps});
 }
 
 void frmEditPet::showFields() {

@@ -37,7 +37,6 @@ class frmEditPet : public ModalForm, public ChosenSkin {
 
   private:
     bool msDisplayPet();
-    void showPortraits();
     void showFields();
     void cmdChangeNormal_Click();
     void cmdSave_Click();

@@ -187,7 +187,9 @@ bool frmEditSim::msDisplayUserData() {
         readWardrobe(wardrobe_, fields_);
         unpacked = gsDumpBMPs(userFile_);
         CheckpointNumber = 3000;
-        showPortraits();
+        showPortraits({{ui->picWebImage, ui->picWebNotFound},
+                       {ui->picFaces, ui->picWebNotFound},
+                       {ui->picRelImages, ui->picNoBitmaps}});
         setPointer(Pointer::Hourglass);
         CheckpointNumber = 4000;
         readSimName(userFile_, fields_);
@@ -197,12 +199,6 @@ bool frmEditSim::msDisplayUserData() {
     });
     showFields();
     return shown && unpacked;
-}
-
-void frmEditSim::showPortraits() {
-    showPortrait({ui->picWebImage, "\\web_image.BMP", ui->picWebNotFound});
-    showPortrait({ui->picFaces, "\\faces.BMP", ui->picWebNotFound});
-    showPortrait({ui->picRelImages, "\\relimages.BMP", ui->picNoBitmaps});
 }
 
 void frmEditSim::showFields() {

@@ -59,7 +59,6 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     void msLoadUserData();
     void msClearUserData();
     bool msDisplayUserData();
-    void showPortraits();
     void showFields();
     // Fills the pictures of all outfits and hands; a child's adult outfits show the card for
     // children if childCards is set.

@@ -394,6 +394,40 @@ TEST_F(ManageFARsTest, ClosingDropsAllChangesWithoutAQuestion) {
 
 // Extracting.
 
+// Notes how the pointer looks while each file of a folder is written.
+class PointerNotes : public test::FaultyFiles {
+  public:
+    PointerNotes() : FaultyFiles(0, Fault::Fail) {}
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        if (path.folder().fileName() == "out" && mode == OpenMode::Binary) {
+            notes.append(QString::fromStdString(path.fileName()) +
+                         (pointerIsBusy() ? " busy" : " idle"));
+        }
+        return FaultyFiles::open(path, mode);
+    }
+
+    QStringList notes;
+};
+
+TEST_F(ManageFARsTest, TheHourglassComesBackBehindAnyAnswer) {
+    makeArchive("a.far",
+                {{"a.bmp", "a", {}}, {"b.bmp", "b", {}}, {"c.bmp", "c", {}}, {"d.bmp", "d", {}}});
+    folder.write("out/a.bmp", "mine");
+    folder.write("out/c.bmp", "mine");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        goTo(window, "out");
+        select(window, {0, 1, 2, 3});
+        script.answer(QMessageBox::No);
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        PointerNotes pointer;
+        click(window, "cmdExtractFile");
+        EXPECT_EQ(pointer.notes, (QStringList{"b.bmp busy", "c.bmp busy", "d.bmp busy"}));
+    });
+}
+
 TEST_F(ManageFARsTest, ExtractsWhatIsSelectedAndAsksBeforeItOverwrites) {
     makeArchive("a.far", {{"Skins\\New.bmp", kRed, {}},
                           {"old.bmp", "0123456789", {}},

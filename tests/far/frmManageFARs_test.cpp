@@ -332,6 +332,17 @@ TEST_F(ManageFARsTest, PreviewsEntriesThroughTheScratchFolder) {
     EXPECT_TRUE(recorder.reports().empty());
 }
 
+// What an earlier skin of that name has left there isn't part of the entry.
+TEST_F(ManageFARsTest, ACutEntryIsNotMadeWholeByWhatStoodInTheScratchFolder) {
+    makeArchive("a.far", {{"skintemp.bmp", kRed.substr(0, kRed.size() - 60), {}}});
+    folder.write("program/temp/skintemp.bmp", kBlue);
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {0});
+        EXPECT_TRUE(showsError(window, "picFARBMP"));
+    });
+}
+
 TEST_F(ManageFARsTest, PreviewsNewFilesFromWhereTheyLie) {
     manage([&](QWidget& window) {
         goTo(window, "pictures");

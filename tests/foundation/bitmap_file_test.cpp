@@ -96,6 +96,21 @@ TEST_F(BitmapFileTest, RowsBeginWhereTheHeadSaysButNeverWithinIt) {
     EXPECT_EQ(failureOf(headOf({.offset = 0xFFFFFFFF}) + std::string(1000, 'x')), 481);
 }
 
+// Some writers cut the palette and tell of all its colours.
+TEST_F(BitmapFileTest, APaletteEndsWhereTheRowsBegin) {
+    constexpr unsigned kSixteen = 54 + 16 * 4;
+    for (const unsigned stated : {0U, 17U, 256U, 0xFFFFFFFFU}) {
+        const Head head{.depth = 8, .offset = kSixteen, .colours = stated};
+        expectNeeded(head, 16 * 4 + 4 + 3);
+        const std::string bytes(16 * 4 + 8, 'x');
+        EXPECT_EQ(read(headOf(head) + bytes),
+                  headOf({.depth = 8, .offset = kSixteen, .colours = 16}) + bytes);
+    }
+    const Head fewer{.depth = 8, .offset = kSixteen, .colours = 15};
+    EXPECT_EQ(read(headOf(fewer) + std::string(16 * 4 + 8, 'x')),
+              headOf(fewer) + std::string(16 * 4 + 8, 'x'));
+}
+
 TEST_F(BitmapFileTest, RowsFromTheTopDownCountAlike) {
     expectNeeded({.height = 0xFFFFFFFE}, 12 + 9);
 }

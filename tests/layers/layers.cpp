@@ -58,10 +58,16 @@ std::string between(const std::string& line, std::string_view before, std::strin
                : line.substr(start + before.size(), end - start - before.size());
 }
 
-// The name in quotation marks behind "#include", or that in a form's <header>.
+// The name behind "#include", in quotation marks or in angles, or that in a form's <header>.
 std::string includedBy(const std::string& line) {
-    if (line.starts_with("#include")) {
-        return between(line, "\"", "\"");
+    std::string squeezed = line;
+    std::erase_if(squeezed, [](char c) { return c == ' ' || c == '\t'; });
+    if (squeezed.starts_with("#include<")) {
+        const std::string name = between(squeezed, "<", ">");
+        return heightOf(folderOf(name)) ? name : std::string();
+    }
+    if (squeezed.starts_with("#include")) {
+        return between(squeezed, "\"", "\"");
     }
     const std::string header = between(line, "<header", "</header>");
     return header.substr(header.find('>') + 1);
@@ -71,19 +77,31 @@ bool isWordCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-// True if a word of the line is a name of Qt: "Q", a capital letter and a small one, or "Qt" before
-// a folder's slash.
+// A name of Qt: "Qt", "qApp", a macro's "Q_" or "QT_", a header's "<q...h>", or "Q", a capital
+// letter and somewhere a small one.
+bool isQtWord(std::string_view word) {
+    if (word == "Qt" || word == "qApp" || word.starts_with("Q_") || word.starts_with("QT_")) {
+        return true;
+    }
+    return word.size() > 2 && word[0] == 'Q' &&
+           std::isupper(static_cast<unsigned char>(word[1])) != 0 &&
+           std::any_of(word.begin(), word.end(),
+                       [](unsigned char c) { return std::islower(c) != 0; });
+}
+
 bool namesQt(const std::string& line) {
-    for (std::size_t i = 0; i + 2 < line.size(); ++i) {
-        if (line[i] != 'Q' || (i > 0 && isWordCharacter(line[i - 1]))) {
-            continue;
-        }
-        const bool isClass = std::isupper(static_cast<unsigned char>(line[i + 1])) != 0 &&
-                             std::islower(static_cast<unsigned char>(line[i + 2])) != 0;
-        if (isClass || line.compare(i, 3, "Qt/") == 0 ||
-            (line[i + 1] == 't' && line.find('/', i) != std::string::npos)) {
+    const std::string header = between(line, "<", ">");
+    if (line.starts_with("#include") &&
+        (header.starts_with("Qt") || (header.starts_with('q') && header.ends_with(".h")))) {
+        return true;
+    }
+    auto start = std::find_if(line.begin(), line.end(), isWordCharacter);
+    while (start != line.end()) {
+        const auto end = std::find_if_not(start, line.end(), isWordCharacter);
+        if (isQtWord({start, end})) {
             return true;
         }
+        start = std::find_if(end, line.end(), isWordCharacter);
     }
     return false;
 }

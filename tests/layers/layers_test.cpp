@@ -55,6 +55,25 @@ TEST_F(MadeUpTreeTest, QtInTheLogicIsTold) {
                                     "wardrobe/b.h:1: names Qt"}));
 }
 
+TEST_F(MadeUpTreeTest, EveryWayToWriteAnIncludeCounts) {
+    write("iff/a.cpp", "#  include \"wardrobe/rows.h\"\n\t#include <far/far_edit.h>\n");
+    EXPECT_EQ(findings(),
+              (Findings{"iff/a.cpp:1: includes wardrobe/rows.h, which isn't below iff",
+                        "iff/a.cpp:2: includes far/far_edit.h, which isn't below iff"}));
+}
+
+TEST_F(MadeUpTreeTest, EveryNameOfQtCounts) {
+    write("iff/a.cpp",
+          "auto side = Qt::AlignLeft;\nQ_OBJECT\nqApp->quit();\nQIODevice* device;\n"
+          "#include <QtCore>\n#include <qstring.h>\n");
+    write("iff/b.cpp", "int Quiet = kQuality + Q + QUEUE + aQString;\n#include <queue>\n");
+    Findings wanted;
+    for (int line = 1; line <= 6; ++line) {
+        wanted.push_back("iff/a.cpp:" + std::to_string(line) + ": names Qt");
+    }
+    EXPECT_EQ(findings(), wanted);
+}
+
 TEST_F(MadeUpTreeTest, AFolderOutsideTheHouseIsTold) {
     write("attic/a.cpp", "");
     write("iff/b.cpp", "#include \"attic/a.h\"\n#include \"c.h\"\n");
