@@ -67,7 +67,9 @@ Path placeForBackup(const Path& userFile, const std::string& simName, const std:
     Path place = backupFolder().child(numberedName(userFile, simName, time, ""));
     for (int number = 2; files().fileExists(place); ++number) {
         const auto made = madeBackups().find(place.text());
-        if (made != madeBackups().end() && isSamePlace(made->second, userFile.folder())) {
+        // Nobody changes the game and saves again within a minute across two runs of the program:
+        // a backup of another run is an earlier one of this sim.
+        if (made == madeBackups().end() || isSamePlace(made->second, userFile.folder())) {
             break;
         }
         place = backupFolder().child(

@@ -106,16 +106,14 @@ TEST_F(UserBackupTest, TheSameNameFromAnotherGameKeepsBoth) {
     EXPECT_EQ(folder.read("program/Backup/" + name + "_2"), "legacy 2");
 }
 
-TEST_F(UserBackupTest, ABackupOfAnEarlierRunOfTheProgramIsKeptToo) {
+TEST_F(UserBackupTest, ABackupOfAnEarlierRunWithinTheMinuteIsOverwritten) {
     const std::string name = "user1iff_A_UserData_20260309_140707";
-    folder.write("program/Backup/" + name, "from some game");
-    folder.write("program/Backup/" + name + "_2", "and another");
+    folder.write("program/Backup/" + name, "a longer earlier content");
     folder.write("game/UserData/Characters/user1.iff", "now");
     EXPECT_TRUE(
         msMakeUserBackup(folder.path("game\\UserData\\characters\\user1.iff"), "A  (user1 - A)"));
-    EXPECT_EQ(folder.read("program/Backup/" + name), "from some game");
-    EXPECT_EQ(folder.read("program/Backup/" + name + "_2"), "and another");
-    EXPECT_EQ(folder.read("program/Backup/" + name + "_3"), "now");
+    EXPECT_EQ(backups(), std::vector<std::string>{name});
+    EXPECT_EQ(folder.read("program/Backup/" + name), "now");
 }
 
 // The number has its place in a name of full length too.
