@@ -443,9 +443,11 @@ Picture headSkin(const Look& look, int size) {
     const Colour skin = skinColour(look.tone);
     const Colour hair = hairColour(look);
     Canvas canvas(size, size);
-    canvas.fill(skin, darker(skin, 10));
-    // The hair on top, at the sides and behind.
+    canvas.fill(skin, skin);
+    // The hair on top, at the temples, at the sides and behind.
     canvas.rect(0, 0, 100, 14, hair);
+    canvas.rect(26, 0, 34, 31, hair);
+    canvas.rect(66, 0, 74, 31, hair);
     const double neckline = look.female ? 100 : 66;
     canvas.rect(0, 0, 27, neckline, hair);
     canvas.rect(73, 0, 100, neckline, hair);
