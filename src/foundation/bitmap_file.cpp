@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "foundation/bytes.h"
 #include "system/files.h"
@@ -168,13 +169,18 @@ std::string readBitmap(const Path& path, std::int64_t length) {
         throw RuntimeError(error::kInvalidPicture);
     }
     readUpTo(*file, std::min(available, end->whole), bytes);
-    if (static_cast<std::int64_t>(bytes.size()) < end->least) {
+    return bitmapIn(std::move(bytes));
+}
+
+std::string bitmapIn(std::string bytes) {
+    const std::optional<BitmapEnd> end = endOf(bytes);
+    const auto held = std::min(static_cast<std::int64_t>(bytes.size()), kLargest);
+    if (!end || end->least > held) {
         throw RuntimeError(error::kInvalidPicture);
     }
     cutPalette(bytes);
-    if (end->least > 0) {
-        bytes.resize(static_cast<std::size_t>(end->whole));
-    }
+    bytes.resize(
+        static_cast<std::size_t>(end->least > 0 ? end->whole : std::min(held, end->whole)));
     return bytes;
 }
 

@@ -21,6 +21,9 @@ inline constexpr std::int64_t kWholeFile = std::numeric_limits<std::int64_t>::ma
 // longer than can be shown; else as FileSystem::open for reading.
 std::string readBitmap(const Path& path, std::int64_t length);
 
+// The bitmap that some bytes begin with, judged as readBitmap judges a file.
+std::string bitmapIn(std::string bytes);
+
 // True if the first length bytes of a file begin as a picture does, of whatever format and however
 // whole. Raises as FileSystem::open for reading.
 bool beginsLikePicture(const Path& path, std::int64_t length);

@@ -17,6 +17,15 @@ constexpr int kBorder = 2;
 constexpr int kEmptyTextPixels = 14;
 constexpr int kEmptyTextMargin = 40;
 
+QImage decodeWhole(const std::string& bitmap) {
+    QImage image = QImage::fromData(reinterpret_cast<const uchar*>(bitmap.data()),
+                                    static_cast<int>(bitmap.size()), "BMP");
+    if (image.isNull()) {
+        throw RuntimeError(error::kInvalidPicture);
+    }
+    return image;
+}
+
 QRect fittedInto(const QRect& area, QSize size) {
     if (size.width() > area.width() || size.height() > area.height()) {
         size.scale(area.size(), Qt::KeepAspectRatio);
@@ -36,13 +45,11 @@ void drawOutline(QPainter& painter, const QRect& box, const QColor& colour) {
 }  // namespace
 
 QImage decodePicture(const Path& path, std::int64_t length) {
-    const std::string bitmap = readBitmap(path, length);
-    QImage image = QImage::fromData(reinterpret_cast<const uchar*>(bitmap.data()),
-                                    static_cast<int>(bitmap.size()), "BMP");
-    if (image.isNull()) {
-        throw RuntimeError(error::kInvalidPicture);
-    }
-    return image;
+    return decodeWhole(readBitmap(path, length));
+}
+
+QImage decodePicture(const std::string& bytes) {
+    return decodeWhole(bitmapIn(bytes));
 }
 
 PictureBox::PictureBox(QWidget* parent) : QFrame(parent) {

@@ -12,6 +12,7 @@
 #include <QRect>
 #include <QString>
 #include <optional>
+#include <string>
 
 #include "foundation/picture_target.h"
 
@@ -19,6 +20,9 @@ namespace marlowick {
 
 // The bitmap in the first length bytes of a file as an image. Raises as PictureTarget::load.
 QImage decodePicture(const Path& path, std::int64_t length);
+
+// The bitmap that some bytes begin with, likewise. Raises 481.
+QImage decodePicture(const std::string& bytes);
 
 class PictureBox : public QFrame, public PictureTarget {
     Q_OBJECT

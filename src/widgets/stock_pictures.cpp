@@ -140,9 +140,13 @@ QImage brokenFileCard(QSize size) {
     return drawn(newCard(size, kBrokenFileKind));
 }
 
+bool isCard(const QImage& image) {
+    return !image.text(kKind).isEmpty();
+}
+
 void drawPicture(QPainter& painter, const QRect& area, const QImage& image) {
     const bool asItIs = area.size() == image.size() && painter.device()->devicePixelRatio() == 1;
-    if (asItIs || image.text(kKind).isEmpty()) {
+    if (asItIs || !isCard(image)) {
         painter.drawImage(area, image);
     } else {
         drawCard(painter, area, image);

@@ -22,6 +22,9 @@ QImage questionCard(QSize size);
 // A torn page with a cross: a file that can't be read.
 QImage brokenFileCard(QSize size);
 
+// Whether an image is one of these.
+bool isCard(const QImage& image);
+
 // Draws an image scaled into an area; a card is laid out for the area instead.
 void drawPicture(QPainter& painter, const QRect& area, const QImage& image);
 
