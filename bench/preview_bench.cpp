@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/skin_image.h"
 #include "foundation/bytes.h"
 #include "foundation/game.h"
 #include "preview/raster.h"
@@ -200,6 +201,8 @@ class Game {
         }
         write("ExpansionShared/ExpansionShared.far", archiveOf(5000, wanted));
         fs::create_directories(root_ / "GameData" / "Skins");
+        fs::create_directories(root_ / "temp");
+        ProgramFolder = Path(root_.string());
         for (std::int64_t i = 0; i < looseSkins; ++i) {
             write("GameData/Skins/b001fafitlgt_" + std::to_string(i) + ".bmp", "x");
         }
@@ -237,7 +240,8 @@ void click(benchmark::State& state, bool keep) {
     Raster raster;
     std::int32_t entry = 1;
     const auto show = [&] {
-        const Scene scene = makeScene(worn, ChosenBitmap{Game::archive(), entry}, decode, *kept);
+        extractSkin(Game::archive(), entry);
+        const Scene scene = makeScene(worn, texture, decode, *kept);
         entry = entry % 4000 + 1;
         if (!scene.figure || scene.figure->parts.size() != 4) {
             state.SkipWithError("the sim isn't whole");

@@ -73,7 +73,7 @@ class SceneMaker {
   public:
     SceneMaker(const DecodeBitmap& decode, KeptFiles& kept) : search_(kept), decode_(decode) {}
 
-    Scene make(const Worn& worn, const std::optional<ChosenBitmap>& chosen);
+    Scene make(const Worn& worn, TexturePointer skin);
 
   private:
     template <class Value, class Read>
@@ -92,7 +92,8 @@ class SceneMaker {
 
     bool findSkeleton(std::string_view kind);
     TexturePointer textureAt(const FilePlace& place);
-    TexturePointer bodyTexture(const Worn& worn, const std::optional<ChosenBitmap>& chosen);
+    // As the flat picture of a skin is found.
+    TexturePointer flatTexture(const std::string& name);
     // Of a head, a hand or a part of its own; each name is looked for once.
     TexturePointer namedTexture(const std::string& name);
     std::shared_ptr<const Mesh> meshNamed(const std::string& name, const FilePlace& suit);
@@ -143,16 +144,9 @@ TexturePointer SceneMaker::textureAt(const FilePlace& place) {
     return texture;
 }
 
-TexturePointer SceneMaker::bodyTexture(const Worn& worn,
-                                       const std::optional<ChosenBitmap>& chosen) {
-    if (chosen) {
-        const bool isLoose = chosen->entry == -1;
-        return isLoose || chosen->entry > 0
-                   ? textureAt({chosen->file, isLoose ? 0 : chosen->entry, {}})
-                   : nullptr;
-    }
+TexturePointer SceneMaker::flatTexture(const std::string& name) {
     TexturePointer texture;
-    search_.findSkin(worn.body.skin, false, [&](const FilePlace& place) {
+    search_.findSkin(name, false, [&](const FilePlace& place) {
         texture = textureAt(place);
         return texture != nullptr;
     });
@@ -231,10 +225,10 @@ bool SceneMaker::wearWith(const SuitAndSkin& piece) {
     return texture && wear(piece.suit, texture);
 }
 
-Scene SceneMaker::make(const Worn& worn, const std::optional<ChosenBitmap>& chosen) {
+Scene SceneMaker::make(const Worn& worn, TexturePointer skin) {
     Scene scene;
-    const TexturePointer texture = bodyTexture(worn, chosen);
-    if (!texture) {
+    const TexturePointer texture = skin ? std::move(skin) : flatTexture(worn.body.skin);
+    if (!texture || !isSound(*texture)) {
         scene.why = NoFigure::NoSkin;
         return scene;
     }
@@ -255,9 +249,9 @@ Scene SceneMaker::make(const Worn& worn, const std::optional<ChosenBitmap>& chos
 
 }  // namespace
 
-Scene makeScene(const std::optional<Worn>& worn, const std::optional<ChosenBitmap>& chosen,
+Scene makeScene(const std::optional<Worn>& worn, std::shared_ptr<const Texture> skin,
                 const DecodeBitmap& decode, KeptFiles& kept) {
-    return worn ? SceneMaker(decode, kept).make(*worn, chosen) : Scene();
+    return worn ? SceneMaker(decode, kept).make(*worn, std::move(skin)) : Scene();
 }
 
 }  // namespace marlowick

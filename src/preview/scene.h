@@ -19,12 +19,6 @@ namespace marlowick {
 // counts as that too.
 using DecodeBitmap = std::function<std::optional<Texture>(const std::string& bytes)>;
 
-// A bitmap that was chosen: a file, or an entry of an archive (its number from 1).
-struct ChosenBitmap {
-    Path file;
-    std::int32_t entry = -1;  // -1 for a file of its own
-};
-
 enum class NoFigure {
     NotWorn,     // there are no clothes
     NoSkeleton,  // none of this kind, or a damaged one
@@ -40,11 +34,11 @@ struct Scene {
     bool hasRightHand = false;
 };
 
-// The figure of what is worn; worn is nothing where there are no clothes. The body's bitmap is the
-// chosen one or, without a choice, the one that the flat picture of that skin shows. A head, a hand
-// or a further part of the body that is missing or damaged is left out alone. Quiet: no failure is
-// reported to anyone.
-Scene makeScene(const std::optional<Worn>& worn, const std::optional<ChosenBitmap>& chosen,
+// The figure of what is worn; worn is nothing where there are no clothes. The body's bitmap is
+// skin, the one that a flat picture shows, or, for nullptr, the one that it would show. A head, a
+// hand or a further part of the body that is missing or damaged is left out alone. Quiet: no
+// failure is reported to anyone.
+Scene makeScene(const std::optional<Worn>& worn, std::shared_ptr<const Texture> skin,
                 const DecodeBitmap& decode, KeptFiles& kept = keptFiles());
 
 }  // namespace marlowick

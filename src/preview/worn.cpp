@@ -73,6 +73,18 @@ SuitAndSkin headOfRow(std::string_view row) {
     return row == kNone ? SuitAndSkin() : splitRow(row);
 }
 
+Worn wornBy(const Wearer& wearer, const SuitAndSkin& body) {
+    Worn worn;
+    worn.kind = wearer.kind;
+    worn.body = body;
+    if (!isPetKind(wearer.kind)) {
+        worn.head = headOfRow(wearer.head);
+        worn.leftHand = splitRow(wearer.leftHand);
+        worn.rightHand = splitRow(wearer.rightHand);
+    }
+    return worn;
+}
+
 std::optional<Worn> normalClothes(const StrSegment& wardrobe) {
     const std::string_view whole = textOf(wardrobe, row::kNormal);
     const SuitAndSkin normal = splitRow(whole.substr(0, whole.find(';')));
@@ -80,15 +92,11 @@ std::optional<Worn> normalClothes(const StrSegment& wardrobe) {
     if (!body) {
         return std::nullopt;
     }
-    Worn worn;
-    worn.kind = textOf(wardrobe, row::kKind);
-    worn.body = *body;
-    if (!isPetKind(worn.kind)) {
-        worn.head = headOfRow(textOf(wardrobe, row::kHead));
-        worn.leftHand = splitRow(textOf(wardrobe, row::kOpenLeft));
-        worn.rightHand = splitRow(textOf(wardrobe, row::kOpenRight));
-    }
-    return worn;
+    return wornBy(
+        {std::string(textOf(wardrobe, row::kKind)), std::string(textOf(wardrobe, row::kHead)),
+         std::string(textOf(wardrobe, row::kOpenLeft)),
+         std::string(textOf(wardrobe, row::kOpenRight))},
+        *body);
 }
 
 bool isPetKind(std::string_view kind) {

@@ -38,8 +38,19 @@ std::optional<SuitAndSkin> clothes(const SuitAndSkin& outfit, const SuitAndSkin&
 // The head of row 3; "NONE" is none.
 SuitAndSkin headOfRow(std::string_view row);
 
-// The normal outfit with the open hands; nothing where the rows tell of no clothes. A pet has
-// neither head nor hands. Rows that are missing count as empty.
+// Who wears clothes, in the texts of the wardrobe's rows.
+struct Wearer {
+    std::string kind;      // row 1
+    std::string head;      // row 3
+    std::string leftHand;  // "HfLO,HAND=huaolgt"; empty for none
+    std::string rightHand;
+};
+
+// The body on its wearer. A pet has neither head nor hands.
+Worn wornBy(const Wearer& wearer, const SuitAndSkin& body);
+
+// The normal outfit with the open hands; nothing where the rows tell of no clothes. Rows that
+// are missing count as empty.
 std::optional<Worn> normalClothes(const StrSegment& wardrobe);
 
 // Whether row 1 names a pet.

@@ -109,8 +109,8 @@ class SceneTest : public ::testing::Test {
         write(kSkins + name + "skin.bmp", colour);
     }
 
-    Scene make(const std::optional<ChosenBitmap>& chosen = {}) {
-        return makeScene(worn, chosen, decodeWord, kept);
+    Scene make(std::shared_ptr<const Texture> skin = {}) {
+        return makeScene(worn, std::move(skin), decodeWord, kept);
     }
 
     // Height and colour of each part: "1b 2h".
@@ -124,9 +124,7 @@ class SceneTest : public ::testing::Test {
         }
         return parts;
     }
-    std::string parts(const std::optional<ChosenBitmap>& chosen = {}) {
-        return partsOf(make(chosen));
-    }
+    std::string parts() { return partsOf(make()); }
 
     test::TestFolder folder;
     std::optional<Worn> worn = Worn{"adult",
@@ -316,19 +314,15 @@ TEST_F(SceneTest, HeadsAndHandsAreFoundByTheWholeNameFirst) {
     EXPECT_EQ(parts(), "1b 2w 3l 4r");
 }
 
-TEST_F(SceneTest, AChosenBitmapIsWornBeforeItIsSaved) {
+TEST_F(SceneTest, ABitmapThatIsShownIsWornWhereverItLies) {
     writeSim();
     worn->head = worn->leftHand = worn->rightHand = {};
-    write(kSkins + "chosen.bmp", "chosen");
-    archive(packName("12"), {{"a.bmp", "apple"}, {"b.bmp", "blue"}, {"bad.bmp", "bad"}});
-    const Path pack = folder.path("game/" + packName("12"));
-    EXPECT_EQ(parts(ChosenBitmap{folder.path("game/" + kSkins + "chosen.bmp"), -1}), "1c");
-    EXPECT_EQ(parts(ChosenBitmap{pack, 1}), "1a");
-    EXPECT_EQ(parts(ChosenBitmap{pack, 2}), "1b");
-    for (const int entry : {3, 4, 0, -7}) {
-        EXPECT_EQ(make(ChosenBitmap{pack, entry}).why, NoFigure::NoSkin) << entry;
-    }
-    EXPECT_EQ(make(ChosenBitmap{folder.path("game/missing.bmp"), -1}).why, NoFigure::NoSkin);
+    worn->body.skin = "nowhere";
+    const auto shown = std::make_shared<const Texture>(Texture{1, 1, {'s'}});
+    EXPECT_EQ(partsOf(make(shown)), "1s");
+    EXPECT_EQ(make().why, NoFigure::NoSkin);
+    // One that isn't whole.
+    EXPECT_EQ(make(std::make_shared<const Texture>(Texture{2, 2, {1}})).why, NoFigure::NoSkin);
 }
 
 TEST_F(SceneTest, NamesNeverLeadElsewhere) {

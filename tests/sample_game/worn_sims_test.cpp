@@ -20,8 +20,6 @@ namespace marlowick {
 namespace {
 
 constexpr int kSize = 200;
-const std::string kLetter = "a letter";
-const std::string kLowLetter = "a letter for a child";
 
 // White, with a large F where a shirt is drawn; a child's is further down.
 Texture letter(int down) {
@@ -38,9 +36,6 @@ Texture letter(int down) {
 }
 
 std::optional<Texture> decode(const std::string& bytes) {
-    if (bytes == kLetter || bytes == kLowLetter) {
-        return letter(bytes == kLetter ? 0 : 10);
-    }
     const QImage image = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
                                           static_cast<int>(bytes.size()))
                              .convertToFormat(QImage::Format_RGB32);
@@ -168,9 +163,9 @@ void WornSimsTest::expectAllWorn() {
 // The letter is dark on white: its upright is at the left, its arms lead to the right, the upper
 // one further than the lower one.
 void WornSimsTest::expectLetter(const std::string& kind, const std::string& suit) {
-    folder.write("game/letter.bmp", kind == "adult" ? kLetter : kLowLetter);
     const Worn worn{kind, {suit, "none"}, {}, {}, {}};
-    const Scene scene = makeScene(worn, ChosenBitmap{folder.path("game/letter.bmp"), -1}, decode);
+    const Scene scene =
+        makeScene(worn, std::make_shared<const Texture>(letter(kind == "adult" ? 0 : 10)), decode);
     ASSERT_TRUE(scene.figure) << suit;
     draw(scene, 0);
     const auto isDark = [&](int x, int y) {
