@@ -21,6 +21,8 @@
 #include "iff/sim_names.h"
 #include "iff/string_segment.h"
 #include "preview/head_files.h"
+#include "preview/scene.h"
+#include "preview/worn_view.h"
 #include "system/files.h"
 #include "ui_frmMain.h"
 #include "wardrobe/frmEditPet.h"
@@ -39,6 +41,9 @@ namespace {
 constexpr int kWindowHeight = 582;
 constexpr int kLowScreen = 640;
 constexpr int kBlinkMilliseconds = 333;
+// Beside the upper two of the chosen sim's pictures; and where nothing is seen.
+constexpr QRect kRenderRoom(108, 0, 149, 126);
+constexpr QPoint kOutOfSight(-2000, -2000);
 
 }  // namespace
 
@@ -48,6 +53,8 @@ frmMain::frmMain()
     Timer1->setObjectName(QStringLiteral("Timer1"));
     ui->picNotFound->setPicture(questionCard({kPortraitSize, kPortraitSize}));
     ui->picCanNotLoad->setPicture(brokenFileCard({kPortraitSize, kPortraitSize}));
+    ui->picRender->setFrameStyle(QFrame::NoFrame);
+    ui->picRender->hide();
     connectControls();
 }
 
@@ -430,9 +437,27 @@ void frmMain::Timer1_Timer() {
 // The chosen sim.
 
 void frmMain::clearSim() {
+    showWorn({});
     ui->picSim->clearSim();
     ui->txtSimName->clear();
     ui->txtSimName->setToolTip(QString());
+}
+
+void frmMain::showWorn(const std::optional<Worn>& worn) {
+    Scene scene;
+    ignoringErrors([&] { scene = makeScene(worn, nullptr, decodeTexture); });
+    if (!scene.figure) {
+        ui->picRender->hide();
+        ui->picRender->move(kOutOfSight);
+        ui->picRender->setFigure(nullptr,
+                                 QStringLiteral("No figure to show: ") + noFigureWords(scene.why));
+        return;
+    }
+    ui->picRender->setFigure(
+        scene.figure,
+        QStringLiteral("%1 worn: %2").arg(ui->txtSimName->text(), wornWords(*worn, scene)));
+    ui->picRender->setGeometry(kRenderRoom.translated(ui->picSim->origin()));
+    ui->picRender->show();
 }
 
 void frmMain::showUnreadable(const std::string& fileName, const std::string& reason) {
@@ -446,6 +471,7 @@ void frmMain::showUnreadable(const std::string& fileName, const std::string& rea
 }
 
 void frmMain::msDisplaySim(const std::string& fileName) {
+    std::optional<Worn> worn;
     trapped("frmMain", "msDisplaySim", [&] {
         const std::string reason = readSimFile(mudtIff, mstrUserDataDir, fileName);
         ui->picSim->clearSim();
@@ -460,7 +486,9 @@ void frmMain::msDisplaySim(const std::string& fileName) {
         readWardrobeTable(mudtIff, strings);
         const std::string& species = strings.Entries[1].Text;
         mblnIsPet = species == "dog" || species == "kat";
+        worn = normalClothes(strings);
     });
+    showWorn(worn);
     ui->txtSimName->setToolTip(toToolTip(ui->txtSimName->text()));
 }
 
@@ -484,12 +512,29 @@ void frmMain::cmdSelect_Click() {
         editor.LoadUserFile = simPath(file);
         editor.BackupWanted = backupWanted();
         editor.showModal();
-        return;
+    } else {
+        auto& editor = theWindow<frmEditSim>();
+        editor.LoadUserFile = simPath(file);
+        editor.BackupWanted = backupWanted();
+        editor.showModal();
     }
-    auto& editor = theWindow<frmEditSim>();
-    editor.LoadUserFile = simPath(file);
-    editor.BackupWanted = backupWanted();
-    editor.showModal();
+    showWornAnew(file);
+}
+
+// A save has changed the clothes. mudtIff stays: the page was read with it and isn't read anew.
+void frmMain::showWornAnew(const std::string& fileName) {
+    const std::int32_t stage = CheckpointNumber;
+    std::optional<Worn> worn;
+    ignoringErrors([&] {
+        IffFile iff;
+        StrSegment strings;
+        if (readSimFile(iff, mstrUserDataDir, fileName).empty()) {
+            lookAtWardrobeTable(iff, strings);
+            worn = normalClothes(strings);
+        }
+    });
+    CheckpointNumber = stage;
+    showWorn(worn);
 }
 
 void frmMain::msPrepareSimPreview() {

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "browser/neighbourhood_tools.h"
@@ -13,6 +14,7 @@
 #include "foundation/list.h"
 #include "foundation/running_game.h"
 #include "iff/iff_file.h"
+#include "preview/worn.h"
 #include "widgets/form.h"
 
 class QAction;
@@ -71,6 +73,10 @@ class frmMain : public QMainWindow, public FormEvents {
 
     void paintCell(int cell);
     void clearSim();
+    // Shows the chosen sim as it is worn; nothing for a sim that isn't.
+    void showWorn(const std::optional<Worn>& worn);
+    // As its file tells now.
+    void showWornAnew(const std::string& fileName);
     void showUnreadable(const std::string& fileName, const std::string& reason);
     Path simPath(const std::string& fileName) const;
     void turnPage(bool (SimPage::*turn)());

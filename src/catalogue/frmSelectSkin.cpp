@@ -1,6 +1,5 @@
 #include "catalogue/frmSelectSkin.h"
 
-#include <QProxyStyle>
 #include <algorithm>
 #include <array>
 
@@ -11,6 +10,7 @@
 #include "far/far_directory.h"
 #include "foundation/bitmap_file.h"
 #include "foundation/error_trap.h"
+#include "preview/worn_options_view.h"
 #include "system/runtime_error.h"
 #include "system/shown_path.h"
 #include "ui_frmSelectSkin.h"
@@ -26,8 +26,8 @@ namespace {
 
 constexpr QSize kWindowSize(770, 549);
 constexpr int kFontPixels = 10;  // every caption fits its place in it
-constexpr int kMarkSize = 10;
-constexpr int kMarkSpacing = 4;
+// Beside the label of the large picture.
+constexpr QRect kWornOptions(120, 226, 149, 16);
 constexpr int kBlinkMilliseconds = 250;
 constexpr int kThumbSize = 64;
 constexpr std::size_t kExtension = 4;  // ".bmp"
@@ -43,25 +43,6 @@ constexpr Caption kCaptions[] = {
     {kSelectHand, "Select A Hand Skin"},
     {kSelectSimSkin, "Select A Body And A Skin"},
     {kSelectPetSkin, "Select A Pet Body And A Pet Skin"},
-};
-
-// Round marks that fit into the low option buttons.
-class SmallMarks : public QProxyStyle {
-  public:
-    using QProxyStyle::QProxyStyle;
-
-    int pixelMetric(PixelMetric metric, const QStyleOption* option,
-                    const QWidget* widget) const override {
-        switch (metric) {
-            case PM_ExclusiveIndicatorWidth:
-            case PM_ExclusiveIndicatorHeight:
-                return kMarkSize;
-            case PM_RadioButtonLabelSpacing:
-                return kMarkSpacing;
-            default:
-                return QProxyStyle::pixelMetric(metric, option, widget);
-        }
-    }
 };
 
 const char* painterOf(SkinPage kind) {
@@ -105,18 +86,37 @@ void frmSelectSkin::buildControls() {
     activated_ = false;
     colourPage(*ui->picThumbs);
     setEscapeButton(ui->cmdCancel);
+    makeWornOptions();
     connectControls();
+}
+
+void frmSelectSkin::makeWornOptions() {
+    wornOptions_ = new WornOptions(this);
+    wornOptions_->setGeometry(kWornOptions);
+    wornOptions_->makeSmall();
+    wornOptions_->setVisible(SelectMode != kSelectHand);
+    wornOptions_->putBehind(ui->txtSkinName);
+    connect(wornOptions_, &WornOptions::switched, this,
+            [this] { runEvent("frmSelectSkin", "optWorn_Click", [this] { showWorn(); }); });
+}
+
+void frmSelectSkin::showWorn() {
+    if (SelectMode == kSelectHand) {
+        return;
+    }
+    const std::string name = toGameText(ui->txtSkinName->text());
+    const std::string model = ui->lstModels->line();
+    wornOptions_->show(*ui->picSkin,
+                       model.empty() ? std::nullopt : std::optional(wornBy(WornBy, {model, name})));
 }
 
 void frmSelectSkin::connectControls() {
     const std::array<QRadioButton*, 2> sources = {ui->optMode0, ui->optMode1};
-    auto* style = new SmallMarks(styleKey());
-    style->setParent(ui->lblBody);
     for (int index = 0; index < 2; ++index) {
         QRadioButton* source = sources.at(static_cast<std::size_t>(index));
         source->setObjectName(QStringLiteral("optMode"));
         source->setProperty("Index", index);
-        source->setStyle(style);
+        useSmallMark(*source);
         connect(source, &QRadioButton::toggled, this, [this, index](bool checked) {
             if (checked) {
                 runEvent("frmSelectSkin", "optMode_Click", [&] { optMode_Click(index); });
@@ -177,6 +177,7 @@ void frmSelectSkin::Form_Activate() {
         msFillModelList();
         ui->picThumbs->setEmptyText(emptyPageText());
     }
+    showWorn();
     if (!ui->optMode0->isChecked() && !ui->optMode1->isChecked()) {
         ui->optMode0->setChecked(true);
     }
@@ -407,6 +408,7 @@ void frmSelectSkin::paint(SkinPage kind) {
             SelectedCell = 0;
             file = tellsFile(kind) ? fileOf(kind, first) : Path();
             showFirst(kind, first);
+            showWorn();
         } catch (...) {
             const RuntimeError failure = currentError();
             if (tellsFile(kind)) {
@@ -453,6 +455,7 @@ void frmSelectSkin::lstModels_Click() {
     PageNumber = 0;
     ui->txtSkinName->clear();
     ui->picSkin->clear();
+    showWorn();
     if (FarMode) {
         msGetSkinFARNames();
     } else {
@@ -507,12 +510,13 @@ void frmSelectSkin::picThumbs_MouseDown(QPoint position) {
         }
         if (!FarMode) {
             chooseFile(SkinFiles[entry]);
-            return;
+        } else {
+            const FarSkinEntry& skin = FarSkins[entry];
+            const ExtractedSkin extracted = extractSkin(skin.FarFile, skin.FileIndex);
+            ui->picSkin->load(extracted.file, extracted.length);
+            chooseArchiveSkin(skin, extracted.name);
         }
-        const FarSkinEntry& skin = FarSkins[entry];
-        const ExtractedSkin extracted = extractSkin(skin.FarFile, skin.FileIndex);
-        ui->picSkin->load(extracted.file, extracted.length);
-        chooseArchiveSkin(skin, extracted.name);
+        showWorn();
     });
 }
 

@@ -12,6 +12,7 @@
 #include "catalogue/chosen_skin.h"
 #include "catalogue/skin_lists.h"
 #include "foundation/list.h"
+#include "preview/worn.h"
 #include "widgets/form.h"
 
 namespace Ui {
@@ -21,6 +22,7 @@ class frmSelectSkin;
 namespace marlowick {
 
 class PictureBox;
+class WornOptions;
 
 // Values of SelectMode.
 inline constexpr std::int32_t kSelectHand = 1;
@@ -45,6 +47,8 @@ class frmSelectSkin : public ModalForm {
     // A hand is chosen: Select needs no line of the model list then.
     bool HandMode = false;
     std::int32_t SelectMode = kSelectSimSkin;
+    // Who tries the clothes on; not read for a hand.
+    Wearer WornBy;
 
     // Shows the window; reply takes what was chosen, and its SelectedSkin is empty if nothing was.
     void choose(ChosenSkin& reply);
@@ -86,6 +90,9 @@ class frmSelectSkin : public ModalForm {
     // Gives the entry's name.
     static std::string loadOrShowCard(PictureBox& box, const FarSkinEntry& skin);
     QString emptyPageText() const;
+    void makeWornOptions();
+    // Shows the chosen skin worn or flat.
+    void showWorn();
     void showSkinName(const std::string& fileName);
     void showPageCount(int entries);
 
@@ -102,6 +109,7 @@ class frmSelectSkin : public ModalForm {
     int entryCount() const;
 
     std::unique_ptr<Ui::frmSelectSkin> ui;
+    WornOptions* wornOptions_ = nullptr;
     QTimer* Timer1 = nullptr;
     ChosenSkin* caller_ = nullptr;
 

@@ -52,6 +52,19 @@ std::string tableData(const StrSegment& strings) {
     return data + strings.Tail;
 }
 
+void readSegment(const IffFile& iff, StrSegment& strings, std::string_view id, bool ctss) {
+    CheckpointNumber = 1000;
+    strings.Entries.reset();
+    CheckpointNumber = 2000;
+    for (int i = 1; i <= iff.Segments.bound(); ++i) {
+        const IffSegment& segment = iff.Segments[i];
+        if (segment.Type == typeName(ctss) && segment.ID == id) {
+            readStringTable(segment.Data, strings);
+            return;
+        }
+    }
+}
+
 }  // namespace
 
 void readStringTable(std::string_view data, StrSegment& strings) {
@@ -73,18 +86,8 @@ void readStringTable(std::string_view data, StrSegment& strings) {
 }
 
 bool gsReadSTRSegment(const IffFile& iff, StrSegment& strings, std::string_view id, bool ctss) {
-    return trapped("modIFFsupport", "gsReadSTRSegment", [&] {
-        CheckpointNumber = 1000;
-        strings.Entries.reset();
-        CheckpointNumber = 2000;
-        for (int i = 1; i <= iff.Segments.bound(); ++i) {
-            const IffSegment& segment = iff.Segments[i];
-            if (segment.Type == typeName(ctss) && segment.ID == id) {
-                readStringTable(segment.Data, strings);
-                return;
-            }
-        }
-    });
+    return trapped("modIFFsupport", "gsReadSTRSegment",
+                   [&] { readSegment(iff, strings, id, ctss); });
 }
 
 bool gsWriteSTRSegment(IffFile& iff, const StrSegment& strings, std::string_view id, bool ctss) {
@@ -103,6 +106,17 @@ bool gsWriteSTRSegment(IffFile& iff, const StrSegment& strings, std::string_view
 
 bool readWardrobeTable(const IffFile& iff, StrSegment& strings) {
     return gsReadSTRSegment(iff, strings, gfstrHexToBytes(kWardrobeId), false);
+}
+
+void lookAtWardrobeTable(const IffFile& iff, StrSegment& strings) {
+    const std::int32_t stage = CheckpointNumber;
+    try {
+        readSegment(iff, strings, gfstrHexToBytes(kWardrobeId), false);
+    } catch (...) {
+        CheckpointNumber = stage;
+        throw;
+    }
+    CheckpointNumber = stage;
 }
 
 bool writeWardrobeTable(IffFile& iff, const StrSegment& strings) {

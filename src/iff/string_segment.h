@@ -45,4 +45,8 @@ bool gsWriteSTRSegment(IffFile& iff, const StrSegment& strings, std::string_view
 bool readWardrobeTable(const IffFile& iff, StrSegment& strings);
 bool writeWardrobeTable(IffFile& iff, const StrSegment& strings);
 
+// The same, but not trapped: for a look at the wardrobe that nobody is told of. CheckpointNumber
+// stays. Raises what a damaged table raises.
+void lookAtWardrobeTable(const IffFile& iff, StrSegment& strings);
+
 }  // namespace marlowick

@@ -3,6 +3,7 @@
 #include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
 #include "foundation/error_trap.h"
+#include "preview/worn_options_view.h"
 #include "ui_frmEditPet.h"
 #include "wardrobe/editor_parts_view.h"
 #include "wardrobe/user_file_save.h"
@@ -16,6 +17,8 @@ namespace {
 
 constexpr QSize kWindowSize(470, 450);
 constexpr int kFontPixels = 10;  // every caption fits its place in it
+// Beside the label of the picture.
+constexpr QRect kWornOptions(100, 161, 169, 17);
 
 }  // namespace
 
@@ -35,6 +38,7 @@ void frmEditPet::buildControls() {
     ui->picNotFound->setPicture(notFoundCard());
     ui->picWebNotFound->setPicture(webNotFoundCard());
     ui->picNoBitmaps->setPicture(noBitmapsCard());
+    makeWornOptions();
     onClick(ui->cmdChangeNormal, "cmdChangeNormal_Click", [this] { cmdChangeNormal_Click(); });
     onClick(ui->cmdSave, "cmdSave_Click", [this] { cmdSave_Click(); });
     onClick(ui->cmdCancel, "cmdCancel_Click", [this] {
@@ -49,11 +53,36 @@ void frmEditPet::Form_Load() {
     loadFailure_ = firstFailure({[this] { return gsReadIFF(PetFile, UserFilePath); },
                                  [this] { return readWardrobeTable(PetFile, PetStrings); },
                                  [this] { return msDisplayPet(); }});
+    showWorn();
 }
 
 void frmEditPet::Form_Activate() {
     setPointer(Pointer::Default);
     ui->cmdFocus->setFocus();
+    if (wornOptions_->readSetting()) {
+        showWorn();
+    }
+}
+
+void frmEditPet::makeWornOptions() {
+    wornOptions_ = new WornOptions(this);
+    wornOptions_->setGeometry(kWornOptions);
+    wornOptions_->makeSmall();
+    wornOptions_->putBehind(ui->txtNormalSkin);
+    connect(wornOptions_, &WornOptions::switched, this,
+            [this] { runEvent("frmEditPet", "optWorn_Click", [this] { showWorn(); }); });
+}
+
+Wearer frmEditPet::wearer() const {
+    return {
+        PetStrings.Entries.bound() > 0 ? PetStrings.Entries[1].Text : std::string(), {}, {}, {}};
+}
+
+void frmEditPet::showWorn() {
+    const SuitAndSkin coat{fields_.txtNormalBody, fields_.txtNormalSkin};
+    const std::optional<SuitAndSkin> worn = clothes(coat, coat);
+    wornOptions_->show(*ui->picNormal,
+                       worn ? std::optional(wornBy(wearer(), *worn)) : std::nullopt);
 }
 
 bool frmEditPet::msDisplayPet() {
@@ -103,6 +132,7 @@ void frmEditPet::cmdChangeNormal_Click() {
         chooser.SkinData = fields_.txtType;
         chooser.HandMode = false;
         chooser.SelectMode = kSelectPetSkin;
+        chooser.WornBy = wearer();
         chooser.choose(*this);
         if (SelectedSkin.empty()) {
             return;
@@ -114,6 +144,7 @@ void frmEditPet::cmdChangeNormal_Click() {
         showFields();
         CheckpointNumber = 4000;
         showChosenSkin(*ui->picNormal, *this);
+        showWorn();
     });
 }
 

@@ -8,6 +8,7 @@
 #include "catalogue/chosen_skin.h"
 #include "iff/iff_file.h"
 #include "iff/string_segment.h"
+#include "preview/worn.h"
 #include "system/path.h"
 #include "wardrobe/pet_fields.h"
 #include "widgets/form.h"
@@ -17,6 +18,8 @@ class frmEditPet;
 }
 
 namespace marlowick {
+
+class WornOptions;
 
 class frmEditPet : public ModalForm, public ChosenSkin {
     Q_OBJECT
@@ -38,10 +41,16 @@ class frmEditPet : public ModalForm, public ChosenSkin {
   private:
     bool msDisplayPet();
     void showFields();
+    void makeWornOptions();
+    // Shows the pet worn or flat.
+    void showWorn();
+    // The pet without its coat.
+    Wearer wearer() const;
     void cmdChangeNormal_Click();
     void cmdSave_Click();
 
     std::unique_ptr<Ui::frmEditPet> ui;
+    WornOptions* wornOptions_ = nullptr;
     Path UserFilePath;
     IffFile PetFile;
     StrSegment PetStrings;

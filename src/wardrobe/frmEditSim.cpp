@@ -8,6 +8,7 @@
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
 #include "foundation/game.h"
+#include "preview/worn_options_view.h"
 #include "system/files.h"
 #include "ui_frmEditSim.h"
 #include "wardrobe/default_names.h"
@@ -16,6 +17,7 @@
 #include "wardrobe/user_backup.h"
 #include "wardrobe/user_file_save.h"
 #include "wardrobe/wardrobe_rows.h"
+#include "wardrobe/worn_outfit.h"
 #include "widgets/display_text.h"
 #include "widgets/input_guard.h"
 #include "widgets/messages.h"
@@ -75,6 +77,7 @@ void frmEditSim::buildControls() {
     ui->optFit->setChecked(true);
     ui->tabSkins->tabBar()->setAccessibleName(ui->tabSkins->accessibleName());
     makeStockPictures();
+    makeWornOptions();
     connectOutfitCommands();
     connectHandCommands();
     connectBodyTypes();
@@ -94,6 +97,16 @@ void frmEditSim::makeStockPictures() {
     ui->picWebNotFound->setPicture(webNotFoundCard());
     ui->picNoBitmaps->setPicture(noBitmapsCard());
     ui->picHandNotFound->setPicture(wordCard({64, 64}, QStringLiteral("Skin not found"), 11));
+}
+
+void frmEditSim::makeWornOptions() {
+    wornOptions_ = new WornOptions(this);
+    ui->tabSkins->setCornerWidget(wornOptions_);
+    wornOptions_->putBehind(ui->tabSkins->tabBar());
+    connect(wornOptions_, &WornOptions::switched, this,
+            [this] { runEvent("frmEditSim", "optWorn_Click", [this] { showWorn(); }); });
+    connect(ui->tabSkins, &QTabWidget::currentChanged, this,
+            [this] { runEvent("frmEditSim", "tabSkins_Click", [this] { showWorn(); }); });
 }
 
 void frmEditSim::connectOutfitCommands() {
@@ -148,10 +161,14 @@ void frmEditSim::takeFocus() {
 void frmEditSim::Form_Load() {
     resize(width(), kWindowHeight);
     msLoadUserData();
+    showWorn();
 }
 
 void frmEditSim::Form_Activate() {
     setPointer(Pointer::Default);
+    if (wornOptions_->readSetting()) {
+        showWorn();
+    }
 }
 
 void frmEditSim::msLoadUserData() {
@@ -237,6 +254,16 @@ void frmEditSim::showHands(const HandPair& pair) {
     }
 }
 
+void frmEditSim::showWorn() {
+    const auto tab = static_cast<std::size_t>(ui->tabSkins->currentIndex());
+    const bool isOutfit = tab < kOutfitSlots.size();
+    wornOptions_->setVisible(isOutfit);
+    if (isOutfit) {
+        const OutfitSlot& slot = kOutfitSlots.at(tab);
+        wornOptions_->show(picture(slot.picture), wornOutfit(fields_, wardrobe_, slot.outfit));
+    }
+}
+
 void frmEditSim::showChoice(const char* name) {
     PictureBox& box = picture(name);
     box.setPicture(ui->picNotFound->picture());
@@ -258,6 +285,7 @@ void frmEditSim::changeOutfit(const ChangeCommand& command) {
     chooser.SkinData = skinRequest(fields_, wardrobe_, slot.letter);
     chooser.HandMode = false;
     chooser.SelectMode = kSelectSimSkin;
+    chooser.WornBy = wearerOf(fields_, wardrobe_, slot.outfit);
     chooser.choose(*this);
     if (SelectedSkin.empty()) {
         return;
@@ -268,7 +296,13 @@ void frmEditSim::changeOutfit(const ChangeCommand& command) {
     fields_.*slot.skin = SelectedSkin.substr(comma + 1);
     showFields();
     CheckpointNumber = 4000;
-    showChoice(slot.picture);
+    try {
+        showChoice(slot.picture);
+    } catch (...) {
+        showWorn();
+        throw;
+    }
+    showWorn();
 }
 
 void frmEditSim::defaultOutfit(const DefaultCommand& command) {
@@ -278,6 +312,11 @@ void frmEditSim::defaultOutfit(const DefaultCommand& command) {
     }
     setDefaultOutfit(command.outfit, wardrobe_, fields_);
     showFields();
+    showDefault(command);
+    showWorn();
+}
+
+void frmEditSim::showDefault(const DefaultCommand& command) {
     const OutfitSlot& slot = outfitSlot(command.outfit);
     PictureBox& box = picture(slot.picture);
     box.setPicture(ui->picNotFound->picture());
@@ -362,6 +401,7 @@ void frmEditSim::cmdEnsLoad_Click() {
     const InputGuard guard;
     setPointer(Pointer::Hourglass);
     showPictures(false);
+    showWorn();
     setPointer(Pointer::Default);
 }
 

@@ -23,6 +23,7 @@ class frmEditSim;
 namespace marlowick {
 
 class PictureBox;
+class WornOptions;
 
 class frmEditSim : public ModalForm, public ChosenSkin {
     Q_OBJECT
@@ -49,6 +50,7 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     static const DefaultCommand kDefaultCommands[];
 
     void makeStockPictures();
+    void makeWornOptions();
     void connectOutfitCommands();
     void connectHandCommands();
     void connectBodyTypes();
@@ -64,6 +66,8 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     // children if childCards is set.
     void showPictures(bool childCards);
     void showHands(const HandPair& pair);
+    // Shows the outfit of the tab in front worn or flat.
+    void showWorn();
     void showSkin(const char* picture, const std::string& skin);
 
     void changeOutfit(const ChangeCommand& command);
@@ -73,6 +77,7 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     void cmdEnsLoad_Click();
     void cmdEnsSave_Click();
     void defaultOutfit(const DefaultCommand& command);
+    void showDefault(const DefaultCommand& command);
     void copyLeftHand(const HandPair& pair);
     void defaultHands(const HandPair& pair);
     void cmdNormalFormalHands_Click();
@@ -83,6 +88,7 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     void takeFocus();
 
     std::unique_ptr<Ui::frmEditSim> ui;
+    WornOptions* wornOptions_ = nullptr;
     IffFile userFile_;
     StrSegment wardrobe_;
     WardrobeFields fields_;

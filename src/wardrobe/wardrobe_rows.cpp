@@ -2,7 +2,6 @@
 
 #include "foundation/error_trap.h"
 #include "system/game_text.h"
-#include "wardrobe/hands.h"
 
 namespace marlowick {
 namespace {
@@ -83,20 +82,13 @@ void writeLaterRows(const WardrobeFields& fields, StrSegment& strings) {
     }
 }
 
-// The code before a hand's skin: H, the class of the sim, the side, the pose.
-std::string handPrefix(const WardrobeFields& fields, std::string_view sideAndPose) {
-    const char* sim = !fields.isAdult() ? "Hu" : (fields.isFemale() ? "Hf" : "Hm");
-    return sim + std::string(sideAndPose) + ",HAND=";
-}
-
 void writeHands(const WardrobeFields& fields, StrSegment& strings) {
     // Formal hands are worn as a pair or not at all.
     const bool formalWorn = !fields.txtHandFormalLeft.empty() && !fields.txtHandFormalRight.empty();
     for (const HandPair& pair : kHandPairs) {
         const bool worn = pair.pose != HandPose::Formal || formalWorn;
         for (const Hand& hand : {pair.left, pair.right}) {
-            strings.Entries[hand.row].Text =
-                worn ? handPrefix(fields, hand.sideAndPose) + fields.*hand.field : std::string();
+            strings.Entries[hand.row].Text = worn ? handRow(fields, hand) : std::string();
         }
     }
 }
@@ -105,6 +97,11 @@ void writeHands(const WardrobeFields& fields, StrSegment& strings) {
 
 std::string outfitRow(std::string_view body, std::string_view skin) {
     return lowerCase(body) + std::string(kBlankOutfit) + lowerCase(skin);
+}
+
+std::string handRow(const WardrobeFields& fields, const Hand& hand) {
+    const char* sim = !fields.isAdult() ? "Hu" : (fields.isFemale() ? "Hf" : "Hm");
+    return sim + std::string(hand.sideAndPose) + ",HAND=" + fields.*hand.field;
 }
 
 void writeWardrobe(const WardrobeFields& fields, StrSegment& strings) {

@@ -4,7 +4,9 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QPalette>
+#include <QPointer>
 #include <QProxyStyle>
+#include <QRadioButton>
 #include <QStringList>
 #include <QStyleOption>
 #include <QWidget>
@@ -50,14 +52,41 @@ class PlainSelection : public QProxyStyle {
 constexpr QColor kPageInk(0x10, 0x14, 0x18);
 constexpr QColor kPageGrey(0x30, 0x38, 0x40);
 
+constexpr int kMarkSize = 10;
+constexpr int kMarkSpacing = 4;
+
+class SmallMarks : public QProxyStyle {
+  public:
+    using QProxyStyle::QProxyStyle;
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        switch (metric) {
+            case PM_ExclusiveIndicatorWidth:
+            case PM_ExclusiveIndicatorHeight:
+                return kMarkSize;
+            case PM_RadioButtonLabelSpacing:
+                return kMarkSpacing;
+            default:
+                return QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    }
+};
+
 }  // namespace
 
-QString styleKey() {
-    return QString::fromLatin1(kStyle);
+void useSmallMark(QRadioButton& option) {
+    // One for all, as long as the program.
+    static QPointer<QStyle> marks;
+    if (marks.isNull()) {
+        marks = new SmallMarks(QString::fromLatin1(kStyle));
+        marks->setParent(qApp);
+    }
+    option.setStyle(marks);
 }
 
 void applyLook() {
-    QApplication::setStyle(new PlainSelection(styleKey()));
+    QApplication::setStyle(new PlainSelection(QString::fromLatin1(kStyle)));
     QFont font = QApplication::font();
     const auto family = std::find_if(kFamilies.begin(), kFamilies.end(), [](const QString& name) {
         return QFontDatabase::hasFamily(name);

@@ -4,12 +4,13 @@
 #include <QColor>
 #include <QString>
 
+class QRadioButton;
 class QWidget;
 
 namespace marlowick {
 
-// The key of the style that the windows bear, for a style that changes a part of it.
-QString styleKey();
+// Gives an option a round mark that fits into a low button.
+void useSmallMark(QRadioButton& option);
 
 // Sets the application's style and its one small font. The windows' sizes are made for
 // a font of 12 pixels, whatever the system's own is. Needs a QApplication.

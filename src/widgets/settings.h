@@ -12,6 +12,8 @@ inline constexpr const char* kBackupSavedFile = "Backup Saved File";
 inline constexpr const char* kSkipPajamaSave = "Skip Pajama Save";
 inline constexpr const char* kSimsLocation = "Sims Location";
 inline constexpr const char* kLastNeighborhood = "Last Neighborhood Selected";
+// "Worn" or "Skin": how windows show clothes.
+inline constexpr const char* kSkinView = "Skin View";
 // Where the neighbourhoods lie, if the player has chosen that.
 inline constexpr const char* kNeighborhoods = "Neighborhoods Location";
 }  // namespace setting

@@ -64,7 +64,7 @@ TEST_F(EditSimKeysTest, TabGoesThroughTheControlsInReadingOrder) {
         const QStringList top = {"optFit", "cmdEnsLoad", "cmdEnsSave",  "txtName",
                                  "txtAge", "txtGender",  "txtSkinTone", "qt_tabwidget_tabbar"};
         const QStringList bottom = {"cmdSave", "cmdCancel"};
-        const QStringList outfit = {"txtNormalBody", "txtNormalSkin", "cmdChangeNormal"};
+        const QStringList outfit = {"optWorn", "txtNormalBody", "txtNormalSkin", "cmdChangeNormal"};
         EXPECT_EQ(tabRoad(window, "optFit").join(' ').toStdString(),
                   (top + outfit + bottom).join(' ').toStdString());
         const QStringList hands = {

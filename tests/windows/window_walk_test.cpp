@@ -388,9 +388,9 @@ TEST_F(WindowWalkTest, Wardrobe) {
         }
         tabs->setCurrentIndex(1);
         const QStringList order = tabOrder(window, "optFit");
-        EXPECT_EQ(order.mid(0, 10).join(' '),
+        EXPECT_EQ(order.mid(0, 12).join(' '),
                   "optFit optFat optSkinny cmdEnsLoad cmdEnsSave txtName txtAge txtGender "
-                  "txtSkinTone tabSkins");
+                  "txtSkinTone tabSkins optWorn optSkin");
         EXPECT_EQ(order.mid(order.size() - 6).join(' '),
                   "txtSwimsuitBody txtSwimsuitSkin cmdChangeSwimsuit cmdDefaultSwimsuit cmdSave "
                   "cmdCancel");
@@ -415,8 +415,9 @@ TEST_F(WindowWalkTest, Chooser) {
         find<QListWidget>(window, "lstModels")->setCurrentRow(0);
         look(window);
         EXPECT_EQ(tabOrder(window, "lstModels"),
-                  (QStringList{"lstModels", "txtSkinName", "cmdSelect", "cmdCancel", "optMode",
-                               "optMode", "picThumbs", "cmdPrevious", "txtPageCount", "cmdNext"}));
+                  (QStringList{"lstModels", "txtSkinName", "optWorn", "optSkin", "cmdSelect",
+                               "cmdCancel", "optMode", "optMode", "picThumbs", "cmdPrevious",
+                               "txtPageCount", "cmdNext"}));
         EXPECT_EQ(find<QListWidget>(window, "lstModels")->item(0)->toolTip(),
                   find<QListWidget>(window, "lstModels")->item(0)->text());
         QTest::keyClick(&window, Qt::Key_Return);
@@ -440,7 +441,7 @@ TEST_F(WindowWalkTest, Pet) {
         look(window);
         EXPECT_EQ(tabOrder(window, "txtName"),
                   (QStringList{"txtName", "txtType", "txtGender", "txtNormalBody", "txtNormalSkin",
-                               "cmdChangeNormal", "cmdSave", "cmdCancel"}));
+                               "optWorn", "optSkin", "cmdChangeNormal", "cmdSave", "cmdCancel"}));
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     });
