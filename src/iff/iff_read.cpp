@@ -19,8 +19,9 @@ constexpr std::size_t kHeaderSize = 60;
 constexpr std::size_t kLabelSize = 64;
 constexpr std::int32_t kNoMapAsText = 0x30303030;  // the four characters "0000"
 
-// How much a segment may claim beyond the end of its file before it is taken for a lie.
-constexpr std::int64_t kLargestClaim = 256LL << 20U;
+// How much a segment may claim beyond the end of its file: one that was cut short stays readable,
+// and one that tells of far more isn't held in memory.
+constexpr std::int64_t kLargestClaim = 1LL << 20U;
 
 // Reads the map that the reader stands on, moves the reader behind it; false ends the reading of
 // the file there.
@@ -37,7 +38,7 @@ std::string readOpenFile(File& file) {
     return content;
 }
 
-// Size as a number, less the head; 5 if it is below 76, 7 if it claims far more than the file has.
+// Size as a number, less the head; 5 if it is below 76, 7 if it claims more than kLargestClaim.
 std::size_t dataLength(const std::string& size, std::size_t left) {
     const std::int32_t length = gflngBigEndianToLong(size);
     if (length < kSegmentHead) {

@@ -20,6 +20,10 @@ constexpr std::size_t kMapHead = 88;
 constexpr std::int32_t kMostReadableEntries = 1000;
 constexpr std::int32_t kAnyCount = std::numeric_limits<std::int32_t>::max();
 
+// A sim's map has some dozens of rows. In memory a row takes ten times its bytes, so that a file
+// made of nothing but rows would take more memory than a machine has.
+constexpr std::int32_t kMostRows = 1 << 18;
+
 // A list sized from 1 to 0, or to a negative number, is an error.
 void checkCount(std::int32_t count) {
     if (count < 1) {
@@ -59,10 +63,11 @@ std::string readLabel(ByteReader& reader, std::size_t mapStart, bool lastType) {
 struct MapReading {
     std::size_t mapStart;      // bytes from 0
     std::int32_t mostEntries;  // that a type row may claim
+    std::int32_t rows = 0;     // read so far, of all types
 };
 
 // False, with no entry read, if the row claims too many.
-bool readTypeRow(RsmpType& type, ByteReader& reader, const MapReading& reading, bool lastType) {
+bool readTypeRow(RsmpType& type, ByteReader& reader, MapReading& reading, bool lastType) {
     CheckpointNumber = 2000;
     type.TypeCode = reader.take(4);
     type.EntryCount = gflngLittleEndianToLong(reader.take(4));
@@ -77,6 +82,9 @@ bool readTypeRow(RsmpType& type, ByteReader& reader, const MapReading& reading, 
         entry.EntryOffset = reader.take(4);
         entry.EntryID = reader.take(4);
         entry.EntryLabel = readLabel(reader, reading.mapStart, lastType);
+        if (++reading.rows > kMostRows) {
+            throw RuntimeError(error::kOutOfMemory);
+        }
         type.Entries.appendCounted(std::move(entry));
     }
     return true;
@@ -85,7 +93,7 @@ bool readTypeRow(RsmpType& type, ByteReader& reader, const MapReading& reading, 
 // False if a type row claims more than mostEntries; reading ends there.
 bool readMap(IffFile& iff, ByteReader& reader, std::int32_t mostEntries) {
     CheckpointNumber = 1000;
-    const MapReading reading{reader.position(), mostEntries};
+    MapReading reading{reader.position(), mostEntries};
     iff.RsmpHeader = reader.take(kMapHead);
     iff.RsmpSize = gflngLittleEndianToLong(reader.take(4));
     iff.RsmpTypeCount = gflngLittleEndianToLong(reader.take(4));

@@ -39,6 +39,15 @@ TEST_F(GuardedReadTest, TellsASizeBelowSeventySix) {
     EXPECT_EQ(read(fileHead(0) + bad), "Error 5 - Invalid procedure call or argument");
 }
 
+TEST_F(GuardedReadTest, TellsASizeOfAMebibyteMoreThanTheFileHas) {
+    std::string bad = segment("TEST", 1, 1, "", "x");
+    bad.replace(4, 4, test::big32(76 + 1 + (1U << 20U)));
+    EXPECT_EQ(read(fileHead(0) + bad), "");
+    EXPECT_EQ(iff.Segments[1].Data.size(), 1U + (1U << 20U));
+    bad.replace(4, 4, test::big32(76 + 1 + (1U << 20U) + 1));
+    EXPECT_EQ(read(fileHead(0) + bad), "Error 7 - Out of memory");
+}
+
 TEST_F(GuardedReadTest, TellsAFileThatCantBeOpened) {
     EXPECT_EQ(gfstrQuickReadIFF(iff, folder.path("missing\\user1.iff")),
               "Error 76 - Path not found");
@@ -50,6 +59,22 @@ TEST_F(GuardedReadTest, ATypeRowOfMoreThanAThousandEntriesIsUnreadable) {
               "RSMP UNREADABLE (RSMP)");
     EXPECT_EQ(read(fileHead(64) + test::map(0, 1, mapType("TEST", 0x7FFFFFFF, ""))),
               "RSMP UNREADABLE (RSMP)");
+}
+
+TEST_F(GuardedReadTest, AMapOfMoreRowsThanMemoryIsMeantForIsTold) {
+    const auto mapOf = [](unsigned types) {
+        std::string rows;
+        for (unsigned i = 0; i < 1000; ++i) {
+            rows += mapRow(i, i, 0, "\xA3");
+        }
+        std::string all;
+        for (unsigned i = 0; i < types; ++i) {
+            all += mapType("TEST", 1000, rows);
+        }
+        return fileHead(64) + test::map(0, types, all);
+    };
+    EXPECT_EQ(read(mapOf(262)), "");
+    EXPECT_EQ(read(mapOf(263)), "Error 7 - Out of memory (RSMP)");
 }
 
 TEST_F(GuardedReadTest, ATypeRowOfAThousandEntriesIsReadAsFarAsTheFileAllows) {

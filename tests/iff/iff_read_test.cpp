@@ -147,12 +147,22 @@ TEST_F(IffReadTest, ASizePastTheEndKeepsItsLengthFilledWithZeros) {
     EXPECT_EQ(iff.Segments[1].Data, "abc\0\0\0\0\0\0\0"s);
 }
 
-TEST_F(IffReadTest, ASizeThatClaimsTheMachinesMemoryIsAnError) {
-    std::string liar = segment("TEST", 1, 1, "", "abc");
-    liar.replace(4, 4, test::big32(76 + 3 + (256U << 20U) + 1));
-    EXPECT_FALSE(read(fileHead(0) + liar));
-    ASSERT_EQ(recorder.reports().size(), 1U);
-    EXPECT_EQ(recorder.reports()[0].number, 7);
+// A file that was cut short stays readable; one that tells of a mebibyte more than it has is no
+// such file.
+TEST_F(IffReadTest, ASizeThatClaimsFarMoreThanTheFileHasIsAnError) {
+    constexpr unsigned kClaim = 1U << 20U;
+    std::string cut = segment("TEST", 1, 1, "", "abc");
+    cut.replace(4, 4, test::big32(76 + 3 + kClaim));
+    ASSERT_TRUE(read(fileHead(0) + cut));
+    EXPECT_TRUE(iff.Segments[1].Data == "abc" + std::string(kClaim, '\0'));
+    for (const unsigned size : {76 + 3 + kClaim + 1, 256U << 20U, 0x7FFFFFFFU}) {
+        std::string liar = segment("TEST", 1, 1, "", "abc");
+        liar.replace(4, 4, test::big32(size));
+        EXPECT_FALSE(read(fileHead(0) + liar));
+        EXPECT_EQ(recorder.reports().back().number, 7);
+        streams().closeAll();
+    }
+    EXPECT_EQ(recorder.reports().size(), 3U);
 }
 
 TEST_F(IffReadTest, MapCountsOfZeroOrBelowAreErrors) {
