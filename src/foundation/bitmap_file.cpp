@@ -44,6 +44,7 @@ struct BitmapHead {
 
 // Where the rows of a bitmap end, in bytes from its start.
 struct BitmapEnd {
+    std::int64_t begin = 0;  // where the rows begin
     std::int64_t least = 0;  // without the pad of the last row; 0 if nothing tells
     std::int64_t whole = 0;
 };
@@ -140,9 +141,9 @@ std::optional<BitmapEnd> endOf(std::string_view bytes) {
     }
     if (head->compression == kRunLength8 || head->compression == kRunLength4) {
         // At worst four bytes for each pixel and for each end of a row.
-        return BitmapEnd{0, begin + 4 * (head->width + 1) * (head->height + 1)};
+        return BitmapEnd{begin, 0, begin + 4 * (head->width + 1) * (head->height + 1)};
     }
-    return BitmapEnd{begin + paddedRow * (head->height - 1) + row,
+    return BitmapEnd{begin, begin + paddedRow * (head->height - 1) + row,
                      begin + paddedRow * head->height};
 }
 
@@ -165,7 +166,7 @@ std::string readBitmap(const Path& path, std::int64_t length) {
     std::string bytes;
     readUpTo(*file, std::min(available, kHeads), bytes);
     const std::optional<BitmapEnd> end = endOf(bytes);
-    if (!end || end->least > available) {
+    if (!end || end->begin >= available || end->least > available) {
         throw RuntimeError(error::kInvalidPicture);
     }
     readUpTo(*file, std::min(available, end->whole), bytes);
@@ -175,7 +176,7 @@ std::string readBitmap(const Path& path, std::int64_t length) {
 std::string bitmapIn(std::string bytes) {
     const std::optional<BitmapEnd> end = endOf(bytes);
     const auto held = std::min(static_cast<std::int64_t>(bytes.size()), kLargest);
-    if (!end || end->least > held) {
+    if (!end || end->begin >= held || end->least > held) {
         throw RuntimeError(error::kInvalidPicture);
     }
     cutPalette(bytes);
