@@ -237,7 +237,7 @@ void WornView::keyPressEvent(QKeyEvent* event) {
             faceFront();
             break;
         default:
-            QFrame::keyPressEvent(event);
+            event->ignore();
     }
 }
 
