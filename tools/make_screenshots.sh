@@ -26,6 +26,8 @@ main-window a-sim
 wardrobe wardrobe
 chooser a-skin
 new-clothes new-clothes
+worn turned
+flat-skin flat
 save-question save-question
 hands new-hand
 hand-chooser a-hand

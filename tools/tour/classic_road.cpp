@@ -78,14 +78,19 @@ void addSimSteps(Driver& driver) {
                openTab("frmEditSim", "tabSkins", "Swimsuit"));
     driver.add("swimsuit", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdDefaultSwimsuit"));
     driver.add("default-question", whenAsked("Confirm Action"), answer("Yes"));
+    driver.add("default-swimsuit", whenShown("frmEditSim"),
+               openTab("frmEditSim", "tabSkins", "Formal"));
+    driver.add("formal", whenShown("frmEditSim"), dragOn("frmEditSim", "wornView", {60, 20}));
+    driver.add("turned", whenShown("frmEditSim"), clickOn("frmEditSim", "optSkin"));
+    driver.add("flat", whenShown("frmEditSim"), clickOn("frmEditSim", "optWorn"));
     // Each picture shows the tab that the step before it has opened.
     struct Tab {
         const char* shown;
         const char* next;
     };
     for (const Tab& tab :
-         {Tab{"default-swimsuit", "Formal"}, Tab{"formal", "Pajamas"}, Tab{"pajamas", "Nude"},
-          Tab{"nude", "Winter"}, Tab{"winter", "H. Fashion"}, Tab{"high-fashion", "Hands"}}) {
+         {Tab{"worn-again", "Pajamas"}, Tab{"pajamas", "Nude"}, Tab{"nude", "Winter"},
+          Tab{"winter", "H. Fashion"}, Tab{"high-fashion", "Hands"}}) {
         driver.add(tab.shown, whenShown("frmEditSim"), openTab("frmEditSim", "tabSkins", tab.next));
     }
     driver.add("hands", whenShown("frmEditSim"), clickOn("frmEditSim", "cmdLeftPointHand"));

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QScreen>
 #include <QTabBar>
@@ -205,6 +206,19 @@ std::function<void()> press(const QString& window, const QString& caption) {
 std::function<void()> clickAt(const QString& window, const QString& name, QPoint position) {
     return
         [=] { QTest::mouseClick(control(window, name), Qt::LeftButton, Qt::NoModifier, position); };
+}
+
+std::function<void()> dragOn(const QString& window, const QString& name, QPoint way) {
+    return [=] {
+        QWidget* dragged = control(window, name);
+        const QPoint start = dragged->rect().center();
+        QTest::mousePress(dragged, Qt::LeftButton, Qt::NoModifier, start);
+        // QTest's own move tells of no button that is held.
+        QMouseEvent move(QEvent::MouseMove, start + way, dragged->mapToGlobal(start + way),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(dragged, &move);
+        QTest::mouseRelease(dragged, Qt::LeftButton, Qt::NoModifier, start + way);
+    };
 }
 
 std::function<void()> doubleClickAt(const QString& window, const QString& name, QPoint position) {

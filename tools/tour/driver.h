@@ -55,6 +55,8 @@ std::function<void()> clickOn(const QString& window, const QString& name);
 std::function<void()> press(const QString& window, const QString& caption);
 std::function<void()> clickAt(const QString& window, const QString& name, QPoint position);
 std::function<void()> doubleClickAt(const QString& window, const QString& name, QPoint position);
+// Draws with the left button held, from the middle of a control, so many pixels.
+std::function<void()> dragOn(const QString& window, const QString& name, QPoint way);
 // The first row of a list whose text begins with the given one.
 std::function<void()> clickRow(const QString& window, const QString& name, const QString& text);
 // The same row is opened by a double click; the row may lie within others.
