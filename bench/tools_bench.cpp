@@ -96,7 +96,12 @@ BENCHMARK(exportSkins)
 
 // Every file is rewritten, and flushed to the disk.
 void fixOutfits(benchmark::State& state) {
-    run(state, [](const SimWalk& walk) { fixFitToSkinny(walk); });
+    run(state, [](const SimWalk& walk) {
+        History history(historyPlaces());
+        HistoryCommand command(history, "Repair", "", {});
+        RepairWork work{command, [](const Path& /*file*/) { return true; }};
+        fixFitToSkinny(walk, work);
+    });
 }
 BENCHMARK(fixOutfits)
     ->RangeMultiplier(4)

@@ -28,6 +28,7 @@
 #include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
 #include "widgets/display_text.h"
+#include "widgets/history_messages.h"
 #include "widgets/input_guard.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
@@ -604,17 +605,36 @@ void frmMain::smenuExport_Click() {
 }
 
 // Both repairs report their failures under the name of the first.
-void frmMain::repairSims(const QString& question, bool (*tool)(const SimWalk&)) {
+void frmMain::repairSims(const QString& question, const char* command,
+                         bool (*tool)(const SimWalk&, RepairWork&)) {
     trapped("frmMain", "smenuFix_Click", [&] {
         if (!confirmAction(question + QStringLiteral("\n\nDo you wish to proceed?")) ||
             page_.files().bound() == 0 || !mayWriteNow()) {
             return;
         }
-        if (walkSims(tool)) {
+        if (repairAndTell(command, tool)) {
             showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
                         QStringLiteral("Operation Complete"));
         }
     });
+}
+
+bool frmMain::repairAndTell(const char* command, bool (*tool)(const SimWalk&, RepairWork&)) {
+    HistoryCommand history(earlierVersions(), command, "", mayGoOnWithout);
+    RepairWork work{history, maySaveOver};
+    const bool done = walkSims([&](const SimWalk& walk) { return tool(walk, work); });
+    if (done && !work.passedOver.empty()) {
+        QString names;
+        for (const std::string& name : work.passedOver) {
+            names += QStringLiteral("\n") + toDisplay(name);
+        }
+        showMessage(QStringLiteral("Files Passed Over"), MessageIcon::Exclamation,
+                    MessageButtons::Ok,
+                    QStringLiteral("These files were left as they were: what was written of them "
+                                   "was not what was meant.") +
+                        names);
+    }
+    return done;
 }
 
 void frmMain::smenuFix_Click() {
@@ -623,7 +643,7 @@ void frmMain::smenuFix_Click() {
                    "Hot Date. Any sim in the selected neighborhood whose swimsuit, formal or "
                    "pajamas does not match their normal outfit body type (Fit, Fat or Skn) will "
                    "have the outfit replaced with the default outfit of the correct body type."),
-               fixFitToSkinny);
+               "Fix fit to skinny", fixFitToSkinny);
 }
 
 void frmMain::smenuPinkHands_Click() {
@@ -632,7 +652,7 @@ void frmMain::smenuPinkHands_Click() {
                        "the selected neighborhood. This bug affects both House Party and Hot Date. "
                        "The sims that are afflicted will have their formal hands restored to the "
                        "proper default for their gender."),
-        removePinkHands);
+        "Remove pink hands", removePinkHands);
 }
 
 }  // namespace marlowick

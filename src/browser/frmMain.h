@@ -81,7 +81,10 @@ class frmMain : public QMainWindow, public FormEvents {
     Path simPath(const std::string& fileName) const;
     void turnPage(bool (SimPage::*turn)());
     bool walkSims(const std::function<bool(const SimWalk&)>& tool);
-    void repairSims(const QString& question, bool (*tool)(const SimWalk&));
+    // command: its name among the earlier versions.
+    void repairSims(const QString& question, const char* command,
+                    bool (*tool)(const SimWalk&, RepairWork&));
+    bool repairAndTell(const char* command, bool (*tool)(const SimWalk&, RepairWork&));
 
     void lstUserDataDir_Click();
     void cmdSelect_Click();

@@ -5,10 +5,12 @@
 #include "browser/neighbourhoods.h"
 #include "catalogue/names.h"
 #include "foundation/open_game.h"
+#include "iff/proven_rewrite.h"
 #include "iff/safe_rewrite.h"
 #include "iff/sim_names.h"
 #include "iff/string_segment.h"
 #include "system/files.h"
+#include "wardrobe/row_changes.h"
 #include "wardrobe/wardrobe_fields.h"
 
 namespace marlowick {
@@ -31,9 +33,16 @@ constexpr RepairedOutfit kRepairedOutfits[] = {
     {row::kPajamas, "l100fa", "l100ma"},
 };
 
+// A file of the walk, and what it held when it was read.
+struct ReadSim {
+    const std::string& name;
+    const Path& file;
+    const std::string& bytes;
+};
+
 // Goes through the sims that can be read; ends early, with false, when work gives false.
-bool forEachSim(const SimWalk& walk,
-                const std::function<bool(const std::string& name, const Path& file)>& work) {
+bool forEachSim(const SimWalk& walk, const std::function<bool(const ReadSim& sim)>& work) {
+    std::string bytes;
     const Path folder = charactersFolder(walk.userDataDir);
     for (int i = 1; i <= walk.simFiles.bound(); ++i) {
         const std::string& name = walk.simFiles[i];
@@ -41,7 +50,7 @@ bool forEachSim(const SimWalk& walk,
         if (isFileName(name)) {
             const Path file = folder.child(name);
             gsResetIFF(walk.iff);
-            if (gfstrQuickReadIFF(walk.iff, file).empty() && !work(name, file)) {
+            if (gfstrQuickReadIFF(walk.iff, file, &bytes).empty() && !work({name, file, bytes})) {
                 return false;
             }
         }
@@ -50,23 +59,40 @@ bool forEachSim(const SimWalk& walk,
     return true;
 }
 
-bool rewrite(IffFile& iff, const StrSegment& strings, const Path& file) {
-    if (!writeWardrobeTable(iff, strings) || !writeUserTemp(iff, SavedParts::All)) {
+// Gives the file the record with the rows in it; what was written of it has to be that. False if
+// the repair is to end.
+bool rewrite(const SimWalk& walk, const ReadSim& sim, const StrSegment& strings, RepairWork& work) {
+    const IffFile loaded = walk.iff;
+    StrSegment before;
+    if (!readWardrobeTable(loaded, before) || !writeWardrobeTable(walk.iff, strings) ||
+        !writeUserTemp(walk.iff, SavedParts::All)) {
         return false;
     }
-    replaceUserFile(file);
-    return true;
+    try {
+        return replaceUserFileProven(
+            {sim.file, loaded, {strings}, work.history, inWords(rowChanges(before, strings))});
+    } catch (const RuntimeError& failure) {
+        if (failure.number() != error::kInvalidFormat) {
+            throw;
+        }
+        work.passedOver.push_back(sim.name);
+        return true;
+    }
 }
 
 // Rewrites each file that change, which works on its rows, gives true for.
-bool repair(const SimWalk& walk, bool (*change)(StrSegment& strings)) {
+bool repair(const SimWalk& walk, RepairWork& work, bool (*change)(StrSegment& strings)) {
     StrSegment strings;
-    return forEachSim(walk, [&](const std::string& /*name*/, const Path& file) {
+    return forEachSim(walk, [&](const ReadSim& sim) {
         // A table that was read only in part must not be written.
         if (!readWardrobeTable(walk.iff, strings)) {
             return false;
         }
-        return !change(strings) || rewrite(walk.iff, strings, file);
+        if (!change(strings) ||
+            (isChangedSince(sim.file, sim.bytes) && !work.maySaveOver(sim.file))) {
+            return true;
+        }
+        return rewrite(walk, sim, strings, work);
     });
 }
 
@@ -128,23 +154,23 @@ void exportSkinNames(const SimWalk& walk) {
     const std::unique_ptr<File> bodies = files().open(bodySkinsFile(), OpenMode::Output);
     StrSegment strings;
     std::string simName;
-    forEachSim(walk, [&](const std::string& name, const Path& /*file*/) {
+    forEachSim(walk, [&](const ReadSim& sim) {
         // A file without a name keeps that of the file before it.
         simName = lastCatalogueName(walk.iff).value_or(simName);
         readWardrobeTable(walk.iff, strings);
-        const std::string start = name + ";" + simName + ";";
+        const std::string start = sim.name + ";" + simName + ";";
         bodies->write(start + skinOfRow(strings.Entries[row::kNormal].Text) + "\r\n");
         heads->write(start + skinOfRow(strings.Entries[row::kHead].Text) + "\r\n");
         return true;
     });
 }
 
-bool fixFitToSkinny(const SimWalk& walk) {
-    return repair(walk, fixOutfits);
+bool fixFitToSkinny(const SimWalk& walk, RepairWork& work) {
+    return repair(walk, work, fixOutfits);
 }
 
-bool removePinkHands(const SimWalk& walk) {
-    return repair(walk, takeOffPinkHands);
+bool removePinkHands(const SimWalk& walk, RepairWork& work) {
+    return repair(walk, work, takeOffPinkHands);
 }
 
 }  // namespace marlowick

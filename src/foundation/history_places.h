@@ -17,6 +17,8 @@ struct HistoryPlaces {
     Path game;            // the archives lie below it
     Path neighbourhoods;  // the folders "UserData..." lie in it; not always the game's own
     Path program;         // the ensembles lie below it
+
+    bool operator==(const HistoryPlaces& other) const = default;
 };
 
 // Those of the open game and the running program, with its folder "\History".

@@ -52,9 +52,10 @@ struct IffFile {
 // Empties both lists; touches no other field. Before every reading into a reused record.
 void gsResetIFF(IffFile& iff);
 
-// Reads a user file; a missing file is made, empty. Trapped (modIFFsupport, gsReadIFF); false
-// after a failure, and the stream slot of user files then stays taken.
-bool gsReadIFF(IffFile& iff, const Path& path);
+// Reads a user file; a missing file is made, empty. bytes takes what the file held, if it is given
+// and nothing failed. Trapped (modIFFsupport, gsReadIFF); false after a failure, and the stream
+// slot of user files then stays taken.
+bool gsReadIFF(IffFile& iff, const Path& path, std::string* bytes = nullptr);
 
 // Writes the record over what stands at path, without emptying it: callers delete an old file
 // first. Renews the segments' Offset and the map's offsets. Trapped; false after a failure.
@@ -70,8 +71,8 @@ bool gsUpdateRsmp(IffFile& iff);
 
 // The guarded reading: an empty text, and the record is filled; any other text is the reason of
 // the failure in words for a person, and the record holds what was read until then. Shows no
-// window, leaves no file open.
-std::string gfstrQuickReadIFF(IffFile& iff, const Path& path);
+// window, leaves no file open. bytes as above.
+std::string gfstrQuickReadIFF(IffFile& iff, const Path& path, std::string* bytes = nullptr);
 
 // True if the record is a user file: it has the wardrobe table, the name table and an "OBJD"
 // segment labelled "user...".

@@ -4,6 +4,7 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -82,14 +83,13 @@ void readSegments(IffFile& iff, std::string_view content, std::size_t start,
     }
 }
 
-void readUserFile(IffFile& iff, const Path& path, const MapReader& readMap) {
+void readUserFile(IffFile& iff, const Path& path, const MapReader& readMap, std::string* bytes) {
     CheckpointNumber = 1000;
     iff.Segments.reset();
     iff.Segments.resize(1);
     iff.RsmpTypes.reset();
     iff.RsmpTypes.resize(1);
-    const std::string content =
-        readOpenFile(streams().open(slot::kUserFile, path, OpenMode::Binary));
+    std::string content = readOpenFile(streams().open(slot::kUserFile, path, OpenMode::Binary));
     ByteReader head(content, 0);
     iff.Header = head.take(kHeaderSize);
     iff.RsmpOffset = head.take(4);
@@ -98,6 +98,9 @@ void readUserFile(IffFile& iff, const Path& path, const MapReader& readMap) {
     CheckpointNumber = 2000;
     readSegments(iff, content, head.position(), readMap);
     streams().close(slot::kUserFile);
+    if (bytes != nullptr) {
+        *bytes = std::move(content);
+    }
 }
 
 }  // namespace
@@ -107,27 +110,29 @@ void gsResetIFF(IffFile& iff) {
     iff.RsmpTypes.reset();
 }
 
-bool gsReadIFF(IffFile& iff, const Path& path) {
+bool gsReadIFF(IffFile& iff, const Path& path, std::string* bytes) {
     bool mapRead = true;
     const bool read = trapped("modIFFsupport", "gsReadIFF", [&] {
-        readUserFile(iff, path, [&](IffFile& file, ByteReader& reader) {
+        const auto readMap = [&](IffFile& file, ByteReader& reader) {
             mapRead = gsReadRSMP(file, reader) && mapRead;
             return true;
-        });
+        };
+        readUserFile(iff, path, readMap, bytes);
     });
     return read && mapRead;
 }
 
-std::string gfstrQuickReadIFF(IffFile& iff, const Path& path) {
+std::string gfstrQuickReadIFF(IffFile& iff, const Path& path, std::string* bytes) {
     std::string reason;
     try {
-        readUserFile(iff, path, [&](IffFile& file, ByteReader& reader) {
+        const auto readMap = [&](IffFile& file, ByteReader& reader) {
             const std::string unreadable = gfstrQuickReadRSMP(file, reader);
             if (!unreadable.empty()) {
                 reason = unreadable + " (RSMP)";
             }
             return reason.empty();
-        });
+        };
+        readUserFile(iff, path, readMap, bytes);
     } catch (...) {
         reason = errorText(currentError());
     }

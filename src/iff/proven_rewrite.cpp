@@ -1,6 +1,7 @@
 #include "iff/proven_rewrite.h"
 
 #include "foundation/error_trap.h"
+#include "foundation/file_state.h"
 #include "foundation/folders.h"
 #include "foundation/open_game.h"
 #include "foundation/proof.h"
@@ -24,10 +25,10 @@ bool replaceUserFileProven(const ProvenRewrite& rewrite) {
         });
 }
 
-bool isStill(const Path& userFile, const FileState& loaded) {
-    bool still = false;
-    ignoringErrors([&] { still = stateOfFile(userFile) == loaded; });
-    return still;
+bool isChangedSince(const Path& userFile, const std::string& loaded) {
+    bool isChanged = false;
+    ignoringErrors([&] { isChanged = readWholeFile(userFile) != loaded; });
+    return isChanged;
 }
 
 }  // namespace marlowick

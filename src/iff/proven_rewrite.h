@@ -2,9 +2,9 @@
 // file is kept, and only then the new one takes its name.
 #pragma once
 
+#include <string>
 #include <string_view>
 
-#include "foundation/file_state.h"
 #include "foundation/history_command.h"
 #include "iff/iff_file.h"
 #include "iff/user_file_proof.h"
@@ -27,8 +27,8 @@ struct ProvenRewrite {
 // CheckpointNumber stays.
 bool replaceUserFileProven(const ProvenRewrite& rewrite);
 
-// True if the file still holds what it held when it was loaded; false also if it is gone or can't
-// be read.
-bool isStill(const Path& userFile, const FileState& loaded);
+// True if the file holds other bytes than it was loaded from: the game, or somebody, has saved it
+// meanwhile. False for a file that is gone or can't be read, whose replacement fails for that.
+bool isChangedSince(const Path& userFile, const std::string& loaded);
 
 }  // namespace marlowick

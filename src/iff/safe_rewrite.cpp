@@ -1,9 +1,7 @@
 #include "iff/safe_rewrite.h"
 
 #include "foundation/folders.h"
-#include "foundation/open_game.h"
 #include "system/files.h"
-#include "system/replace_file.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -22,14 +20,6 @@ Path clearedUserTemp() {
 bool writeUserTemp(IffFile& iff, SavedParts parts) {
     const Path path = clearedUserTemp();
     return parts == SavedParts::All ? gsWriteIFF(iff, path) : gsWriteIFF_NoBMPs(iff, path);
-}
-
-void replaceUserFile(const Path& userFile) {
-    if (!files().fileExists(userFile)) {
-        throw RuntimeError(error::kFileNotFound);
-    }
-    refuseTemplate(userFile);
-    replaceFile(userTempFile(), userFile, ReadOnlyTarget::Refuse);
 }
 
 }  // namespace marlowick

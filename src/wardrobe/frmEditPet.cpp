@@ -3,11 +3,13 @@
 #include "catalogue/frmSelectSkin.h"
 #include "catalogue/skin_image.h"
 #include "foundation/error_trap.h"
+#include "iff/proven_rewrite.h"
 #include "preview/worn_options_view.h"
 #include "ui_frmEditPet.h"
 #include "wardrobe/editor_parts_view.h"
 #include "wardrobe/user_file_save.h"
 #include "widgets/display_text.h"
+#include "widgets/history_messages.h"
 #include "widgets/input_guard.h"
 #include "widgets/picture_box.h"
 #include "widgets/running_game_messages.h"
@@ -32,6 +34,8 @@ void frmEditPet::buildControls() {
     setFont(small);
     ui->setupUi(this);
     PetFile = {};
+    loaded_ = {};
+    loadedBytes_.clear();
     PetStrings = {};
     fields_ = {};
     setEscapeButton(ui->cmdCancel);
@@ -50,8 +54,12 @@ void frmEditPet::buildControls() {
 void frmEditPet::Form_Load() {
     setFixedSize(kWindowSize);
     UserFilePath = LoadUserFile;
-    loadFailure_ = firstFailure({[this] { return gsReadIFF(PetFile, UserFilePath); },
+    loadFailure_ = firstFailure({[this] { return gsReadIFF(PetFile, UserFilePath, &loadedBytes_); },
                                  [this] { return readWardrobeTable(PetFile, PetStrings); },
+                                 [this] {
+                                     loaded_ = PetFile;
+                                     return true;
+                                 },
                                  [this] { return msDisplayPet(); }});
     showWorn();
 }
@@ -159,13 +167,21 @@ void frmEditPet::cmdSave_Click() {
         if (fields_.txtName.empty() || !saveWanted(fields_.txtName) || !mayWriteNow()) {
             return;
         }
+        if (isChangedSince(UserFilePath, loadedBytes_) && !maySaveOver(UserFilePath)) {
+            return;
+        }
         writePet(fields_, PetStrings);
-        if (saveUserFile({UserFilePath, PetFile, PetStrings, fields_.txtName,
-                          SavedParts::WithoutBitmaps, BackupWanted})) {
+        if (save()) {
             tellSaved(fields_.txtName);
             close();
         }
     });
+}
+
+bool frmEditPet::save() {
+    HistoryCommand command(earlierVersions(), "Save pet", nameForHistory(loaded_), mayGoOnWithout);
+    return saveUserFile({UserFilePath, loaded_, PetFile, PetStrings, fields_.txtName,
+                         SavedParts::WithoutBitmaps, BackupWanted, command});
 }
 
 }  // namespace marlowick

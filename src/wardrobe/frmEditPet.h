@@ -48,11 +48,14 @@ class frmEditPet : public ModalForm, public ChosenSkin {
     Wearer wearer() const;
     void cmdChangeNormal_Click();
     void cmdSave_Click();
+    bool save();
 
     std::unique_ptr<Ui::frmEditPet> ui;
     WornOptions* wornOptions_ = nullptr;
     Path UserFilePath;
     IffFile PetFile;
+    IffFile loaded_;  // the same before anything changed in it
+    std::string loadedBytes_;
     StrSegment PetStrings;
     PetFields fields_;
     std::string loadFailure_;  // in words; a window whose load failed never saves

@@ -8,6 +8,7 @@
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
 #include "foundation/game.h"
+#include "iff/proven_rewrite.h"
 #include "preview/worn_options_view.h"
 #include "system/files.h"
 #include "ui_frmEditSim.h"
@@ -19,6 +20,7 @@
 #include "wardrobe/wardrobe_rows.h"
 #include "wardrobe/worn_outfit.h"
 #include "widgets/display_text.h"
+#include "widgets/history_messages.h"
 #include "widgets/input_guard.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
@@ -71,6 +73,8 @@ frmEditSim::~frmEditSim() = default;
 void frmEditSim::buildControls() {
     ui->setupUi(this);
     userFile_ = {};
+    loaded_ = {};
+    loadedBytes_.clear();
     wardrobe_ = {};
     fields_ = {};
     setEscapeButton(ui->cmdCancel);
@@ -174,9 +178,14 @@ void frmEditSim::Form_Activate() {
 void frmEditSim::msLoadUserData() {
     gstrUserFile = LoadUserFile;
     msClearUserData();
-    loadFailure_ = firstFailure({[this] { return gsReadIFF(userFile_, gstrUserFile); },
-                                 [this] { return readWardrobeTable(userFile_, wardrobe_); },
-                                 [this] { return msDisplayUserData(); }});
+    loadFailure_ =
+        firstFailure({[this] { return gsReadIFF(userFile_, gstrUserFile, &loadedBytes_); },
+                      [this] { return readWardrobeTable(userFile_, wardrobe_); },
+                      [this] {
+                          loaded_ = userFile_;
+                          return true;
+                      },
+                      [this] { return msDisplayUserData(); }});
 }
 
 void frmEditSim::msClearUserData() {
@@ -417,12 +426,20 @@ void frmEditSim::cmdSave_Click() {
     if (fields_.txtName.empty() || !saveWanted(fields_.txtName) || !mayWriteNow()) {
         return;
     }
+    if (isChangedSince(gstrUserFile, loadedBytes_) && !maySaveOver(gstrUserFile)) {
+        return;
+    }
     writeWardrobe(fields_, wardrobe_);
-    if (saveUserFile(
-            {gstrUserFile, userFile_, wardrobe_, fields_.txtName, SavedParts::All, BackupWanted})) {
+    if (save()) {
         tellSaved(fields_.txtName);
         close();
     }
+}
+
+bool frmEditSim::save() {
+    HistoryCommand command(earlierVersions(), "Save", nameForHistory(loaded_), mayGoOnWithout);
+    return saveUserFile({gstrUserFile, loaded_, userFile_, wardrobe_, fields_.txtName,
+                         SavedParts::All, BackupWanted, command});
 }
 
 }  // namespace marlowick

@@ -82,6 +82,7 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     void defaultHands(const HandPair& pair);
     void cmdNormalFormalHands_Click();
     void cmdSave_Click();
+    bool save();
 
     PictureBox& picture(const char* name) const;
     QRadioButton* option(const BodyTypeOption& choice) const;
@@ -90,6 +91,8 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     std::unique_ptr<Ui::frmEditSim> ui;
     WornOptions* wornOptions_ = nullptr;
     IffFile userFile_;
+    IffFile loaded_;  // the same before anything changed in it
+    std::string loadedBytes_;
     StrSegment wardrobe_;
     WardrobeFields fields_;
     std::string loadFailure_;  // in words; a window whose load failed never saves

@@ -16,6 +16,10 @@ inline constexpr const char* kLastNeighborhood = "Last Neighborhood Selected";
 inline constexpr const char* kSkinView = "Skin View";
 // Where the neighbourhoods lie, if the player has chosen that.
 inline constexpr const char* kNeighborhoods = "Neighborhoods Location";
+// How much is kept of earlier versions: MiB, and versions of an archive.
+inline constexpr const char* kHistorySize = "History Size";
+inline constexpr const char* kHistoryArchiveSize = "History Archive Size";
+inline constexpr const char* kHistoryArchiveVersions = "History Archive Versions";
 }  // namespace setting
 
 // The value of a key; missing stands for a key that is missing or empty.

@@ -5,6 +5,7 @@
 
 #include "browser/main_window_test.h"
 #include "foundation/error_trap.h"
+#include "foundation/history.h"
 #include "start/startup.h"
 #include "support/faulty_files.h"
 #include "support/user_file_builder.h"
@@ -82,6 +83,58 @@ TEST_F(MainToolsTest, TheRepairsAskFirst) {
         EXPECT_TRUE(question.yesNo);
     }
     EXPECT_TRUE(folder.read(simPlace(1)) == simFile(damagedRows()));
+}
+
+TEST_F(MainToolsTest, FilesThatCannotBeProvenAreNamedAtTheEnd) {
+    makeDamaged(5);
+    std::string withoutMap = simFile(damagedRows());
+    withoutMap.resize(withoutMap.find("rsmp"));
+    folder.write(simPlace(2), withoutMap);
+    folder.write(simPlace(4), withoutMap);
+    frmMain& window = showFirst();
+    for (const char* entry : {"smenuFix", "smenuPinkHands"}) {
+        const std::size_t before = script.messages().size();
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        script.answer();
+        chooseCommand(window, entry);
+        ASSERT_EQ(script.messages().size(), before + 3);
+        const test::SeenMessage& told = script.messages()[before + 1];
+        EXPECT_EQ(told.title, "Files Passed Over");
+        EXPECT_EQ(told.icon, QMessageBox::Warning);
+        EXPECT_EQ(told.text,
+                  "These files were left as they were: what was written of them was not what was "
+                  "meant.\nuser00002.iff\nuser00004.iff");
+        EXPECT_EQ(script.messages().back().text, "Operation Complete");
+    }
+    EXPECT_TRUE(folder.read(simPlace(2)) == withoutMap);
+    EXPECT_TRUE(folder.read(simPlace(4)) == withoutMap);
+    EXPECT_EQ(test::rowsOfFile(folder.read(simPlace(5)))[28], "HfLO,HAND=gfao_bride");
+    const std::vector<HistoryEntry> entries = History(historyPlaces()).entries();
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries[0].about.command, "Remove pink hands");
+    EXPECT_EQ(entries[1].about.command, "Fix fit to skinny");
+    EXPECT_EQ(entries[1].about.records.size(), 3U);
+}
+
+TEST_F(MainToolsTest, ARepairThatCannotBeKeptAsksOnceAndEnterLeavesEverySimAlone) {
+    makeDamaged(3);
+    folder.write("program/History", "a file");
+    frmMain& window = showFirst();
+    script.answer(QMessageBox::Yes);
+    script.whenShown(QString(), [](QWidget& box) {
+        EXPECT_FALSE(pointerIsBusy());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    chooseCommand(window, "smenuFix");
+    EXPECT_EQ(script.messages().size(), 2U);
+    EXPECT_FALSE(pointerIsBusy());
+    EXPECT_EQ(simsWith(32, "s001faskn_own,BODY=own", 3), 3);
+    script.answer(QMessageBox::Yes);
+    script.answer(QMessageBox::Yes);
+    script.answer();
+    chooseCommand(window, "smenuFix");
+    EXPECT_EQ(simsWith(32, "s001faskn_own,BODY=own", 3), 0);
 }
 
 TEST_F(MainToolsTest, TheRepairsWorkOnAllPagesAndTellWhenTheyAreDone) {

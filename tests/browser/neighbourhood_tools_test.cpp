@@ -24,7 +24,7 @@ using test::stringTable;
 using test::unreadableFile;
 
 using Rows = std::vector<std::string>;
-using Tool = bool (*)(const SimWalk&);
+using Tool = bool (*)(const SimWalk&, RepairWork&);
 
 // A user file with nothing but the given names, each a name table of its own, and a wardrobe.
 std::string fileWith(const Rows& names, const Rows& rows) {
@@ -53,20 +53,38 @@ class ToolsTest : public ::testing::Test {
 
     // What a tool raises; 0 for nothing.
     int raisedBy(Tool tool) {
-        return test::errorOf([&] { tool(walk()); });
+        return test::errorOf([&] { repair(tool); });
     }
 
     int raisedByExport() {
-        return raisedBy([](const SimWalk& all) {
-            exportSkinNames(all);
-            return true;
+        return test::errorOf([&] { exportSkinNames(walk()); });
+    }
+
+    // A whole repair; what it passed over is in passedOver then.
+    bool repair(Tool tool) {
+        HistoryCommand command(history, "Repair", "", [this](const KeepResult&) {
+            ++questions;
+            return goesOnWithout;
         });
+        RepairWork work{command, [this](const Path& file) {
+                            changed.push_back(file.fileName());
+                            return savesOver;
+                        }};
+        const bool done = tool(walk(), work);
+        passedOver = work.passedOver;
+        return done;
     }
 
     test::TestFolder folder;
     List<std::string> sims;
     IffFile iff;
     int filesDone = 0;
+    History history{historyPlaces()};
+    bool goesOnWithout = false;
+    bool savesOver = false;
+    int questions = 0;
+    std::vector<std::string> changed;
+    Rows passedOver;
 };
 
 // The export.
@@ -171,7 +189,7 @@ TEST_F(FixTest, TwoAdultsAndAChild) {
     Rows child = simRows({.age = "child", .bodyType = "chd"});
     child[31] = "s001fafit_own,BODY=s001fafitlgt_own";
     putReadOnly(3, simFile(child));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     EXPECT_TRUE(sim(1) == simFile(simRows({})));
     skinny[30] = "f100faSKN_original,BODY=f100faSKNlgt_original";
     EXPECT_TRUE(sim(2) == simFile(skinny));
@@ -218,7 +236,7 @@ TEST_F(FixTest, EachRowHasAStemForEachGender) {
         Rows rows = simRows({.gender = c.gender, .tone = "drk", .bodyType = c.type});
         rows[30] = rows[31] = rows[32] = "x001xaodd_own,BODY=anything";
         put(1, simFile(rows));
-        EXPECT_TRUE(fixFitToSkinny(walk()));
+        EXPECT_TRUE(repair(fixFitToSkinny));
         std::copy(c.fixed.begin(), c.fixed.end(), rows.begin() + 30);
         EXPECT_TRUE(sim(1) == simFile(rows)) << c.gender;
     }
@@ -228,7 +246,7 @@ TEST_F(FixTest, TheTypeIsComparedWithoutRegardToCase) {
     Rows rows = simRows({.bodyType = "Skn"});
     rows[30] = "f001fasKN_own,BODY=own";
     put(1, simFile(rows));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     EXPECT_TRUE(sim(1) == simFile(rows));
 }
 
@@ -239,7 +257,7 @@ TEST_F(FixTest, ANameThatIsTooShortHasAShortType) {
     rows[31] = "seven_a,BODY=x";
     rows[32] = ",BODY=";
     put(1, simFile(rows));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     rows[31] = "s100fa_original,BODY=s100falgt_original";
     EXPECT_TRUE(sim(1) == simFile(rows));
 }
@@ -248,7 +266,7 @@ TEST_F(FixTest, TheToneIsTakenAsItStands) {
     Rows rows = simRows({.tone = "green"});
     rows[32] = "l001faskn_own,BODY=own";
     put(1, simFile(rows));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     rows[32] = "l100faFIT_original,BODY=l100faFITgreen_original";
     EXPECT_TRUE(sim(1) == simFile(rows));
 }
@@ -257,7 +275,7 @@ TEST_F(FixTest, ThirtyRowsArePassedOver) {
     Rows rows = simRows({.count = 30});
     rows[1] = "no comma here";
     putReadOnly(1, simFile(rows));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     EXPECT_TRUE(sim(1) == simFile(rows));
     EXPECT_FALSE(folder.exists("program/usertemp.iff"));
 }
@@ -266,7 +284,7 @@ TEST_F(FixTest, OnlyChildIsAChild) {
     Rows rows = simRows({.age = "Child", .gender = "male"});
     rows[30] = "f001mafat_own,BODY=own";
     put(1, simFile(rows));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     rows[30] = "f100maFIT_original,BODY=f100maFITlgt_original";
     rows[31] = simRows({.age = "Child", .gender = "male"})[31];
     EXPECT_TRUE(sim(1) == simFile(rows));
@@ -278,7 +296,7 @@ TEST_F(FixTest, AnUnreadableFileIsPassedOverInSilence) {
     rows[30] = "f001faskn_own,BODY=own";
     put(1, unreadableFile());
     put(2, simFile(rows));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     EXPECT_TRUE(sim(1) == unreadableFile());
     rows[30] = "f100faFIT_original,BODY=f100faFITlgt_original";
     EXPECT_TRUE(sim(2) == simFile(rows));
@@ -326,7 +344,7 @@ TEST_F(FixTest, ATableThatCantBeReadEndsTheWalkUntouched) {
     const std::string file = test::fileHead(0) + segment("STR#", 200, 16, "", table);
     put(1, file);
     put(2, simFile(simRows({})));
-    EXPECT_FALSE(fixFitToSkinny(walk()));
+    EXPECT_FALSE(repair(fixFitToSkinny));
     EXPECT_EQ(filesDone, 0);
     EXPECT_TRUE(sim(1) == file);
     ASSERT_EQ(recorder.reports().size(), 1U);
@@ -337,14 +355,14 @@ TEST_F(FixTest, ATableThatCantBeReadEndsTheWalkUntouched) {
 TEST_F(FixTest, MakesNoBackupWhateverTheSettingSays) {
     writeSetting(setting::kBackupSavedFile, "1");
     put(1, simFile(simRows({})));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     EXPECT_FALSE(folder.exists("program/Backup"));
 }
 
 TEST_F(FixTest, TheTemporaryFileIsMadeAfresh) {
     folder.write("program/usertemp.iff", std::string(100000, 'x'));
     put(1, simFile(simRows({})));
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     EXPECT_TRUE(folder.read("program/usertemp.iff") == simFile(simRows({})));
     EXPECT_TRUE(sim(1) == simFile(simRows({})));
 }
@@ -363,7 +381,7 @@ TEST_F(FixTest, EachWardrobeTableOfAFileTakesTheRows) {
     rows[31] = "s001faskn_own,BODY=own";
     const std::string head = test::fileHead(0);
     put(1, head + segment("STR#", 200, 16, "", stringTable(rows, "tail")) + second);
-    EXPECT_TRUE(fixFitToSkinny(walk()));
+    EXPECT_TRUE(repair(fixFitToSkinny));
     rows[31] = "s100faFIT_original,BODY=s100faFITlgt_original";
     const std::string table = stringTable(rows, "tail");
     EXPECT_TRUE(sim(1) == head + segment("STR#", 200, 16, "", table) +
@@ -385,18 +403,24 @@ TEST_F(FixTest, AFailedRewriteIsTheLastOne) {
             }
             const test::ErrorRecorder recorder;
             bool ended = false;
+            questions = 0;
+            std::filesystem::remove_all(folder.program() / "History");
             {
                 FaultyFiles faulty(failAt, fault);
                 try {
-                    ended = !fixFitToSkinny(walk());
-                    EXPECT_EQ(recorder.reports().size(), ended ? 1U : 0U) << failAt;
+                    ended = !repair(fixFitToSkinny);
+                    // A failure was reported, or nothing could be kept and the person said no; one
+                    // behind the last file harms nobody.
+                    EXPECT_EQ(recorder.reports().size() + static_cast<unsigned>(questions),
+                              ended ? 1U : 0U)
+                        << failAt;
                 } catch (const RuntimeError& failure) {
                     ended = true;
                     EXPECT_EQ(failure.number(), 57) << failAt;
                 }
                 fault_free = faulty.changes() < failAt ? failAt : 0;
             }
-            EXPECT_EQ(ended, fault_free == 0) << failAt;
+            EXPECT_TRUE(!ended || fault_free == 0) << failAt;
             int done = 0;
             while (done < 3 && sim(done + 1) == simFile(fixed)) {
                 ++done;
@@ -421,6 +445,114 @@ TEST_F(FixTest, AReadOnlySimEndsTheWalkAndStays) {
     EXPECT_TRUE(sim(2) == simFile(skinny));
 }
 
+// What the repairs prove and keep.
+
+class RepairTest : public ToolsTest {
+  protected:
+    RepairTest() {
+        skinny[30] = "f001faskn_own,BODY=own";
+        fixed[30] = "f100faFIT_original,BODY=f100faFITlgt_original";
+    }
+
+    // Such a file is read well, and its rewrite holds the map of the sim before.
+    std::string withoutItsMap() const {
+        return test::fileHead(64) + segment("STR#", 200, 16, "", stringTable(skinny));
+    }
+
+    Rows skinny = simRows({});
+    Rows fixed = simRows({});
+};
+
+TEST_F(RepairTest, AFileThatCannotBeProvenIsPassedOverAndTheOthersAreRepaired) {
+    const test::ErrorRecorder recorder;
+    put(1, withoutItsMap());
+    put(2, simFile(skinny));
+    put(3, withoutItsMap());
+    put(4, simFile(skinny));
+    EXPECT_TRUE(repair(fixFitToSkinny));
+    EXPECT_EQ(passedOver, (Rows{"user00001.iff", "user00003.iff"}));
+    EXPECT_TRUE(sim(1) == withoutItsMap());
+    EXPECT_TRUE(sim(2) == simFile(fixed));
+    EXPECT_TRUE(sim(3) == withoutItsMap());
+    EXPECT_TRUE(sim(4) == simFile(fixed));
+    EXPECT_EQ(filesDone, 4);
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
+TEST_F(RepairTest, WhatARepairReplacesIsKeptInOneEntry) {
+    put(1, simFile(skinny));
+    put(2, simFile(fixed));
+    put(3, simFile(skinny));
+    EXPECT_TRUE(repair(fixFitToSkinny));
+    const std::vector<HistoryEntry> entries = history.entries();
+    ASSERT_EQ(entries.size(), 1U);
+    const std::vector<HistoryRecord>& records = entries[0].about.records;
+    // The one in the middle was rewritten as it was.
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].path, "UserData\\characters\\user00001.iff");
+    EXPECT_EQ(records[1].path, "UserData\\characters\\user00003.iff");
+    for (const HistoryRecord& record : records) {
+        EXPECT_EQ(readWholeFile(history.keptFile(entries[0], record)), simFile(skinny));
+        EXPECT_EQ(record.after, stateOf(simFile(fixed)));
+        EXPECT_EQ(record.changes, "Formal: f001faskn_own \xE2\x86\x92 f100faFIT_original");
+    }
+    EXPECT_TRUE(repair(fixFitToSkinny));
+    EXPECT_EQ(history.entries().size(), 1U);
+}
+
+TEST_F(RepairTest, WithoutKeepingItGoesOnOnlyIfThePersonWantsTo) {
+    folder.write("program/History", "a file");
+    put(1, simFile(skinny));
+    put(2, simFile(skinny));
+    EXPECT_FALSE(repair(fixFitToSkinny));
+    EXPECT_EQ(questions, 1);
+    EXPECT_TRUE(sim(1) == simFile(skinny));
+    goesOnWithout = true;
+    EXPECT_TRUE(repair(fixFitToSkinny));
+    EXPECT_EQ(questions, 2);
+    EXPECT_TRUE(sim(2) == simFile(fixed));
+}
+
+// Right before the file is looked at again the game saves it.
+class SavedMeanwhile : public FaultyFiles {
+  public:
+    SavedMeanwhile(const test::TestFolder& folder, std::string content)
+        : FaultyFiles(0, Fault::Fail), folder_(folder), content_(std::move(content)) {}
+
+    std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
+        if (path.fileName() == "user00001.iff" && mode == OpenMode::Input && !isDone_) {
+            isDone_ = true;
+            folder_.write(simPlace(1), content_);
+        }
+        return FaultyFiles::open(path, mode);
+    }
+
+  private:
+    const test::TestFolder& folder_;
+    std::string content_;
+    bool isDone_ = false;
+};
+
+TEST_F(RepairTest, AFileThatWasSavedMeanwhileIsAskedAboutAndKeptAsItIsThen) {
+    Rows played = skinny;
+    played[3] = "played";
+    for (const bool yes : {false, true}) {
+        savesOver = yes;
+        changed.clear();
+        put(1, simFile(skinny));
+        put(2, simFile(skinny));
+        {
+            const SavedMeanwhile files(folder, simFile(played));
+            EXPECT_TRUE(repair(fixFitToSkinny));
+        }
+        EXPECT_EQ(changed, Rows{"user00001.iff"});
+        EXPECT_TRUE(sim(1) == (yes ? simFile(fixed) : simFile(played)));
+        EXPECT_TRUE(sim(2) == simFile(fixed));
+    }
+    const HistoryEntry newest = history.entries().at(0);
+    EXPECT_EQ(readWholeFile(history.keptFile(newest, newest.about.records.at(0))), simFile(played));
+}
+
 // Pink hands.
 
 class PinkHandsTest : public ToolsTest {
@@ -435,7 +567,7 @@ class PinkHandsTest : public ToolsTest {
 
 TEST_F(PinkHandsTest, AManLosesThemAndHisFileGrowsShorter) {
     put(1, simFile(pink("male")));
-    EXPECT_TRUE(removePinkHands(walk()));
+    EXPECT_TRUE(repair(removePinkHands));
     Rows rows = pink("male");
     rows[28] = rows[29] = "";
     // The builder writes its map with the offsets of the shorter file.
@@ -447,7 +579,7 @@ TEST_F(PinkHandsTest, AManLosesThemAndHisFileGrowsShorter) {
 
 TEST_F(PinkHandsTest, AWomanGetsTheGamesOwn) {
     put(1, simFile(pink("female")));
-    EXPECT_TRUE(removePinkHands(walk()));
+    EXPECT_TRUE(repair(removePinkHands));
     Rows rows = pink("female");
     rows[28] = "HfLO,HAND=gfao_bride";
     rows[29] = "HfRO,HAND=gfao_bride";
@@ -462,7 +594,7 @@ TEST_F(PinkHandsTest, OnlyTheLeftHandDecides) {
     Rows right = pink("male");
     right[28] = "HmLO,HAND=own";
     putReadOnly(2, simFile(right));
-    EXPECT_TRUE(removePinkHands(walk()));
+    EXPECT_TRUE(repair(removePinkHands));
     left[28] = left[29] = "";
     EXPECT_TRUE(sim(1) == simFile(left));
     EXPECT_TRUE(sim(2) == simFile(right));
@@ -476,7 +608,7 @@ TEST_F(PinkHandsTest, TheNameMustBeTheSameWholeAndInCase) {
         rows[28] = hand;
         putReadOnly(++number, simFile(rows));
     }
-    EXPECT_TRUE(removePinkHands(walk()));
+    EXPECT_TRUE(repair(removePinkHands));
     EXPECT_EQ(filesDone, 6);
     EXPECT_FALSE(folder.exists("program/usertemp.iff"));
 }
@@ -486,7 +618,7 @@ TEST_F(PinkHandsTest, AChildsFileIsNotTouched) {
     rows[0] = "child";
     putReadOnly(1, simFile(rows));
     putReadOnly(2, simFile({"child"}));
-    EXPECT_TRUE(removePinkHands(walk()));
+    EXPECT_TRUE(repair(removePinkHands));
     EXPECT_TRUE(sim(1) == simFile(rows));
 }
 
@@ -494,7 +626,7 @@ TEST_F(PinkHandsTest, AnUnreadableFileIsPassedOverInSilence) {
     const test::ErrorRecorder recorder;
     put(1, unreadableFile());
     put(2, simFile(pink("male")));
-    EXPECT_TRUE(removePinkHands(walk()));
+    EXPECT_TRUE(repair(removePinkHands));
     EXPECT_TRUE(sim(1) == unreadableFile());
     EXPECT_EQ(test::rowsOfFile(sim(2))[28], "");
     EXPECT_TRUE(recorder.reports().empty());
@@ -529,7 +661,7 @@ TEST_F(PinkHandsTest, AFailedRewriteIsTheLastOne) {
     put(2, simFile(pink("male")));
     {
         const FaultyFiles faulty(1, FaultyFiles::Fault::Fail);  // the writing of the temporary file
-        EXPECT_FALSE(removePinkHands(walk()));
+        EXPECT_FALSE(repair(removePinkHands));
     }
     ASSERT_EQ(recorder.reports().size(), 1U);
     EXPECT_EQ(recorder.reports()[0].procedure, "gsWriteIFF");

@@ -214,27 +214,6 @@ TEST_F(IffWriteTest, TheScratchFileReplacesAnOlderAndLongerOne) {
     rewritten(file);
     EXPECT_TRUE(writeUserTemp(iff, SavedParts::All));
     EXPECT_EQ(folder.read("program/usertemp.iff"), file);
-    folder.write("game/user9.iff", "old");
-    replaceUserFile(folder.path("game\\user9.iff"));
-    EXPECT_EQ(folder.read("game/user9.iff"), file);
-    EXPECT_TRUE(folder.exists("program/usertemp.iff"));
-}
-
-// A game of the Legacy Collection plays with what lies among the saves; a file in its own folder is
-// the template that it made that of.
-TEST_F(IffWriteTest, ATemplateOfALegacyGameIsNeverReplaced) {
-    folder.write("game/Sims.exe", "MZ");
-    folder.write("program/usertemp.iff", "new");
-    for (const char* file : {"UserData/Characters/user9.iff", "UserData8/user9.iff"}) {
-        const std::string place = std::string("game/") + file;
-        folder.write(place, "old");
-        folder.write("game/eadpsdk.json", "{}");
-        EXPECT_EQ(test::errorOf([&] { replaceUserFile(folder.path(place)); }), 75);
-        EXPECT_EQ(folder.read(place), "old");
-        std::filesystem::remove(folder.game() / "eadpsdk.json");
-        EXPECT_EQ(test::errorOf([&] { replaceUserFile(folder.path(place)); }), 0);
-        EXPECT_EQ(folder.read(place), "new");
-    }
 }
 
 TEST_F(IffWriteTest, ManyRowsAndSegmentsAreNoQuadraticWalk) {

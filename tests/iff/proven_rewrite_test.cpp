@@ -130,13 +130,32 @@ TEST_F(ProvenRewriteTest, WhoDoesNotGoOnWithoutKeepingHasTheOldFile) {
 }
 
 TEST_F(ProvenRewriteTest, TellsWhetherTheDiskStillHoldsWhatWasLoaded) {
-    const FileState loaded = stateOfFile(file);
-    EXPECT_TRUE(isStill(file, loaded));
+    std::string bytes = "of another file";
+    gsResetIFF(record);
+    ASSERT_EQ(gfstrQuickReadIFF(record, file, &bytes), "");
+    EXPECT_TRUE(bytes == old);
+    EXPECT_FALSE(isChangedSince(file, bytes));
     folder.write(kName, old + "x");
-    EXPECT_FALSE(isStill(file, loaded));
+    EXPECT_TRUE(isChangedSince(file, bytes));
+    ASSERT_TRUE(gsReadIFF(record, file, &bytes));
+    EXPECT_FALSE(isChangedSince(file, bytes));
+    // The replacement tells of these itself.
     std::filesystem::remove(folder.root() / kName);
-    EXPECT_FALSE(isStill(file, loaded));
-    EXPECT_FALSE(isStill(folder.path("none\\x"), loaded));
+    EXPECT_FALSE(isChangedSince(file, bytes));
+    EXPECT_FALSE(isChangedSince(folder.path("none\\x"), bytes));
+}
+
+// A game of the Legacy Collection plays with what lies among the saves; a file in its own folder is
+// the template that it made that of.
+TEST_F(ProvenRewriteTest, ATemplateOfALegacyGameIsNeverReplaced) {
+    folder.write("game/Sims.exe", "MZ");
+    folder.write("game/eadpsdk.json", "{}");
+    EXPECT_EQ(errorOf([&] { save(); }), 75);
+    EXPECT_TRUE(folder.read(kName) == old);
+    EXPECT_TRUE(history.entries().empty());
+    std::filesystem::remove(folder.game() / "eadpsdk.json");
+    EXPECT_TRUE(save());
+    EXPECT_FALSE(folder.read(kName) == old);
 }
 
 // Each operation of a whole save fails, with each error, and the machine stops at each.

@@ -9,8 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include "foundation/error_trap.h"
+#include "foundation/history.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
+#include "support/lying_disk.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
 #include "system/clock.h"
@@ -102,20 +105,100 @@ class EditorTest : public WindowTest {
         EXPECT_FALSE(fileContent() == content);
     }
 
+    // Right before the save the game writes the file: the disk's bytes stay unless the person wants
+    // otherwise, and then they are the earlier version.
+    void saveOver(const std::string& played) {
+        open([&](QWidget& window) {
+            folder.write(file_, played);
+            script.answer(QMessageBox::Yes);
+            script.whenShown(QString(),
+                             [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+            click(window, "cmdSave");
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_TRUE(fileContent() == played);
+            script.answer(QMessageBox::Yes);
+            script.answer(QMessageBox::Yes);
+            script.answer();
+            click(window, "cmdSave");
+            EXPECT_FALSE(window.isVisible());
+        });
+        ASSERT_EQ(script.messages().size(), 5U);
+        const SeenMessage& question = script.messages()[1];
+        EXPECT_EQ(question.title, "Confirm Action");
+        EXPECT_EQ(question.icon, QMessageBox::Question);
+        EXPECT_TRUE(question.yesNo);
+        EXPECT_TRUE(question.text.endsWith(
+            QStringLiteral("is not as it was when it was loaded: the game may have saved it "
+                           "meanwhile.\nSave anyway?")))
+            << question.text.toStdString();
+        EXPECT_EQ(script.messages()[3].text, question.text);
+        const std::vector<HistoryEntry> entries = History(historyPlaces()).entries();
+        ASSERT_EQ(entries.size(), 1U);
+        EXPECT_TRUE(keptContent(entries[0]) == played);
+    }
+
+    // The old bytes of an entry's only file.
+    static std::string keptContent(const HistoryEntry& entry) {
+        return readWholeFile(History(historyPlaces()).keptFile(entry, entry.about.records.at(0)));
+    }
+
+    // Nothing can be kept, and Enter means that then nothing is saved.
+    void saveWithoutHistory() {
+        folder.write("program/History", "a file");
+        open([this](QWidget& window) {
+            script.answer(QMessageBox::Yes);
+            script.whenShown(QString(),
+                             [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+            click(window, "cmdSave");
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_TRUE(fileContent() == content);
+            script.answer(QMessageBox::Yes);
+            script.answer(QMessageBox::Yes);
+            script.answer();
+            click(window, "cmdSave");
+            EXPECT_FALSE(window.isVisible());
+        });
+        EXPECT_FALSE(fileContent() == content);
+        ASSERT_EQ(script.messages().size(), 5U);
+        EXPECT_EQ(script.messages()[1].text,
+                  "The old file can not be kept among the earlier versions:\nError 75 - Path/File "
+                  "access error\nIf you go on, this step can not be taken back. Go on anyway?");
+        EXPECT_TRUE(script.messages()[1].yesNo);
+    }
+
+    // What was written isn't what was meant: the old file stays, and the report says why.
+    void saveOnALyingDisk() {
+        const ErrorRecorder recorder;
+        open([&](QWidget& window) {
+            const LyingDisk disk(64 + 76);
+            script.answer(QMessageBox::Yes);
+            click(window, "cmdSave");
+            ASSERT_EQ(recorder.reports().size(), 1U);
+            EXPECT_EQ(inWords(recorder.reports()[0]), "321 frmEditSim cmdSave_Click 4000");
+            EXPECT_EQ(gstrErrorDescription,
+                      "Invalid file format\r\n" + path_.text() + "\r\nSegment 1 has other data.");
+            EXPECT_TRUE(fileContent() == content);
+            EXPECT_EQ(searchFiles(path_.folder(), "*").size(), 1U);
+            click(window, "cmdCancel");
+        });
+        EXPECT_TRUE(History(historyPlaces()).entries().empty());
+    }
+
     // Saves again and again, and each time the machine stops one step later: the file is the old
     // one, or saved, whole. oldOnes: how many steps at least leave the old one.
     void stopEverySave(const std::string& saved, int oldOnes) {
         bool finished = false;
         int left = 0;
-        for (int stopAt = 1; stopAt < 40 && !finished; ++stopAt) {
+        for (int stopAt = 1; stopAt < 60 && !finished; ++stopAt) {
             folder.write(file_, content);
+            std::filesystem::remove_all(folder.program() / "History");
             streams().closeAll();
             const ErrorRecorder recorder;
             open([&](QWidget& window) {
                 const FaultyFiles faulty(stopAt, FaultyFiles::Fault::Stop);
                 script.answer(QMessageBox::Yes);
                 click(window, "cmdSave");
-                finished = recorder.reports().empty();
+                finished = recorder.reports().empty() && !wasAskedAboutKeeping();
                 if (window.isVisible()) {
                     click(window, "cmdCancel");
                 }
@@ -128,6 +211,18 @@ class EditorTest : public WindowTest {
         // The success of the last round was told, which nobody had announced.
         EXPECT_EQ(script.unexpected().size(), 1);
         script.forgetUnexpected();
+    }
+
+    // True if the last thing that came up, and was closed, was the question whether to go on where
+    // the old file can't be kept. Forgets it.
+    bool wasAskedAboutKeeping() {
+        const QStringList& seen = script.unexpected();
+        const bool was = !seen.isEmpty() &&
+                         seen.last().startsWith(QStringLiteral("The old file can not be kept"));
+        if (was) {
+            script.forgetUnexpected();
+        }
+        return was;
     }
 
     static unsigned colourOf(QWidget& window, const char* picture) {

@@ -298,6 +298,33 @@ TEST_F(EditPetTest, ASaveWhileTheGameRunsAsksBeforeItWritesAnything) {
     saveWhileTheGameRuns();
 }
 
+TEST_F(EditPetTest, ASaveOverWhatTheGameWroteMeanwhileAsksAndKeepsThat) {
+    makePet();
+    Pet played;
+    played.label = "user00007 - Max";
+    saveOver(petFile(played));
+}
+
+TEST_F(EditPetTest, ASaveThatCannotBeKeptAsks) {
+    makePet();
+    saveWithoutHistory();
+}
+
+TEST_F(EditPetTest, ASaveThatCannotBeProvenLeavesTheOldFile) {
+    makePet();
+    saveOnALyingDisk();
+}
+
+TEST_F(EditPetTest, WhatASaveReplacesIsKeptUnderThePetsName) {
+    makePet();
+    open([this](QWidget& window) { saveAndAgree(window); });
+    const std::vector<HistoryEntry> entries = History(historyPlaces()).entries();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].folder, "000001 2026-01-01 12.00.00 Save pet Rex");
+    EXPECT_TRUE(keptContent(entries[0]) == content);
+    EXPECT_FALSE(fileContent() == content);
+}
+
 TEST_F(EditPetTest, ASkinThatCantBeShownIsReportedAndTheOldPictureStays) {
     makePet();
     folder.write("game/GameData/Skins/B002DOG_new.cmx", "");

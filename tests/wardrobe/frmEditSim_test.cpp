@@ -30,6 +30,7 @@ using test::click;
 using test::EditSimTest;
 using test::find;
 using test::kFile;
+using test::simFile;
 using test::simRows;
 using test::SimRows;
 using test::textOf;
@@ -255,6 +256,62 @@ TEST_F(EditSimTest, ASaveWhileTheGameRunsAsksBeforeItWritesAnything) {
     saveWhileTheGameRuns();
 }
 
+TEST_F(EditSimTest, ASaveOverWhatTheGameWroteMeanwhileAsksAndKeepsThat) {
+    makeSim();
+    std::vector<std::string> rows = simRows({});
+    rows[3] = "played";
+    saveOver(simFile(rows));
+}
+
+TEST_F(EditSimTest, ASaveThatCannotBeKeptAsks) {
+    makeSim();
+    saveWithoutHistory();
+}
+
+TEST_F(EditSimTest, ASaveThatCannotBeProvenLeavesTheOldFile) {
+    makeSim();
+    saveOnALyingDisk();
+}
+
+// Saved, it would hold the map of nobody, and could never be opened again.
+TEST_F(EditSimTest, ASimThatAnnouncesAMapAndHoldsNoneIsNotSpoiled) {
+    std::string file = simFile(simRows({}));
+    file.resize(file.find("rsmp"));
+    makeFile(file);
+    const test::ErrorRecorder recorder;
+    open([&](QWidget& window) {
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdSave");
+        ASSERT_EQ(recorder.reports().size(), 1U);
+        EXPECT_EQ(test::inWords(recorder.reports()[0]), "321 frmEditSim cmdSave_Click 4000");
+        EXPECT_TRUE(window.isVisible());
+        click(window, "cmdCancel");
+    });
+    EXPECT_TRUE(fileContent() == content);
+}
+
+// With the menu's backup switched off, too.
+TEST_F(EditSimTest, WhatASaveReplacesIsKeptUnderTheSimsName) {
+    makeSim();
+    backupWanted = false;
+    open([this](QWidget& window) {
+        script.answer(QMessageBox::Yes);
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdDefaultFormal");
+        click(window, "cmdSave");
+    });
+    const std::vector<HistoryEntry> entries = History(historyPlaces()).entries();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].folder, "000001 2026-01-01 12.00.00 Save Mara Quill");
+    EXPECT_EQ(entries[0].about.name, "Mara Quill");
+    EXPECT_TRUE(keptContent(entries[0]) == content);
+    EXPECT_EQ(entries[0].about.records[0].after, stateOf(fileContent()));
+    EXPECT_TRUE(entries[0].about.records[0].changes.find(
+                    "Formal: f001fafit_own \xE2\x86\x92 f100fafit_original") != std::string::npos)
+        << entries[0].about.records[0].changes;
+}
+
 // The whole file against one that the test writes: labels padded with blanks, the rows, the map.
 TEST_F(EditSimTest, ASavedFileIsRightByteForByte) {
     std::vector<std::string> rows = simRows({});
@@ -408,8 +465,9 @@ TEST_F(EditSimTest, ASaveEndsAfterAnyFailedStep) {
     makeSim();
     backupWanted = true;
     int steps = 0;
-    for (int failAt = 1; failAt <= 40; ++failAt) {
+    for (int failAt = 1; failAt <= 60; ++failAt) {
         std::filesystem::remove_all(folder.program() / "Backup");
+        std::filesystem::remove_all(folder.program() / "History");
         folder.write("program/usertemp.iff", "an older one");
         folder.write(kFile, content);
         // A failed routine leaves its stream open; that is told elsewhere.
@@ -426,7 +484,8 @@ TEST_F(EditSimTest, ASaveEndsAfterAnyFailedStep) {
                 click(window, "cmdCancel");
             }
         });
-        if (!reported) {
+        const bool asked = wasAskedAboutKeeping();
+        if (!reported && !asked) {
             // Nothing was left to fail: the save went through, and said so.
             EXPECT_FALSE(folder.read(kFile) == content);
             break;
@@ -434,9 +493,10 @@ TEST_F(EditSimTest, ASaveEndsAfterAnyFailedStep) {
         ++steps;
         EXPECT_TRUE(folder.read(kFile) == content) << failAt;
         EXPECT_EQ(script.messages().size(), messages + 1) << failAt;
+        EXPECT_NE(asked, reported) << failAt;
     }
-    EXPECT_GE(steps, 9);
-    EXPECT_LT(steps, 40);
+    EXPECT_GE(steps, 15);
+    EXPECT_LT(steps, 60);
     ASSERT_EQ(script.unexpected().join("|").toStdString(), kSaved.toStdString());
     script.forgetUnexpected();
 }
