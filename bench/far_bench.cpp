@@ -77,7 +77,10 @@ void saveWholeArchive(benchmark::State& state) {
     edit.mstrFarFile = BenchFolder::archive();
     gsReadFARdir(edit.mudtFarDir, edit.mstrFarFile);
     for (auto _ : state) {
-        saveArchive(edit, edit.mstrFarFile, {[](int, int) {}, {}});
+        History history(historyPlaces());
+        HistoryCommand command(history, "Save archive", "",
+                               [](const KeepResult& /*result*/) { return true; });
+        saveArchive(edit, edit.mstrFarFile, command, {[](int, int) {}, {}});
     }
     state.SetBytesProcessed(state.iterations() * std::int64_t{2} * count * size);
 }

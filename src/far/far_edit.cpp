@@ -121,4 +121,27 @@ std::vector<int> rowsAfterSave(const FarEdit& before, const std::vector<int>& se
     return rows;
 }
 
+std::string changesInWords(const FarEdit& edit) {
+    constexpr int kMostTold = 100;
+    std::string words;
+    int count = 0;
+    const auto tell = [&](const char* what, const std::string& name) {
+        if (++count <= kMostTold) {
+            words += (words.empty() ? "" : "\n") + std::string(what) + gameTextToUtf8(name);
+        }
+    };
+    for (int number = 1; number <= edit.mudtFarDir.Entries.bound(); ++number) {
+        if (edit.mudtFarDir.Entries[number].Deleted) {
+            tell("Deleted: ", edit.mudtFarDir.Entries[number].FileName);
+        }
+    }
+    for (int number = 1; number <= edit.mudtAddedFiles.bound(); ++number) {
+        if (!edit.mudtAddedFiles[number].AddedName.empty()) {
+            tell("Added: ", edit.mudtAddedFiles[number].AddedName);
+        }
+    }
+    return count <= kMostTold ? words
+                              : words + "\nand " + std::to_string(count - kMostTold) + " more";
+}
+
 }  // namespace marlowick

@@ -109,4 +109,9 @@ int nextSearchStart(const FarEdit& edit, int firstSelected);
 // selection of a list that is filled anew.
 std::vector<int> rowsAfterSave(const FarEdit& before, const std::vector<int>& selected);
 
+// What a save will change in the archive, in words for a person: "Deleted: a.bmp", "Added: b.bmp",
+// a line each without an end behind the last, UTF-8. Behind the hundredth only their number is
+// told.
+std::string changesInWords(const FarEdit& edit);
+
 }  // namespace marlowick

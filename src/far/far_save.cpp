@@ -3,10 +3,13 @@
 #include <limits>
 #include <utility>
 
+#include "far/archive_proof.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
+#include "foundation/file_state.h"
 #include "foundation/folders.h"
 #include "foundation/open_game.h"
+#include "foundation/proof.h"
 #include "system/block_copy.h"
 #include "system/files.h"
 #include "system/game_text.h"
@@ -150,14 +153,25 @@ Path newArchivePath(std::string_view name) {
     return typedPath((texturesFolder() + "\\" + name + (ends ? "" : ".FAR")).text());
 }
 
-bool saveArchive(FarEdit& edit, const Path& target, const FarSaveProgress& progress) {
+bool saveArchive(FarEdit& edit, const Path& target, HistoryCommand& history,
+                 const FarSaveProgress& progress) {
     const Path temporary = tempFolder() + "\\tempfile.far";
     refuseTemplate(target);
     CheckpointNumber = 2000;
     clearAndRemove(temporary);
     FarDirectory written = writeArchive(edit, temporary, progress);
     CheckpointNumber = 7000;
-    replaceFile(temporary, target, ReadOnlyTarget::Replace, progress.block);
+    const auto look = [&](const Path& beside) {
+        const std::string why = archiveDifference(edit, beside, progress.block);
+        if (!why.empty()) {
+            throw notProven(target, why);
+        }
+        return history.keepOrAsk(target, stateOfFile(beside, progress.block), changesInWords(edit),
+                                 progress.block);
+    };
+    if (!replaceFile(temporary, target, ReadOnlyTarget::Replace, progress.block, look)) {
+        return false;
+    }
     becomeArchive(edit, target, std::move(written));
     if (progress.replaced) {
         progress.replaced();

@@ -19,6 +19,7 @@
 #include "system/held_folder.h"
 #include "ui_frmManageFARs.h"
 #include "widgets/display_text.h"
+#include "widgets/history_messages.h"
 #include "widgets/input_guard.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
@@ -314,7 +315,7 @@ void frmManageFARs::msSaveFile() {
             }
             target = newArchivePath(name.toStdString());
         }
-        if (!mayWriteNow() || !save(target)) {
+        if (!mayWriteNow() || !mayBeOverwritten(target) || !save(target)) {
             return;
         }
         hideProgress();
@@ -336,8 +337,12 @@ bool frmManageFARs::save(const Path& target) {
     };
     const InputGuard guard;
     bool done = false;
-    workAndShow([&] { done = saveArchive(mudtEdit, target, progress); },
+    HistoryCommand history(earlierVersions(), "Save archive", target.fileName(), mayGoOnWithout);
+    workAndShow([&] { done = saveArchive(mudtEdit, target, history, progress); },
                 [&] { showRows(selected, current); });
+    if (!done && !mudtEdit.ReadingFailed) {
+        hideProgress();
+    }
     return done;
 }
 

@@ -8,6 +8,7 @@
 #include "foundation/error_trap.h"
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
+#include "support/keeping.h"
 #include "support/quick_disk.h"
 #include "support/test_folder.h"
 #include "system/files.h"
@@ -41,7 +42,8 @@ class ArchiveProofTest : private test::QuickDisk, public ::testing::Test {
     // Saves under another name, so that what the edit was made of still lies there.
     void save() {
         FarEdit saved = edit;
-        ASSERT_TRUE(saveArchive(saved, out, {[](int, int) {}, {}}));
+        test::Keeping keeping(true);
+        ASSERT_TRUE(saveArchive(saved, out, keeping.command, {[](int, int) {}, {}}));
     }
 
     std::string difference() const { return archiveDifference(edit, out); }

@@ -9,6 +9,8 @@
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
+#include "support/keeping.h"
+#include "support/lying_disk.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
 #include "system/files.h"
@@ -58,7 +60,10 @@ class FarSaveTest : public ::testing::Test {
 
     int saveAs(const Path& target) {
         try {
-            return saveArchive(edit, target, progress) ? 0 : -1;
+            test::Keeping keeping(goesOnWithout);
+            const bool done = saveArchive(edit, target, keeping.command, progress);
+            questions = keeping.questions;
+            return done ? 0 : -1;
         } catch (const RuntimeError& failure) {
             return failure.number();
         }
@@ -70,6 +75,8 @@ class FarSaveTest : public ::testing::Test {
     FarEdit edit;
     FarSaveProgress progress;
     std::vector<std::pair<int, int>> steps;
+    bool goesOnWithout = false;
+    int questions = 0;
 };
 
 using Steps = std::vector<std::pair<int, int>>;
@@ -229,6 +236,59 @@ TEST_F(FarSaveTest, NoArchiveIsWrittenIntoTheTemplatesOfALegacyGame) {
     EXPECT_EQ(save(), 0);
 }
 
+TEST_F(FarSaveTest, WhatASaveReplacesIsKept) {
+    const std::string old = archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}});
+    open(old);
+    deleteRows(edit, {0});
+    add("c.bmp", "c");
+    ASSERT_EQ(save(), 0);
+    const History history(historyPlaces());
+    const std::vector<HistoryEntry> entries = history.entries();
+    ASSERT_EQ(entries.size(), 1U);
+    const HistoryRecord& record = entries[0].about.records.at(0);
+    EXPECT_EQ(record.path, "gamedata\\textures\\a.far");
+    EXPECT_EQ(readWholeFile(history.keptFile(entries[0], record)), old);
+    EXPECT_EQ(record.after, stateOf(folder.read(kArchive)));
+    EXPECT_EQ(record.changes, "Deleted: a.bmp\nAdded: c.bmp");
+}
+
+TEST_F(FarSaveTest, AnArchiveThatCannotBeKeptIsReplacedOnlyIfThePersonWantsTo) {
+    const std::string old = archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}});
+    open(old);
+    folder.write("program/History", "a file");
+    deleteRows(edit, {0});
+    EXPECT_EQ(save(), -1);
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(folder.read(kArchive), old);
+    EXPECT_FALSE(edit.ReadingFailed);
+    EXPECT_TRUE(edit.mudtFarDir.Entries[1].Deleted);
+    goesOnWithout = true;
+    EXPECT_EQ(save(), 0);
+    EXPECT_EQ(farEntryCount(edit.mudtFarDir), 1);
+}
+
+TEST_F(FarSaveTest, AnArchiveThatIsNotAsItWasMeantTakesNoName) {
+    const std::string old = archiveFile({{"a.bmp", "data", {}}, {"b.bmp", "b", {}}});
+    open(old);
+    deleteRows(edit, {1});
+    {
+        const test::LyingDisk disk(16);
+        try {
+            test::Keeping keeping;
+            saveArchive(edit, archive, keeping.command, progress);
+            ADD_FAILURE();
+        } catch (const RuntimeError& failure) {
+            EXPECT_EQ(failure.number(), 321);
+            EXPECT_EQ(failure.description(),
+                      "Invalid file format\r\n" + archive.text() + "\r\nEntry 1 has other data.");
+        }
+        EXPECT_EQ(CheckpointNumber, 7000);
+    }
+    EXPECT_EQ(folder.read(kArchive), old);
+    EXPECT_TRUE(History(historyPlaces()).entries().empty());
+    EXPECT_EQ(save(), 0);
+}
+
 TEST_F(FarSaveTest, ReadOnlyMarksDoNotStandInTheWay) {
     open(archiveFile({{"a.bmp", "a", {}}, {"b.bmp", "b", {}}}));
     folder.makeReadOnly(kArchive);
@@ -325,7 +385,9 @@ TEST_F(FarSaveTest, AFailureAtAnyChangeLeavesTheOldArchiveOrTheNewOne) {
             {
                 const test::FaultyFiles faulty(failAt, fault);
                 const int number = save();
-                EXPECT_TRUE(number == 57 || number == 0) << failAt;
+                // -1: nothing could be kept, and the person said no.
+                EXPECT_TRUE(number == 57 || number == 0 || (number == -1 && questions == 1))
+                    << failAt;
                 failed = faulty.changes() >= failAt;
             }
             const std::string content = folder.read(kArchive);
@@ -343,6 +405,7 @@ TEST_F(FarSaveTest, TheCheckpointTellsHowFarASaveCame) {
     struct Row {
         const char* change;
         int checkpoint;
+        int number = 57;
     };
     constexpr Row kRows[] = {
         {"the leftover's attributes", 2000},
@@ -356,6 +419,7 @@ TEST_F(FarSaveTest, TheCheckpointTellsHowFarASaveCame) {
         {"the file beside the target", 7000},
         {"its content", 7000},
         {"its way to the disk", 7000},
+        {"the folder of earlier versions, without which the person goes on", 9000, 0},
         {"the target's attributes", 7000},
         {"the rights of the target", 7000},
         {"the target's name", 7000},
@@ -363,13 +427,15 @@ TEST_F(FarSaveTest, TheCheckpointTellsHowFarASaveCame) {
         {"the temporary file's removal", 8000},
     };
     int failAt = 0;
+    folder.write("program/History", "a file");
+    goesOnWithout = true;
     for (const Row& row : kRows) {
         streams().closeAll();
         open(archiveFile({{"a.bmp", "a", {}}}));
         add("new.bmp", "new");
         folder.write(kTemporary, "left over");
         const test::FaultyFiles faulty(++failAt, test::FaultyFiles::Fault::Fail);
-        EXPECT_EQ(save(), 57) << row.change;
+        EXPECT_EQ(save(), row.number) << row.change;
         EXPECT_EQ(CheckpointNumber, row.checkpoint) << row.change;
     }
     const test::FaultyFiles faulty(++failAt, test::FaultyFiles::Fault::Fail);
@@ -513,9 +579,12 @@ TEST_F(LargeFarTest, TheLastOffsetThatFitsWorksInSmallBlocks) {
     add("empty.bmp", "");
     SparseFiles::largestRead = 0;
     deleteRows(edit, {1});
+    goesOnWithout = true;
     ASSERT_EQ(save(), 0);
+    EXPECT_EQ(questions, 1);
     expectArchive();
-    EXPECT_LE(SparseFiles::largestRead, 32768U);
+    // Data is copied in blocks of 32768 bytes, and read back in larger ones.
+    EXPECT_LE(SparseFiles::largestRead, (1U << 18U) + 1);
     EXPECT_EQ(edit.mudtFarDir.Entries[1].FileSize, little32(kDataSize));
 }
 

@@ -10,7 +10,9 @@
 #include "far/refused_step.h"
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
+#include "foundation/history.h"
 #include "support/faulty_files.h"
+#include "support/lying_disk.h"
 #include "support/user_file_builder.h"
 #include "system/disk.h"
 #include "system/processes.h"
@@ -19,6 +21,7 @@
 #include "widgets/folder_list.h"
 #include "widgets/input_guard.h"
 #include "widgets/picture_box.h"
+#include "widgets/settings.h"
 
 namespace marlowick {
 namespace {
@@ -29,6 +32,7 @@ using test::bitmapFile;
 using test::click;
 using test::entriesOfArchive;
 using test::find;
+using test::kBlue;
 using test::kGreen;
 using test::kRed;
 using test::ManageFARsTest;
@@ -52,14 +56,14 @@ void doubleClick(QWidget& window, const QString& name) {
                        folders->visualItemRect(item).center());
 }
 
-// Looks at the bar when a file is opened.
+// Looks at the bar when a file is first opened.
 class BarWatcher : public test::FaultyFiles {
   public:
     BarWatcher(const PictureBox& bar, std::string file)
         : FaultyFiles(0, Fault::Fail), bar_(bar), file_(std::move(file)) {}
 
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
-        if (path.fileName() == file_) {
+        if (path.fileName() == file_ && painted.isNull()) {
             wasVisible = bar_.isVisible();
             wasBusy = pointerIsBusy();
             painted = bar_.painted();
@@ -623,6 +627,90 @@ TEST_F(ManageFARsTest, SavesAnEditedArchive) {
     EXPECT_EQ(script.messages()[1].text, "File Saved.");
     EXPECT_EQ(script.messages()[1].icon, QMessageBox::Information);
     EXPECT_TRUE(scratchFiles().empty());
+}
+
+TEST_F(ManageFARsTest, WhatASaveReplacesIsKeptUnderTheArchivesName) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}, {"b.bmp", kBlue, {}}});
+    const std::string old = archive("a.far");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {1});
+        click(window, "cmdDelete");
+        script.answer();
+        click(window, "cmdSave");
+    });
+    const History history(historyPlaces());
+    const std::vector<HistoryEntry> entries = history.entries();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].about.command + " " + entries[0].about.name, "Save archive a.far");
+    EXPECT_TRUE(readWholeFile(history.keptFile(entries[0], entries[0].about.records.at(0))) == old);
+    EXPECT_EQ(entries[0].about.records[0].changes, "Deleted: b.bmp");
+}
+
+// One MiB is the least that can be set.
+TEST_F(ManageFARsTest, AnArchiveAboveTheBoundIsReplacedOnlyIfThePersonWantsTo) {
+    writeSetting(setting::kHistoryArchiveSize, "1");
+    makeArchive("a.far", {{"a.bmp", std::string(1 << 20, 'x'), {}}, {"b.bmp", kBlue, {}}});
+    const std::string old = archive("a.far");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {1});
+        click(window, "cmdDelete");
+        script.whenShown(QString(), [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        click(window, "cmdSave");
+        EXPECT_TRUE(archive("a.far") == old);
+        EXPECT_FALSE(find<QWidget>(window, "picStatus")->isVisible());
+        EXPECT_FALSE(pointerIsBusy());
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdSave");
+    });
+    ASSERT_EQ(script.messages().size(), 3U);
+    EXPECT_EQ(script.messages()[0].title, "Confirm Action");
+    EXPECT_EQ(
+        script.messages()[0].text,
+        "The file:\n" + toDisplay(SimsPath + "\\gamedata\\textures\\a.far") +
+            "\nis larger than all that is kept of earlier archives. Saving it can not be taken "
+            "back. Save anyway?");
+    EXPECT_EQ(entriesOfArchive(archive("a.far")).size(), 1U);
+    EXPECT_TRUE(History(historyPlaces()).entries().empty());
+}
+
+TEST_F(ManageFARsTest, AnArchiveThatCannotBeKeptIsReplacedOnlyIfThePersonWantsTo) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}, {"b.bmp", kBlue, {}}});
+    folder.write("program/History", "a file");
+    const std::string old = archive("a.far");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        select(window, {1});
+        click(window, "cmdDelete");
+        script.whenShown(QString(), [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        click(window, "cmdSave");
+        EXPECT_TRUE(archive("a.far") == old);
+        EXPECT_FALSE(find<QWidget>(window, "picStatus")->isVisible());
+        EXPECT_FALSE(pointerIsBusy());
+        EXPECT_EQ(rows(window), (QStringList{"a.bmp", "[DEL]  b.bmp"}));
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdSave");
+    });
+    EXPECT_EQ(entriesOfArchive(archive("a.far")).size(), 1U);
+}
+
+TEST_F(ManageFARsTest, AnArchiveThatCannotBeProvenTakesNoName) {
+    makeArchive("a.far", {{"a.bmp", kRed, {}}, {"b.bmp", kBlue, {}}});
+    const std::string old = archive("a.far");
+    manage([&](QWidget& window) {
+        pick(window, "a.far");
+        const test::LyingDisk disk(16);
+        click(window, "cmdSave");
+        ASSERT_EQ(recorder.reports().size(), 1U);
+        EXPECT_EQ(recorder.reports()[0].number, 321);
+        EXPECT_EQ(recorder.reports()[0].module, "frmManageFARs");
+        EXPECT_EQ(recorder.reports()[0].procedure, "msSaveFile");
+        EXPECT_EQ(recorder.reports()[0].checkpoint, 7000);
+        EXPECT_TRUE(archive("a.far") == old);
+    });
 }
 
 TEST_F(ManageFARsTest, AnEmptyListIsNotSaved) {
