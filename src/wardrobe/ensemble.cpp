@@ -1,29 +1,55 @@
 #include "wardrobe/ensemble.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "foundation/bytes.h"
+#include "foundation/error_trap.h"
+#include "foundation/file_state.h"
 #include "foundation/open_game.h"
 #include "system/files.h"
 #include "system/replace_file.h"
 #include "system/runtime_error.h"
 #include "system/streams.h"
+#include "wardrobe/row_changes.h"
 
 namespace marlowick {
 namespace {
 
 using F = WardrobeFields;
 
-// The field of each line, line 1 first.
-constexpr Field kLines[] = {
-    &F::txtNormalBody,     &F::txtNormalSkin,      &F::txtSwimsuitBody,   &F::txtSwimsuitSkin,
-    &F::txtFormalBody,     &F::txtFormalSkin,      &F::txtPajamasBody,    &F::txtPajamasSkin,
-    &F::txtNudeBody,       &F::txtNudeSkin,        &F::txtHandFormalLeft, &F::txtHandFormalRight,
-    &F::txtHandClosedLeft, &F::txtHandClosedRight, &F::txtHandOpenLeft,   &F::txtHandOpenRight,
-    &F::txtHandPointLeft,  &F::txtHandPointRight,  &F::txtWinterBody,     &F::txtWinterSkin,
-    &F::txtFashionBody,    &F::txtFashionSkin,
+struct Line {
+    Field field;
+    const char* name;  // for a person
+};
+
+// Line 1 first.
+constexpr Line kLines[] = {
+    {&F::txtNormalBody, "Normal"},
+    {&F::txtNormalSkin, "Normal, skin"},
+    {&F::txtSwimsuitBody, "Swimsuit"},
+    {&F::txtSwimsuitSkin, "Swimsuit, skin"},
+    {&F::txtFormalBody, "Formal"},
+    {&F::txtFormalSkin, "Formal, skin"},
+    {&F::txtPajamasBody, "Pajamas"},
+    {&F::txtPajamasSkin, "Pajamas, skin"},
+    {&F::txtNudeBody, "Nude"},
+    {&F::txtNudeSkin, "Nude, skin"},
+    {&F::txtHandFormalLeft, "Left formal hand"},
+    {&F::txtHandFormalRight, "Right formal hand"},
+    {&F::txtHandClosedLeft, "Left closed hand"},
+    {&F::txtHandClosedRight, "Right closed hand"},
+    {&F::txtHandOpenLeft, "Left open hand"},
+    {&F::txtHandOpenRight, "Right open hand"},
+    {&F::txtHandPointLeft, "Left pointing hand"},
+    {&F::txtHandPointRight, "Right pointing hand"},
+    {&F::txtWinterBody, "Winter"},
+    {&F::txtWinterSkin, "Winter, skin"},
+    {&F::txtFashionBody, "High fashion"},
+    {&F::txtFashionSkin, "High fashion, skin"},
 };
 
 // Behind so many lines a file may end: those of the first generation, and those with winter wear.
@@ -48,11 +74,11 @@ std::string nextLine(std::string_view& text) {
 
 void takeLines(std::string_view text, WardrobeFields& fields) {
     int taken = 0;
-    for (const Field field : kLines) {
+    for (const Line& line : kLines) {
         if (text.empty() && (taken == kFirstLines || taken == kWinterLines)) {
             return;
         }
-        fields.*field = nextLine(text);
+        fields.*line.field = nextLine(text);
         ++taken;
     }
 }
@@ -60,25 +86,56 @@ void takeLines(std::string_view text, WardrobeFields& fields) {
 // No line of a name comes near this; a file that is larger is no ensemble, and reading stops.
 constexpr std::size_t kLargestFile = 1U << 20U;
 
+std::string startOf(File& file) {
+    std::string content(std::min<std::size_t>(kLargestFile, static_cast<std::size_t>(file.size())),
+                        '\0');
+    content.resize(file.read(content.data(), content.size()));
+    return content;
+}
+
+// How the fields differ from what the file at path holds, if it can be read.
+std::string changesInWords(const Path& path, const WardrobeFields& fields) {
+    std::vector<RowChange> changes;
+    ignoringErrors([&] {
+        WardrobeFields old = fields;
+        takeLines(startOf(*files().open(path, OpenMode::Input)), old);
+        for (const Line& line : kLines) {
+            if (old.*line.field != fields.*line.field) {
+                changes.push_back({line.name, old.*line.field, fields.*line.field});
+            }
+        }
+    });
+    return inWords(changes);
+}
+
 }  // namespace
 
 void loadEnsemble(const Path& path, WardrobeFields& fields) {
     const Slot slot = streams().freeSlot();
     File& file = streams().open(slot, path, OpenMode::Input);
-    std::string content(std::min<std::size_t>(kLargestFile, static_cast<std::size_t>(file.size())),
-                        '\0');
-    content.resize(file.read(content.data(), content.size()));
-    takeLines(content, fields);
+    takeLines(startOf(file), fields);
     streams().close(slot);
 }
 
-void saveEnsemble(const Path& path, const WardrobeFields& fields) {
+bool saveEnsemble(const Path& path, const WardrobeFields& fields, HistoryCommand& history) {
     std::string content;
-    for (const Field field : kLines) {
-        content += fields.*field + "\r\n";
+    for (const Line& line : kLines) {
+        content += fields.*line.field + "\r\n";
     }
     refuseTemplate(path);
-    replaceFileContent(path, content, ReadOnlyTarget::Refuse);
+    const std::string changes = changesInWords(path, fields);
+    return replaceFileContent(path, content, ReadOnlyTarget::Refuse, [&](const Path& beside) {
+        return history.keepOrAsk(path, stateOfFile(beside), changes);
+    });
+}
+
+bool deleteEnsemble(const Path& path, HistoryCommand& history) {
+    refuseTemplate(path.folder());
+    if (!history.keepOrAsk(path, std::nullopt)) {
+        return false;
+    }
+    files().remove(path);
+    return true;
 }
 
 }  // namespace marlowick

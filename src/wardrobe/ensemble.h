@@ -2,6 +2,7 @@
 // line's meaning is its number alone; docs/file-formats.md has the table.
 #pragma once
 
+#include "foundation/history_command.h"
 #include "system/path.h"
 #include "wardrobe/wardrobe_fields.h"
 
@@ -14,9 +15,14 @@ namespace marlowick {
 // stream then stays open.
 void loadEnsemble(const Path& path, WardrobeFields& fields);
 
-// Writes all 22 lines, each ended by CR LF, in the place of what stands at path. Raises 75 for a
+// Writes all 22 lines, each ended by CR LF, in the place of what stands at path, which history
+// keeps before. False if that can't be kept and the person doesn't want to go on. Raises 75 for a
 // read-only file and for one that a link puts into a Legacy game's templates, and what writing
 // raises; an old file is then as it was.
-void saveEnsemble(const Path& path, const WardrobeFields& fields);
+bool saveEnsemble(const Path& path, const WardrobeFields& fields, HistoryCommand& history);
+
+// Deletes the file, which history keeps before; false as above. Raises 75 for one in a folder that
+// a link puts into a Legacy game's templates, and what the deletion raises.
+bool deleteEnsemble(const Path& path, HistoryCommand& history);
 
 }  // namespace marlowick

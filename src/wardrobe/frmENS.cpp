@@ -8,6 +8,7 @@
 #include "ui_frmENS.h"
 #include "wardrobe/ensemble.h"
 #include "widgets/display_text.h"
+#include "widgets/history_messages.h"
 #include "widgets/messages.h"
 
 namespace marlowick {
@@ -89,8 +90,8 @@ bool frmENS::save() {
         !confirmAction(QStringLiteral("Overwrite file ") + toDisplay(path))) {
         return false;
     }
-    saveEnsemble(path, *fields_);
-    return true;
+    HistoryCommand history(earlierVersions(), "Save ensemble", fileName(), mayGoOnWithout);
+    return saveEnsemble(path, *fields_, history);
 }
 
 // The file is the list's, whatever has been typed; without one the folder itself is opened, which
@@ -107,11 +108,12 @@ void frmENS::cmdDelete_Click() {
         !confirmAction(QStringLiteral("Delete file ") + toDisplay(ensembleFolder().child(name)))) {
         return;
     }
-    ignoringErrors([&] {
-        const Path file = ensembleFolder().child(name);
-        refuseTemplate(file.folder());
-        files().remove(file);
-    });
+    HistoryCommand history(earlierVersions(), "Delete ensemble", name, mayGoOnWithout);
+    bool wanted = true;
+    ignoringErrors([&] { wanted = deleteEnsemble(ensembleFolder().child(name), history); });
+    if (!wanted) {
+        return;
+    }
     refreshList();
     ui->txtFileName->clear();
 }

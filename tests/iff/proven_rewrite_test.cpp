@@ -145,19 +145,6 @@ TEST_F(ProvenRewriteTest, TellsWhetherTheDiskStillHoldsWhatWasLoaded) {
     EXPECT_FALSE(isChangedSince(folder.path("none\\x"), bytes));
 }
 
-// A game of the Legacy Collection plays with what lies among the saves; a file in its own folder is
-// the template that it made that of.
-TEST_F(ProvenRewriteTest, ATemplateOfALegacyGameIsNeverReplaced) {
-    folder.write("game/Sims.exe", "MZ");
-    folder.write("game/eadpsdk.json", "{}");
-    EXPECT_EQ(errorOf([&] { save(); }), 75);
-    EXPECT_TRUE(folder.read(kName) == old);
-    EXPECT_TRUE(history.entries().empty());
-    std::filesystem::remove(folder.game() / "eadpsdk.json");
-    EXPECT_TRUE(save());
-    EXPECT_FALSE(folder.read(kName) == old);
-}
-
 // Each operation of a whole save fails, with each error, and the machine stops at each.
 TEST_F(ProvenRewriteTest, NothingIsLostWhereverASaveFails) {
     struct Case {

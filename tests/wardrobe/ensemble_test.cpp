@@ -6,6 +6,7 @@
 #include "iff/iff_file.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
+#include "support/keeping.h"
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
 #include "system/runtime_error.h"
@@ -36,6 +37,11 @@ std::string lines(int count, const std::string& end = "\r\n") {
 
 class EnsembleTest : public ::testing::Test {
   protected:
+    bool save(const Path& path) {
+        test::Keeping keeping;
+        return saveEnsemble(path, fields, keeping.command);
+    }
+
     // Loads a file into fields that read "old"; how many were filled, in the order of the table.
     int filled(const std::string& content, int expectedError = 0) {
         folder.write("program/ENS/x.ENS", content);
@@ -144,9 +150,9 @@ TEST_F(EnsembleTest, WritesAllLinesAsTheyStand) {
     fields.txtFormalSkin.clear();
     expected.replace(expected.find("Name \xE9 5\r\nName \xE9 6\r\n"), 20,
                      "*** ADULT SIMS ONLY ***\r\n\r\n");
-    saveEnsemble(ensembleFolder().child("x.ENS"), fields);
+    save(ensembleFolder().child("x.ENS"));
     EXPECT_EQ(folder.read("program/ENS/x.ENS"), expected);
-    saveEnsemble(ensembleFolder().child("new.ENS"), fields);
+    save(ensembleFolder().child("new.ENS"));
     EXPECT_EQ(folder.read("program/ENS/new.ENS"), expected);
 }
 
@@ -159,7 +165,7 @@ TEST_F(EnsembleTest, ASaveThatStopsAnywhereLeavesTheOldFileOrTheNewOne) {
     {
         folder.write("program/ENS/x.ENS", "old");
         test::FaultyFiles counting(0, test::FaultyFiles::Fault::Fail);
-        saveEnsemble(ensembleFolder().child("x.ENS"), fields);
+        save(ensembleFolder().child("x.ENS"));
         steps = counting.changes();
     }
     ASSERT_GT(steps, 2);
@@ -167,7 +173,7 @@ TEST_F(EnsembleTest, ASaveThatStopsAnywhereLeavesTheOldFileOrTheNewOne) {
         folder.write("program/ENS/x.ENS", "old");
         const test::FaultyFiles stopping(step, test::FaultyFiles::Fault::Stop);
         try {
-            saveEnsemble(ensembleFolder().child("x.ENS"), fields);
+            save(ensembleFolder().child("x.ENS"));
         } catch (const RuntimeError&) {
         }
         const std::string left = folder.read("program/ENS/x.ENS");
@@ -178,8 +184,53 @@ TEST_F(EnsembleTest, ASaveThatStopsAnywhereLeavesTheOldFileOrTheNewOne) {
 TEST_F(EnsembleTest, AReadOnlyEnsembleStays) {
     folder.write("program/ENS/x.ENS", "old");
     folder.makeReadOnly("program/ENS/x.ENS");
-    EXPECT_THROW(saveEnsemble(ensembleFolder().child("x.ENS"), fields), RuntimeError);
+    EXPECT_THROW(save(ensembleFolder().child("x.ENS")), RuntimeError);
     EXPECT_EQ(folder.read("program/ENS/x.ENS"), "old");
+}
+
+TEST_F(EnsembleTest, WhatASaveReplacesIsKept) {
+    const Path path = ensembleFolder().child("x.ENS");
+    const History history(historyPlaces());
+    std::filesystem::create_directories(folder.program() / "ENS");
+    fields.txtFormalBody = "f100fafit_original";
+    EXPECT_TRUE(save(path));
+    const std::string first = folder.read("program/ENS/x.ENS");
+    EXPECT_TRUE(save(path));
+    fields.txtFormalBody = "f301fafit_rose";
+    fields.txtHandOpenLeft = "huaolgt";
+    EXPECT_TRUE(save(path));
+    // The one in the middle changed nothing.
+    const std::vector<HistoryEntry> entries = history.entries();
+    ASSERT_EQ(entries.size(), 2U);
+    const HistoryRecord& last = entries[0].about.records.at(0);
+    EXPECT_EQ(readWholeFile(history.keptFile(entries[0], last)), first);
+    EXPECT_EQ(last.after, stateOf(folder.read("program/ENS/x.ENS")));
+    EXPECT_EQ(last.changes,
+              "Formal: f100fafit_original \xE2\x86\x92 f301fafit_rose\n"
+              "Left open hand: nothing \xE2\x86\x92 huaolgt");
+    EXPECT_EQ(entries[1].about.records.at(0).before, std::nullopt);
+}
+
+TEST_F(EnsembleTest, WhatADeletionTakesIsKept) {
+    const Path path = ensembleFolder().child("x.ENS");
+    folder.write("program/ENS/x.ENS", "old");
+    folder.write("program/History", "a file");
+    {
+        test::Keeping keeping(false);
+        EXPECT_FALSE(deleteEnsemble(path, keeping.command));
+        EXPECT_EQ(keeping.questions, 1);
+        EXPECT_FALSE(saveEnsemble(path, fields, keeping.command));
+    }
+    EXPECT_EQ(folder.read("program/ENS/x.ENS"), "old");
+    std::filesystem::remove(folder.program() / "History");
+    test::Keeping keeping;
+    EXPECT_TRUE(deleteEnsemble(path, keeping.command));
+    EXPECT_FALSE(folder.exists("program/ENS/x.ENS"));
+    const std::vector<HistoryEntry> entries = keeping.history.entries();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(readWholeFile(keeping.history.keptFile(entries[0], entries[0].about.records.at(0))),
+              "old");
+    EXPECT_EQ(entries[0].about.records[0].after, std::nullopt);
 }
 
 // Each of them keeps a number, and the sims have one of their own.
