@@ -6,6 +6,7 @@
 #include "history_test.h"
 #include "support/faulty_files.h"
 #include "support/quick_disk.h"
+#include "support/sweep_step.h"
 
 namespace marlowick {
 namespace {
@@ -34,7 +35,7 @@ class HistoryFaultsTest : private test::QuickDisk, public test::HistoryTest {
         int points = 0;
         for (const Case& row : kCases) {
             bool isThrough = false;
-            for (int k = 1; !isThrough; ++k, ++points) {
+            for (int k = 1; !isThrough; k += test::kSweepStep, ++points) {
                 prepare();
                 {
                     const FaultyFiles faulty(k, row.fault, row.number, FaultyFiles::Counted::All);
@@ -171,7 +172,7 @@ TEST_F(HistoryFaultsTest, NothingIsLostWhereverTheKeepingFails) {
                                  expectRecordsWhole();
                                  EXPECT_EQ(leftovers(), std::vector<std::string>{});
                              });
-    EXPECT_GT(points, 300);
+    EXPECT_GT(points, 300 / test::kSweepStep);
 }
 
 TEST_F(HistoryFaultsTest, NothingIsLostWhereverTheRestoringFails) {
@@ -212,7 +213,7 @@ TEST_F(HistoryFaultsTest, NothingIsLostWhereverTheRestoringFails) {
         expectRecordsWhole();
         EXPECT_EQ(leftovers(), std::vector<std::string>{});
     });
-    EXPECT_GT(points, 300);
+    EXPECT_GT(points, 300 / test::kSweepStep);
 }
 
 // What a person who says "go on" gets: the new file, whatever became of the old bytes.
@@ -231,7 +232,7 @@ TEST_F(HistoryFaultsTest, WhoGoesOnWithoutGetsTheNewFileAndNoFalseRecord) {
                                  EXPECT_TRUE(content == oldContent(1) || content == "new");
                                  expectRecordsWhole();
                              });
-    EXPECT_GT(points, 100);
+    EXPECT_GT(points, 100 / test::kSweepStep);
 }
 
 TEST_F(HistoryFaultsTest, PruningThatFailsOrStopsGoesOnTheNextTime) {
@@ -258,7 +259,7 @@ TEST_F(HistoryFaultsTest, PruningThatFailsOrStopsGoesOnTheNextTime) {
                                  }));
             expectRecordsWhole();
         });
-    EXPECT_GT(points, 300);
+    EXPECT_GT(points, 300 / test::kSweepStep);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Makes the folders of tests in the machine's memory, where there is room for them: a test that
-// replaces thousands of files would wait minutes for a disk to take each of them.
+// replaces thousands of files would wait minutes for a disk to take each of them. Under Wine the
+// same memory is a folder of drive Z; Windows itself has none.
 #pragma once
 
 #include <cstdlib>
@@ -12,32 +13,44 @@ namespace marlowick::test {
 class QuickDisk {
   public:
     QuickDisk() {
-#ifndef _WIN32
         constexpr std::uintmax_t kEnough = 128U << 20U;  // bytes
-        constexpr const char* kMemory = "/dev/shm";
         std::error_code failure;
         const auto space = std::filesystem::space(kMemory, failure);
         if (!failure && space.available >= kEnough) {
-            const char* before = std::getenv("TMPDIR");
+            const char* before = std::getenv(kVariable);
             before_ = before == nullptr ? "" : before;
-            ::setenv("TMPDIR", kMemory, 1);
+            set(kMemory);
             isSet_ = true;
         }
-#endif
     }
     ~QuickDisk() {
-#ifndef _WIN32
-        if (isSet_ && before_.empty()) {
-            ::unsetenv("TMPDIR");
-        } else if (isSet_) {
-            ::setenv("TMPDIR", before_.c_str(), 1);
+        if (isSet_) {
+            set(before_);
         }
-#endif
     }
     QuickDisk(const QuickDisk&) = delete;
     QuickDisk& operator=(const QuickDisk&) = delete;
 
   private:
+    // An empty value takes the variable away.
+#ifdef _WIN32
+    static constexpr const char* kMemory = "Z:\\dev\\shm";
+    static constexpr const char* kVariable = "TMP";
+    static void set(const std::string& value) {
+        ::_putenv_s(kVariable, value.c_str());
+    }
+#else
+    static constexpr const char* kMemory = "/dev/shm";
+    static constexpr const char* kVariable = "TMPDIR";
+    static void set(const std::string& value) {
+        if (value.empty()) {
+            ::unsetenv(kVariable);
+        } else {
+            ::setenv(kVariable, value.c_str(), 1);
+        }
+    }
+#endif
+
     std::string before_;
     bool isSet_ = false;
 };
