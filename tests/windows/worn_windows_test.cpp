@@ -297,6 +297,66 @@ TEST_F(WornWindowsTest, AChoiceIsSeenWornBeforeItIsSaved) {
     });
 }
 
+TEST_F(WornWindowsTest, AChoiceThatCantBeLoadedShowsTheCardInBoth) {
+    gsBuildModelCatalogue();
+    openSim([this](QWidget& window) {
+        const test::ErrorRecorder recorder;
+        script.whenShown("frmSelectSkin", [this](QWidget& chooser) {
+            clickLine(chooser, "lstModels", "B002FAFIT_01");
+            folder.write(kSkins + "b002fafitlgt_a.bmp", "no bitmap any more");
+            click(chooser, "cmdSelect");
+        });
+        click(window, "cmdChangeNormal");
+        EXPECT_EQ(recorder.reports().size(), 1U);
+        EXPECT_EQ(test::textOf(window, "txtNormalSkin"), "b002fafitlgt_a");
+        EXPECT_FALSE(viewOf(window).isVisible());
+        EXPECT_EQ(find<PictureBox>(window, "picNormal")->picture(),
+                  find<PictureBox>(window, "picNotFound")->picture());
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(WornWindowsTest, AnEnsembleIsSeenWornOnceItIsLoaded) {
+    std::filesystem::create_directories(folder.program() / "ENS");
+    gsBuildModelCatalogue();
+    openSim([this](QWidget& window) {
+        script.whenShown("frmENS", [](QWidget& ensembles) {
+            find<QLineEdit>(ensembles, "txtFileName")->setText("blue");
+            click(ensembles, "cmdSaveLoad");
+        });
+        click(window, "cmdEnsSave");
+        script.whenShown("frmSelectSkin", [](QWidget& chooser) {
+            clickLine(chooser, "lstModels", "B002FAFIT_01");
+            click(chooser, "cmdSelect");
+        });
+        click(window, "cmdChangeNormal");
+        EXPECT_EQ(test::blueSeen(viewOf(window)).all(), 0);
+        script.whenShown("frmENS", [](QWidget& ensembles) {
+            auto* list = find<QListWidget>(ensembles, "flbENS");
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                              list->visualItemRect(list->item(0)).center());
+            click(ensembles, "cmdSaveLoad");
+        });
+        click(window, "cmdEnsLoad");
+        EXPECT_GT(test::blueSeen(viewOf(window)).all(), 2000);
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(WornWindowsTest, TheOptionsAreChosenByKeysToo) {
+    openSim([](QWidget& window) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        find<QRadioButton>(window, "optWorn")->setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Right);
+        EXPECT_TRUE(find<QRadioButton>(window, "optSkin")->isChecked());
+        EXPECT_FALSE(viewOf(window).isVisible());
+        QTest::keyClick(window.focusWidget(), Qt::Key_Left);
+        EXPECT_TRUE(viewOf(window).isVisible());
+        click(window, "cmdCancel");
+    });
+}
+
 TEST_F(WornWindowsTest, ADefaultThatIsOnlyInAnArchiveShowsTheCardInBoth) {
     test::writeBodies(folder, {"s100fafit_original"});
     folder.write("game/GameData/Textures/Textures.far",
@@ -404,6 +464,47 @@ TEST_F(WornWindowsTest, TheChooserShowsAPagesFirstCellAndKeepsThePoseFromClickTo
         click(window, "cmdChangeNormal");
         EXPECT_TRUE(find<QRadioButton>(window, "optSkin")->isChecked());
         EXPECT_FALSE(viewOf(window).isVisible());
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(WornWindowsTest, TheFirstCellOfEachPageCountsAsChosen) {
+    for (int i = 0; i < 50; ++i) {
+        skin("b002fafitlgt_n" + std::to_string(100 + i), i == 47 ? kBlue : kGreen, kRed);
+    }
+    gsBuildModelCatalogue();
+    openSim([this](QWidget& window) {
+        script.whenShown("frmSelectSkin", [](QWidget& chooser) {
+            clickLine(chooser, "lstModels", "B002FAFIT_01");
+            clickCell(chooser, 3);
+            EXPECT_EQ(test::blueSeen(viewOf(chooser)).all(), 0);
+            // Two skins come before those fifty.
+            click(chooser, "cmdNext");
+            EXPECT_GT(test::blueSeen(viewOf(chooser)).all(), 2000);
+            EXPECT_TRUE(viewOf(chooser).accessibleName().contains("skin b002fafitlgt_n147"));
+            click(chooser, "cmdCancel");
+        });
+        click(window, "cmdChangeNormal");
+        click(window, "cmdCancel");
+    });
+}
+
+TEST_F(WornWindowsTest, TheBodyThatCantBeDrawnLeavesTheChoosersFlatPicture) {
+    folder.write(kSkins + "xskin-b002fafit_01.skn", "mesh\nx\n1\nROOT\n1\n0 1 2\n");
+    gsBuildModelCatalogue();
+    openSim([this](QWidget& window) {
+        script.whenShown("frmSelectSkin", [](QWidget& chooser) {
+            clickLine(chooser, "lstModels", "B001FAFIT_01");
+            EXPECT_TRUE(viewOf(chooser).isVisible());
+            clickLine(chooser, "lstModels", "B002FAFIT_01");
+            EXPECT_FALSE(viewOf(chooser).isVisible());
+            EXPECT_TRUE(showsBitmap(chooser, "picSkin"));
+            EXPECT_TRUE(find<PictureBox>(chooser, "picSkin")
+                            ->accessibleDescription()
+                            .contains("no mesh of this body"));
+            click(chooser, "cmdCancel");
+        });
+        click(window, "cmdChangeNormal");
         click(window, "cmdCancel");
     });
 }
