@@ -141,6 +141,7 @@ void frmMain::storeLocation() {
 void frmMain::listAnew() {
     if (listedGame_ != SimsPath) {
         toldOfMissingSaves_ = false;
+        toldOfMissingChoice_ = false;
     }
     listedGame_ = SimsPath;
     listedNeighbourhoods_ = neighbourhoodsPath();
@@ -216,6 +217,7 @@ void frmMain::showPathMessages() {
 
 void frmMain::activateWithGame() {
     if (page_.files().bound() == 0) {
+        tellOfMissingChoice();
         if (waitsForSaves()) {
             tellOfMissingSaves();
         } else {
@@ -235,6 +237,20 @@ void frmMain::listNeighbourhoods() {
     if (!found.isEmpty()) {
         ui->lstUserDataDir->setCurrentItem(found.first());
     }
+}
+
+// A disk that is away, or a folder that got another name: the player must know why other sims show.
+void frmMain::tellOfMissingChoice() {
+    const Path chosen = toPath(readSetting(setting::kNeighborhoods));
+    if (chosen.empty() || mayChooseNeighbourhoods(chosen) ||
+        std::exchange(toldOfMissingChoice_, true)) {
+        return;
+    }
+    showMessage(
+        QStringLiteral("Neighborhoods Not Found"), MessageIcon::Exclamation, MessageButtons::Ok,
+        QStringLiteral("No neighborhoods that the game plays with were found in:\n%1\nThose "
+                       "of the game's own place are listed instead:\n%2")
+            .arg(toDisplay(chosen), toDisplay(neighbourhoodsPath())));
 }
 
 void frmMain::tellOfMissingSaves() {

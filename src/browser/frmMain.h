@@ -61,6 +61,7 @@ class frmMain : public QMainWindow, public FormEvents {
     void showPathMessages();
     void activateWithGame();
     void listNeighbourhoods();
+    void tellOfMissingChoice();
     void tellOfMissingSaves();
     static bool isGameThere();
 
@@ -107,6 +108,7 @@ class frmMain : public QMainWindow, public FormEvents {
     Path listedGame_;
     Path listedNeighbourhoods_;
     bool toldOfMissingSaves_ = false;
+    bool toldOfMissingChoice_ = false;
     RunningGameNotice runningGame_;
 
     List<std::string> masUserDataDirs;

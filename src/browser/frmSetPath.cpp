@@ -1,5 +1,7 @@
 #include "browser/frmSetPath.h"
 
+#include <QScreen>
+
 #include "foundation/open_game.h"
 #include "system/files.h"
 #include "system/registry.h"
@@ -65,10 +67,13 @@ void frmSetPath::Form_Load() {
     ui->txtRegistry->setText(registeredSimsPath());
     ui->txtLocation->setText(toDisplay(toPath(readSetting(setting::kSimsLocation))));
     const Path chosen = toPath(readSetting(setting::kNeighborhoods));
-    if (mayChooseNeighbourhoods(chosen)) {
+    // Also if they are away for now: an OK must not forget what the player chose.
+    if (!chosen.empty()) {
         showNeighbourhoods(chosen, true);
     }
     listGames();
+    // On a small screen the window takes what there is inside of a frame.
+    resize(size().boundedTo(screen()->availableSize() - QSize(16, 40)));
     ui->txtLocation->selectAll();
     ui->txtLocation->setFocus();
 }

@@ -10,6 +10,7 @@ namespace marlowick {
 namespace {
 
 constexpr std::size_t kMostPrefixes = 200;  // of one kind
+constexpr std::size_t kMostNames = 10000;   // that they stand among
 constexpr std::size_t kMostUsers = 50;
 
 constexpr std::string_view kShellFolders =
@@ -43,8 +44,11 @@ class Prefixes {
     }
 
     void addAllIn(std::string_view collection) {
-        for (const std::string& name :
-             look_.names(home_ + std::string(collection), kMostPrefixes)) {
+        const std::size_t most = prefixes_.size() + kMostPrefixes;
+        for (const std::string& name : look_.names(home_ + std::string(collection), kMostNames)) {
+            if (prefixes_.size() == most) {
+                return;
+            }
             add(std::string(collection) + "\\" + name);
         }
     }
@@ -77,7 +81,9 @@ std::optional<Path> placeInPrefix(const Path& prefix, const std::string& text, B
     const std::optional<Path> drive =
         look.folder(Path(path->text().substr(0, path->text().size() - (text.size() - kDrive))));
     if (drive) {
-        return *drive + rest.text();
+        // The root itself ends in the separator with which the rest begins.
+        const bool isRoot = drive->text().ends_with('\\');
+        return Path(drive->text().substr(0, drive->text().size() - (isRoot ? 1 : 0)) + rest.text());
     }
     // Without a link, drive C: is where it always is.
     return lowerByte(text[0]) == 'c' ? std::optional(prefix + "\\drive_c" + rest.text())
@@ -91,6 +97,9 @@ std::optional<Path> shellFolder(const std::optional<WineText>& value, const Path
         return std::nullopt;
     }
     std::string text = value->text;
+    if (text.find('\0') != std::string::npos) {
+        return std::nullopt;
+    }
     if (value->isExpandable &&
         equalsIgnoringCase(std::string_view(text).substr(0, kUserProfile.size()), kUserProfile)) {
         text.replace(0, kUserProfile.size(), "C:\\users\\" + user);

@@ -31,6 +31,13 @@ std::optional<std::uint32_t> numberOf(std::string_view name) {
                                                                       : std::nullopt;
 }
 
+// A program that has ended and that nobody has asked about yet still has its name.
+bool hasEnded(const std::string& folder) {
+    const std::string line = startOf(folder + "/stat");
+    const std::size_t name = line.rfind(')');
+    return name != std::string::npos && line.compare(name, 3, ") Z") == 0;
+}
+
 }  // namespace
 
 std::vector<RunningProgram> systemRunningPrograms() {
@@ -46,6 +53,9 @@ std::vector<RunningProgram> systemRunningPrograms() {
             const std::string folder = std::string("/proc/") + entry->d_name;
             const std::string commandLine = startOf(folder + "/cmdline");
             const bool hasName = !commandLine.empty() && commandLine.front() != '\0';
+            if (!hasName && hasEnded(folder)) {
+                continue;
+            }
             programs.push_back(
                 {*id, programName(commandLine, hasName ? "" : startOf(folder + "/comm"))});
         }

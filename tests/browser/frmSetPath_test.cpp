@@ -286,6 +286,23 @@ TEST_F(SetPathGamesTest, ChosenNeighbourhoodsAreStoredAndShownAgain) {
     EXPECT_EQ(neighbourhoodsPath(), folder.path("game"));
 }
 
+TEST_F(SetPathGamesTest, AChoiceThatIsAwayIsShownAndNotForgottenByAnOk) {
+    const QString chosen = shown("copies");
+    writeSetting(setting::kNeighborhoods, chosen);
+    std::filesystem::rename(folder.root() / "copies", folder.root() / "unplugged");
+    withWindow([&](QWidget& window) {
+        EXPECT_EQ(textOf(window, "txtNeighborhoods"), chosen);
+        script.answer();
+        click(window, "cmdOK");
+        EXPECT_TRUE(window.isVisible());
+        click(window, "cmdCancel");
+    });
+    show();
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Selected Location Invalid");
+    EXPECT_EQ(readSetting(setting::kNeighborhoods), chosen);
+}
+
 TEST_F(SetPathGamesTest, AnotherLocationOrAnEmptyBoxMeansAutomatic) {
     const auto choose = [this] {
         writeSetting(setting::kNeighborhoods, shown("copies"));

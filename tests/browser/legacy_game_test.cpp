@@ -188,7 +188,32 @@ TEST_F(LegacyGameTest, TheTemplatesAreNoChoiceOfASettingEither) {
     makeSaves(kSaves);
     writeSetting(setting::kSimsLocation, shown(kInstall));
     writeSetting(setting::kNeighborhoods, shown(kInstall));
+    script.answer();
     EXPECT_EQ(lines(show()), kSavedLines);
+}
+
+// A chosen folder that is away is told of once, and stays the choice.
+TEST_F(LegacyGameTest, ChosenNeighbourhoodsThatAreAwayAreToldOfAndNotForgotten) {
+    makeSaves(kSaves);
+    writeSim("copies/UserData5", "Carla");
+    writeSetting(setting::kSimsLocation, shown(kInstall));
+    writeSetting(setting::kNeighborhoods, shown("copies"));
+    const QString chosen = shown("copies");
+    fs::rename(folder.root() / "copies", folder.root() / "unplugged");
+    script.answer();
+    frmMain& window = show();
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Neighborhoods Not Found");
+    EXPECT_EQ(script.messages()[0].icon, QMessageBox::Warning);
+    EXPECT_TRUE(script.messages()[0].text.contains(chosen + '\n'));
+    EXPECT_TRUE(script.messages()[0].text.endsWith(shown(kSaves)));
+    EXPECT_EQ(lines(window), kSavedLines);
+    window.Form_Activate();
+    EXPECT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(readSetting(setting::kNeighborhoods), chosen);
+    fs::rename(folder.root() / "unplugged", folder.root() / "copies");
+    window.Form_Activate();
+    EXPECT_EQ(lines(window), QStringList{"Neighborhood 05   (UserData5)"});
 }
 
 // The disk of a game that isn't there at the start may come; its templates must not be listed.

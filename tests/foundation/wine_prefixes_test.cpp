@@ -55,6 +55,14 @@ TEST_F(WinePrefixesTest, EachKindComesInItsTurnAndByName) {
                     "~/Games/Heroic/Prefixes/h", "~/Games/Heroic/Prefixes/default/d"));
 }
 
+TEST_F(WinePrefixesTest, WhatIsNoPrefixTakesNoPrefixsPlace) {
+    for (int i = 0; i < 250; ++i) {
+        fs::create_directories(machine.folder.root() / "home/Games" / ("a" + std::to_string(i)));
+    }
+    machine.prefix("home/Games/sims");
+    EXPECT_THAT(shown(), ElementsAre("~/Games/sims"));
+}
+
 TEST_F(WinePrefixesTest, APrefixOfSteamsWineIsOneFolderDeeper) {
     machine.prefix("home/Games/Heroic/Prefixes/default/Sims/pfx");
     EXPECT_THAT(shown(), ElementsAre("~/Games/Heroic/Prefixes/default/Sims"));
@@ -132,8 +140,9 @@ TEST_F(WinePrefixesTest, AMovedFolderStandsInTheUsersRegistry) {
 
 TEST_F(WinePrefixesTest, AValueThatLeadsNowhereMovesNothing) {
     user("player");
-    for (const char* value : {"str(2):\"%APPDATA%\\\\x\"", "\"%USERPROFILE%\\\\x\"", "\"Q:\\\\x\"",
-                              "\"x\"", "\"\"", "dword:00000001"}) {
+    for (const char* value :
+         {"\"C:\\\\x\\0\"", "str(2):\"%APPDATA%\\\\x\"", "\"%USERPROFILE%\\\\x\"", "\"Q:\\\\x\"",
+          "\"x\"", "\"\"", "dword:00000001"}) {
         machine.prefix(
             "p", "",
             test::MadeUpMachine::shellFolders(
@@ -155,8 +164,11 @@ TEST_F(WinePrefixesTest, DrivesMapThroughTheirLinks) {
     EXPECT_EQ(registeredGame(machine.at("p"), look), machine.at("disk/Games/Sims"));
     EXPECT_THAT(savedGames(), ElementsAre(machine.at("disk/Saves").text()));
     fs::create_directory_symlink("/", machine.folder.root() / "p" / "dosdevices" / "z:");
-    machine.prefix("p", test::MadeUpMachine::installPath("z:" + machine.quoted("disk/Games/Sims")));
+    machine.prefix("p", test::MadeUpMachine::installPath("z:" + machine.quoted("disk/Games/Sims")),
+                   test::MadeUpMachine::shellFolders(
+                       "\"{4C5C32FF-BB9D-43B0-B5B4-2D72E54EAAA4}\"=\"z:\\\\Saves\"\n"));
     EXPECT_EQ(registeredGame(machine.at("p"), look), machine.at("disk/Games/Sims"));
+    EXPECT_THAT(savedGames(), ElementsAre("\\Saves"));
 }
 
 TEST_F(WinePrefixesTest, APrefixUnderTwoNamesIsOne) {

@@ -55,5 +55,20 @@ TEST(ProcessesTest, OneWithAnEmptyArgumentGoesByItsFile) {
     EXPECT_TRUE(Sleeper("").isListedAs("sleep"));
 }
 
+// A child that nobody has asked about yet.
+TEST(ProcessesTest, OneThatHasEndedIsNone) {
+    const pid_t id = ::fork();
+    if (id == 0) {
+        ::_exit(0);
+    }
+    siginfo_t ended{};
+    ASSERT_EQ(::waitid(P_PID, static_cast<id_t>(id), &ended, WEXITED | WNOWAIT), 0);
+    const std::vector<RunningProgram> programs = runningPrograms();
+    EXPECT_TRUE(std::none_of(programs.begin(), programs.end(), [&](const RunningProgram& one) {
+        return one.id == static_cast<std::uint32_t>(id);
+    }));
+    ::waitpid(id, nullptr, 0);
+}
+
 }  // namespace
 }  // namespace marlowick
