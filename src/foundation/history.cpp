@@ -63,7 +63,7 @@ void History::prune() {
 }
 
 // A listing that fails tells no names, and the command would get the number of the oldest. So after
-// an empty one there is a second look, which must show at least the new folder.
+// an empty one there is a second look, which must show the new folder and no other.
 std::string History::openFolder(std::string_view command, std::string_view simName) {
     if (!files().folderExists(places_.history)) {
         files().makeFolder(places_.history);
@@ -75,7 +75,7 @@ std::string History::openFolder(std::string_view command, std::string_view simNa
     std::string folder = historyFolderName(newest + 1, localTime(), command, simName);
     const Path path = places_.history.child(folder);
     files().makeFolder(path);
-    if (newest == 0 && newestNumber(places_.history) != 1) {
+    if (newest == 0 && historyFolders(places_.history).size() != 1) {
         ignoringErrors([&] { files().removeFolder(path); });
         throw RuntimeError(error::kPathFileAccess);
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <memory>
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -13,6 +14,7 @@
 #include "system/files.h"
 #include "system/game_text.h"
 #include "system/places.h"
+#include "system/runtime_error.h"
 
 namespace marlowick {
 namespace {
@@ -35,10 +37,10 @@ std::string neighbourhoodFolder(const Path& userFile) {
     return path.substr(start, path.find('\\', start) - start);
 }
 
-// The name as it stands in the folder.
+// The name as it stands in the folder; as it is written where the folder can't be listed.
 std::string nameOnDisk(const Path& userFile) {
     const auto names = searchFiles(userFile.folder(), userFile.fileName());
-    return names.empty() ? std::string() : names.front();
+    return names.empty() ? userFile.fileName() : names.front();
 }
 
 // The backups that this run of the program has made, and the folders that their files came from.
@@ -78,6 +80,30 @@ Path placeForBackup(const Path& userFile, const std::string& simName, const std:
     return place;
 }
 
+// Copies a file to a place that may be taken. The copy is whole and on the disk before it takes its
+// name there, so that no backup is ever the beginning of one. Its name on the way is always the
+// same: a backup's own may leave no room for an ending, and the next backup clears what is left.
+void copyWhole(const Path& source, const Path& place) {
+    if (files().fileExists(place) && files().isReadOnly(place)) {
+        throw RuntimeError(error::kPathFileAccess);
+    }
+    const Path onTheWay = place.folder() + "\\backup" + kNewFileEnding;
+    clearAndRemove(onTheWay);
+    try {
+        {
+            const std::unique_ptr<File> from = files().open(source, OpenMode::Input);
+            const std::unique_ptr<File> to = files().open(onTheWay, OpenMode::CreateNew);
+            copyRest(*from, *to);
+            to->flush();
+        }
+        files().rename(onTheWay, place);
+    } catch (...) {
+        const RuntimeError failure = currentError();
+        ignoringErrors([&] { clearAndRemove(onTheWay); });
+        throw RuntimeError(failure);
+    }
+}
+
 }  // namespace
 
 std::string backupName(const Path& userFile, const std::string& simName, const std::tm& time) {
@@ -95,7 +121,7 @@ bool msMakeUserBackup(const Path& userFile, const std::string& simName) {
         const Path place = placeForBackup(userFile, simName, localTime());
         CheckpointNumber = 3000;
         refuseTemplate(place);
-        copyFile(userFile, place);
+        copyWhole(userFile, place);
         madeBackups()[place.text()] = userFile.folder();
     });
 }

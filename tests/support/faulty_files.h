@@ -3,17 +3,39 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <span>
 
 #include "system/files.h"
 #include "system/runtime_error.h"
 
 namespace marlowick::test {
 
+// What a disk is asked to do.
+enum class Operation {
+    OpenToRead,
+    OpenToWrite,  // also a file that is made
+    Read,
+    Write,
+    Flush,
+    Rename,
+    Delete,
+    MakeFolder,
+    RemoveFolder,
+    List,
+    Measure,
+    ChangeRights,
+};
+
+// The numbers of the errors with which a disk can refuse it.
+std::span<const int> errorsOf(Operation operation);
+
 class FaultyFiles : public FileSystem {
   public:
     enum class Fault {
-        Fail,  // the n-th change raises 57, later ones work
-        Stop,  // the n-th change and all later ones raise 57 and do nothing
+        Fail,     // the n-th change raises 57, later ones work
+        FailOwn,  // the n-th change raises one of its own errors, later ones work
+        Stop,     // the n-th change and all later ones raise 57 and do nothing
     };
 
     enum class Counted {
@@ -21,7 +43,8 @@ class FaultyFiles : public FileSystem {
         All,  // opening for reading, reading, listing (which then shows nothing) and measuring too
     };
 
-    // Changes count from 1; 0 never fails. number is the error that is raised.
+    // Changes count from 1; 0 never fails. number is the error that is raised; with FailOwn it
+    // counts the errors of the operation that fails, from 0.
     FaultyFiles(int failAt, Fault fault, int number = error::kDeviceIo,
                 Counted counted = Counted::Changes);
     ~FaultyFiles() override;
@@ -29,11 +52,13 @@ class FaultyFiles : public FileSystem {
     FaultyFiles& operator=(const FaultyFiles&) = delete;
 
     int changes() const { return changes_; }
+    // The first operation that has failed.
+    std::optional<Operation> failed() const { return failed_; }
 
     // Raises if this change is due to fail.
-    void change();
+    void change(Operation operation);
     // The same for what changes nothing, where that is counted.
-    void look();
+    void look(Operation operation);
 
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override;
     std::vector<FolderEntry> list(const Path& folder) override;
@@ -59,6 +84,7 @@ class FaultyFiles : public FileSystem {
     int number_;
     Counted counted_;
     int changes_ = 0;
+    std::optional<Operation> failed_;
 };
 
 }  // namespace marlowick::test
