@@ -4,7 +4,7 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache qt6-base-dev qt6-base-d
     nlohmann-json3-dev fonts-dejavu-core)
 # What the Linux package needs to run.
 RUN_PACKAGES=(libqt6widgets6 fonts-dejavu-core)
-TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev strace)
 CHECK_PACKAGES=(git clang-format clang-tidy cppcheck)
 VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth openbox)
 # For the Windows program, and for running it under Wine.
