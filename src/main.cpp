@@ -8,6 +8,9 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     marlowick::prepareApplication();
     marlowick::findProgramFolder();
+    if (!marlowick::isOnlyCopy()) {
+        return 0;
+    }
     marlowick::startProgram();
     const int code = QApplication::exec();
     marlowick::setErrorTrap({});

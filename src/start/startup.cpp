@@ -3,12 +3,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QThread>
 
 #include "foundation/error_trap.h"
 #include "foundation/game.h"
 #include "start/frmErrorDialog.h"
 #include "start/frmTitle.h"
 #include "system/files.h"
+#include "system/program_lock.h"
 #include "widgets/display_text.h"
 #include "widgets/look.h"
 #include "widgets/messages.h"
@@ -56,6 +58,27 @@ void installErrorWindow() {
 
 void findProgramFolder() {
     ProgramFolder = toPath(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+}
+
+bool isOnlyCopy() {
+    // One that is just ending, or being killed, lets go within a moment.
+    constexpr int kTries = 10;
+    constexpr unsigned long kPause = 100;  // milliseconds
+    static LockedFolder held;
+    held = {};
+    for (int attempt = 1; attempt <= kTries; ++attempt) {
+        held = lockFolder(ProgramFolder);
+        if (held.answer != LockAnswer::HeldByOther) {
+            return true;
+        }
+        QThread::msleep(kPause);
+    }
+    showMessage(QStringLiteral("Already Running"), MessageIcon::Information, MessageButtons::Ok,
+                QStringLiteral("Marlowick is running already, from the folder\n%1\n"
+                               "Two at a time would mix up their files. Please use the one that "
+                               "is open.")
+                    .arg(toDisplay(ProgramFolder)));
+    return false;
 }
 
 void startProgram() {

@@ -16,4 +16,8 @@ void findProgramFolder();
 // can't be written into.
 void startProgram();
 
+// Locks the program folder for this copy of the program until it ends. False if another copy has it
+// already, which a message has told then. True also where no lock can be had.
+bool isOnlyCopy();
+
 }  // namespace marlowick

@@ -16,6 +16,7 @@
 #include "support/faulty_files.h"
 #include "support/window_driver.h"
 #include "system/files.h"
+#include "system/program_lock.h"
 #include "widgets/display_text.h"
 #include "widgets/input_guard.h"
 #include "widgets/shell.h"
@@ -34,6 +35,26 @@ TEST(StartupTest, TheProgramFolderIsWrittenWithBackslashes) {
     EXPECT_EQ(ProgramFolder.text().find('/'), std::string::npos);
     const QString program = QFileInfo(QCoreApplication::applicationFilePath()).fileName();
     EXPECT_TRUE(files().fileExists(ProgramFolder + "\\" + program.toStdString()));
+}
+
+class OnlyCopyTest : public test::WindowTest {};
+
+TEST_F(OnlyCopyTest, ASecondCopyInTheFolderSaysSo) {
+    const LockedFolder other = lockFolder(ProgramFolder);
+    ASSERT_EQ(other.answer, LockAnswer::Taken);
+    script.answer();
+    EXPECT_FALSE(isOnlyCopy());
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Already Running");
+    EXPECT_TRUE(script.messages()[0].text.contains(toDisplay(ProgramFolder)));
+    EXPECT_FALSE(script.messages()[0].yesNo);
+}
+
+TEST_F(OnlyCopyTest, TheFirstOneAndOneBehindAnotherSayNothing) {
+    EXPECT_TRUE(isOnlyCopy());
+    EXPECT_TRUE(isOnlyCopy());
+    EXPECT_EQ(lockFolder(ProgramFolder).answer, LockAnswer::HeldByOther);
+    EXPECT_TRUE(script.messages().empty());
 }
 
 class TitleTest : public test::WindowTest {};
