@@ -1,5 +1,6 @@
 #include "browser/frmSetPath.h"
 
+#include <QLayout>
 #include <QScreen>
 
 #include "foundation/open_game.h"
@@ -72,8 +73,9 @@ void frmSetPath::Form_Load() {
         showNeighbourhoods(chosen, true);
     }
     listGames();
-    // On a small screen the window takes what there is inside of a frame.
-    resize(size().boundedTo(screen()->availableSize() - QSize(16, 40)));
+    // On a small screen the window takes what there is inside of a frame, and what it needs.
+    const QSize fitting = size().boundedTo(screen()->availableSize() - QSize(16, 40));
+    resize(fitting.expandedTo({0, layout()->totalMinimumHeightForWidth(fitting.width())}));
     ui->txtLocation->selectAll();
     ui->txtLocation->setFocus();
 }
