@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "system/game_text.h"
 
@@ -79,29 +80,68 @@ Decimal parsed(std::string_view text) {
     return number;
 }
 
-Decimal exactly(float value) {
-    std::array<char, kExactDecimals + 16> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::scientific, kExactDecimals);
-    return parsed({text.data(), static_cast<std::size_t>(end.ptr - text.data())});
+// The digits of a value, so many behind the first one, as the nearest decimal has them.
+Decimal withDecimals(float value, int decimals) {
+    std::array<char, kExactDecimals + 16> text;
+    char* const begin = text.data();
+    char* const end =
+        std::to_chars(begin, begin + text.size(), value, std::chars_format::scientific, decimals)
+            .ptr;
+    const char* const mantissa = begin + (value < 0 ? 1 : 0);
+    const char* const mark = mantissa + 2 + decimals;
+    Decimal number;
+    number.negative = value < 0;
+    number.digits.reserve(static_cast<std::size_t>(decimals) + 1);
+    number.digits.append(mantissa, 1).append(mantissa + 2, mark);
+    number.exponent = numberOf({mark + 2, static_cast<std::size_t>(end - mark - 2)});
+    number.exponent = mark[1] == '-' ? -number.exponent : number.exponent;
+    return number;
+}
+
+// Rounded half away from zero. Two digits more than are wanted tell which way to go, unless they
+// are a half, which may itself be rounded.
+Decimal sevenDigits(float value) {
+    if (value == 0) {
+        return {};
+    }
+    Decimal number = withDecimals(value, kSignificant + 1);
+    if (number.digits.ends_with("50")) {
+        number = withDecimals(value, kExactDecimals);
+    }
+    roundTo(number, kSignificant);
+    return number;
+}
+
+// The number of digits before the point.
+std::size_t wholeDigits(const Decimal& number) {
+    return static_cast<std::size_t>(std::max(number.exponent, 0)) + 1;
+}
+
+bool hasPoint(const Decimal& number) {
+    return number.exponent < 0 || number.digits.size() > wholeDigits(number);
 }
 
 // The digits with the point where it belongs, without a point if nothing stands behind it.
 std::string plainText(const Decimal& number) {
-    std::string text = number.digits.empty() ? "0" : number.digits;
     if (number.digits.empty()) {
-        return text;
+        return "0";
+    }
+    std::string text;
+    if (number.negative) {
+        text += '-';
     }
     if (number.exponent < 0) {
-        text.insert(0, static_cast<std::size_t>(-number.exponent), '0');
+        text += "0.";
+        text.append(static_cast<std::size_t>(-number.exponent) - 1, '0') += number.digits;
+        return text;
     }
-    const auto whole = static_cast<std::size_t>(std::max(number.exponent, 0)) + 1;
-    if (text.size() < whole) {
-        text.append(whole - text.size(), '0');
-    } else if (text.size() > whole) {
-        text.insert(whole, 1, '.');
+    const std::size_t whole = wholeDigits(number);
+    text.append(number.digits, 0, whole);
+    if (hasPoint(number)) {
+        text += '.';
+        return text.append(number.digits, whole);
     }
-    return (number.negative ? "-" : "") + text;
+    return text.append(whole - number.digits.size(), '0');
 }
 
 std::string scientificText(const Decimal& number) {
@@ -120,31 +160,39 @@ std::string fixedText(Decimal number) {
     if (tooMany > 0 && tooMany < static_cast<int>(number.digits.size())) {
         roundTo(number, number.digits.size() - static_cast<std::size_t>(tooMany));
     }
-    const std::string text = plainText(number);
-    return text + (text.find('.') == std::string::npos ? ".0" : "");
+    std::string text = plainText(number);
+    if (number.digits.empty() || !hasPoint(number)) {
+        text += ".0";
+    }
+    return text;
+}
+
+bool isPlain(const Decimal& number) {
+    return number.digits.empty() ||
+           (number.exponent < kPlainDigits && decimalsOf(number) <= kPlainDigits);
+}
+
+std::string withBareOne(std::string fixed) {
+    if (fixed == "1.0" || fixed == "-1.0") {
+        fixed.resize(fixed.size() - 2);
+    }
+    return fixed;
 }
 
 }  // namespace
 
 std::string sevenDigitText(float value) {
-    Decimal number = exactly(value);
-    roundTo(number, kSignificant);
-    const bool plain = number.digits.empty() ||
-                       (number.exponent < kPlainDigits && decimalsOf(number) <= kPlainDigits);
-    return plain ? plainText(number) : scientificText(number);
+    const Decimal number = sevenDigits(value);
+    return isPlain(number) ? plainText(number) : scientificText(number);
 }
 
 std::string textFromSevenDigits(std::string_view text) {
-    std::string fixed = fixedText(parsed(text));
     if (text.find("E-") == std::string_view::npos) {
-        if (fixed == "1.0" || fixed == "-1.0") {
-            fixed.resize(fixed.size() - 2);
-        }
-        return fixed;
+        return withBareOne(fixedText(parsed(text)));
     }
     const std::size_t lastTwo = text.size() - 2;
     if (numberOf(text.substr(lastTwo)) <= kLastFixedExponent) {
-        return fixed;
+        return fixedText(parsed(text));
     }
     return lowerCase(text).insert(lastTwo, 1, '0');
 }
@@ -156,7 +204,12 @@ std::string floatText(float value) {
     if (std::isinf(value)) {
         return value < 0 ? "-inf" : "inf";
     }
-    return textFromSevenDigits(sevenDigitText(value));
+    Decimal number = sevenDigits(value);
+    if (!isPlain(number) && number.exponent < -kLastFixedExponent) {
+        return textFromSevenDigits(scientificText(number));
+    }
+    // What is scientific in seven digits with a larger exponent is never one.
+    return withBareOne(fixedText(std::move(number)));
 }
 
 }  // namespace marlowick

@@ -66,10 +66,12 @@ void convertSection(ItemReader& mesh, LineWriter& output, const Section& section
     const std::int32_t count = mesh.number();
     output.line(std::to_string(count));
     checkCounter(count);
+    std::string line;
     for (std::int32_t row = 1; row <= count; ++row) {
-        std::string line = section.item(mesh);
+        line = section.item(mesh);
         for (int item = 2; item <= section.itemsPerRow; ++item) {
-            line += ' ' + section.item(mesh);
+            line += ' ';
+            line += section.item(mesh);
         }
         output.line(line);
     }
