@@ -1,6 +1,7 @@
 #include "far/far_directory.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -17,19 +18,26 @@ namespace {
 constexpr std::size_t kRecordHead = 16;
 constexpr std::size_t kPiece = 1 << 20;
 
+// The head of a record; the reader's own bytes move on with what is taken next.
+std::array<char, kRecordHead> copied(std::string_view head) {
+    std::array<char, kRecordHead> bytes{};
+    std::copy(head.begin(), head.end(), bytes.begin());
+    return bytes;
+}
+
 // Takes the records that lie whole in the file.
 void takeRecords(FarDirectory& directory, BufferedReader& manifest, std::int32_t count) {
+    // As many as the file has room for, whatever it claims.
+    const auto most = std::min<std::int64_t>(count, manifest.left() / std::int64_t{kRecordHead});
+    directory.Entries.reserve(static_cast<int>(most));
     for (std::int32_t number = 1; number <= count; ++number) {
         const std::optional<std::string_view> head = manifest.take(kRecordHead);
         if (!head) {
             return;
         }
-        FarEntry entry;
-        entry.FileSize = head->substr(0, 4);
-        entry.FileSize2 = head->substr(4, 4);
-        entry.FileOffset = head->substr(8, 4);
-        entry.NameLength = head->substr(12, 4);
-        const std::int32_t length = gflngLittleEndianToLong(entry.NameLength);
+        const std::array<char, kRecordHead> fields = copied(*head);
+        const std::string_view field(fields.data(), fields.size());
+        const std::int32_t length = gflngLittleEndianToLong(field.substr(12));
         if (length < 0) {
             throw RuntimeError(error::kInvalidArgument);
         }
@@ -38,8 +46,12 @@ void takeRecords(FarDirectory& directory, BufferedReader& manifest, std::int32_t
         if (!name) {
             return;
         }
+        FarEntry& entry = directory.Entries.appendNew();
+        entry.FileSize = field.substr(0, 4);
+        entry.FileSize2 = field.substr(4, 4);
+        entry.FileOffset = field.substr(8, 4);
+        entry.NameLength = field.substr(12, 4);
         entry.FileName = *name;
-        directory.Entries.append(std::move(entry));
     }
 }
 

@@ -42,7 +42,13 @@ class List {
     // One more element at the end.
     void append(Element element) { elements_.push_back(std::move(element)); }
 
-    // The same, in a list whose counter is 16 bits wide: 6 past 32767.
+    // Room for so many elements, so that none is moved before they are there.
+    void reserve(int bound) { elements_.reserve(static_cast<std::size_t>(bound) + 1); }
+
+    // A new element at the end, to be filled where it stands; good until the next one is added.
+    Element& appendNew() { return elements_.emplace_back(); }
+
+    // An element at the end of a list whose counter is 16 bits wide: 6 past 32767.
     void appendCounted(Element element) {
         checkCounter(bound() + 1LL);
         append(std::move(element));

@@ -1,6 +1,7 @@
 #include "system/buffered_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace marlowick {
 
@@ -10,7 +11,7 @@ BufferedReader::BufferedReader(File& file, std::size_t pieceSize)
       unread_(std::max<std::int64_t>(0, file.size() - file.position())) {}
 
 std::optional<std::string_view> BufferedReader::take(std::size_t size) {
-    const std::size_t held = piece_.size() - next_;
+    const std::size_t held = size_ - next_;
     if (size > held) {
         const auto missing = static_cast<std::int64_t>(size - held);
         if (missing > unread_) {
@@ -18,21 +19,29 @@ std::optional<std::string_view> BufferedReader::take(std::size_t size) {
         }
         fill(static_cast<std::size_t>(
             std::min(std::max(missing, static_cast<std::int64_t>(pieceSize_)), unread_)));
-        if (size > piece_.size()) {
+        if (size > size_) {
             return std::nullopt;
         }
     }
     next_ += size;
-    return std::string_view(piece_).substr(next_ - size, size);
+    return std::string_view(piece_.get() + next_ - size, size);
 }
 
+// Moves what is left to the front and reads behind it.
 void BufferedReader::fill(std::size_t size) {
-    piece_.erase(0, next_);
+    const std::size_t held = size_ - next_;
+    if (held + size > room_) {
+        auto larger = std::make_unique_for_overwrite<char[]>(held + size);
+        std::copy_n(piece_.get() + next_, held, larger.get());
+        piece_ = std::move(larger);
+        room_ = held + size;
+    } else {
+        std::copy_n(piece_.get() + next_, held, piece_.get());
+    }
     next_ = 0;
-    const std::size_t held = piece_.size();
-    piece_.resize(held + size);
-    const std::size_t count = file_.read(piece_.data() + held, size);
-    piece_.resize(held + count);
+    size_ = held;
+    const std::size_t count = file_.read(piece_.get() + held, size);
+    size_ += count;
     unread_ = count < size ? 0 : unread_ - static_cast<std::int64_t>(count);
 }
 

@@ -3,8 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "system/files.h"
@@ -21,14 +21,19 @@ class BufferedReader {
     // could fill asks for no memory. Raises 57 for a read that the system refuses.
     std::optional<std::string_view> take(std::size_t size);
 
+    // Bytes from here to the end of the file.
+    std::int64_t left() const { return unread_ + static_cast<std::int64_t>(size_ - next_); }
+
   private:
     void fill(std::size_t size);
 
     File& file_;
     std::size_t pieceSize_;
     std::int64_t unread_;  // bytes of the file behind the piece
-    std::string piece_;
-    std::size_t next_ = 0;  // of the piece's bytes, from 0
+    std::unique_ptr<char[]> piece_;
+    std::size_t room_ = 0;  // bytes that fit into the piece
+    std::size_t size_ = 0;  // bytes in it
+    std::size_t next_ = 0;  // the first of them that hasn't been taken
 };
 
 }  // namespace marlowick
