@@ -79,28 +79,36 @@ std::optional<FolderNames::Identity> FolderNames::identify(const std::string& fo
 }
 
 void FolderNames::enter(Folder& folder, const std::string& name) {
-    if (folder.names[foldedName(name)].insert(name).second) {
-        ++folder.size;
+    const std::size_t hash = foldedHash(name);
+    const auto [begin, end] = folder.names.equal_range(hash);
+    if (std::none_of(begin, end, [&](const auto& entry) { return entry.second == name; })) {
+        folder.names.emplace_hint(begin, hash, name);
     }
 }
 
 void FolderNames::strike(Folder& folder, const std::string& name) {
-    const auto found = folder.names.find(foldedName(name));
-    if (found == folder.names.end()) {
-        return;
-    }
-    folder.size -= found->second.erase(name);
-    if (found->second.empty()) {
+    const auto [begin, end] = folder.names.equal_range(foldedHash(name));
+    const auto found =
+        std::find_if(begin, end, [&](const auto& entry) { return entry.second == name; });
+    if (found != end) {
         folder.names.erase(found);
     }
 }
 
 std::string FolderNames::lookUp(const Folder& folder, const std::string& wanted) {
-    const auto found = folder.names.find(foldedName(wanted));
-    if (found == folder.names.end()) {
-        return {};
+    const auto [begin, end] = folder.names.equal_range(foldedHash(wanted));
+    const std::u16string folded = begin == end ? std::u16string() : foldedName(wanted);
+    const std::string* best = nullptr;
+    for (auto entry = begin; entry != end; ++entry) {
+        const std::string& name = entry->second;
+        if (name == wanted) {
+            return name;
+        }
+        if ((best == nullptr || name < *best) && foldedName(name) == folded) {
+            best = &name;
+        }
     }
-    return found->second.contains(wanted) ? wanted : *found->second.begin();
+    return best == nullptr ? std::string() : *best;
 }
 
 // The watch comes before the listing, so that what changes in between is told.
@@ -124,9 +132,9 @@ std::optional<FolderNames::Folder> FolderNames::read(const std::string& folder) 
         return std::nullopt;
     }
     while (const dirent* entry = ::readdir(listing)) {
-        const std::string name = entry->d_name;
+        const std::string_view name = entry->d_name;
         if (name != "." && name != "..") {
-            enter(names, name);
+            names.names.emplace(foldedHash(name), name);
         }
     }
     ::closedir(listing);
@@ -146,7 +154,7 @@ void FolderNames::keep(Folder folder) {
         folders_.erase(same);
     }
     folders_.push_front(std::move(folder));
-    if (!isHeld && (!folders_.front().watch || folders_.front().size > kMostNames)) {
+    if (!isHeld && (!folders_.front().watch || folders_.front().names.size() > kMostNames)) {
         drop(folders_.begin());
         return;
     }
@@ -155,7 +163,7 @@ void FolderNames::keep(Folder folder) {
     for (Place place = folders_.begin(); place != folders_.end();) {
         const Place next = std::next(place);
         if (place->identity != held_) {
-            names += place->size;
+            names += place->names.size();
             if (++count > kMostFolders || names > kMostNames) {
                 drop(place);
             }

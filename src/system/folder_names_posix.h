@@ -14,7 +14,6 @@
 
 #include <list>
 #include <optional>
-#include <set>
 #include <string>
 #include <unordered_map>
 
@@ -47,9 +46,8 @@ class FolderNames {
     struct Folder {
         Identity identity;
         std::optional<int> watch;
-        std::size_t size = 0;
-        // The names as they stand, in order, by their folded form.
-        std::unordered_map<std::u16string, std::set<std::string>> names;
+        // The names as they stand, by the hash of their folded form.
+        std::unordered_multimap<std::size_t, std::string> names;
     };
     using Place = std::list<Folder>::iterator;
 

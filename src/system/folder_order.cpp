@@ -1,11 +1,19 @@
 #include "system/folder_order.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "system/game_text.h"
 
 namespace marlowick {
+namespace {
+
+// Of the hash FNV-1a.
+constexpr std::uint64_t kHashStart = 0xCBF29CE484222325U;
+constexpr std::uint64_t kHashFactor = 0x100000001B3U;
+
+}  // namespace
 
 std::u16string foldedName(std::string_view utf8) {
     std::u16string folded;
@@ -20,6 +28,24 @@ std::u16string foldedName(std::string_view utf8) {
         }
     }
     return folded;
+}
+
+std::size_t foldedHash(std::string_view utf8) {
+    // Few names have other letters, and these need no text of their own.
+    const bool isPlain = std::all_of(utf8.begin(), utf8.end(),
+                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    std::uint64_t hash = kHashStart;
+    const auto mix = [&](char16_t unit) { hash = (hash ^ unit) * kHashFactor; };
+    if (isPlain) {
+        for (const char c : utf8) {
+            mix(static_cast<char16_t>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c));
+        }
+    } else {
+        for (const char16_t unit : foldedName(utf8)) {
+            mix(unit);
+        }
+    }
+    return static_cast<std::size_t>(hash);
 }
 
 std::vector<FolderEntry> inFolderOrder(std::vector<NativeEntry> entries) {
