@@ -28,7 +28,12 @@ constexpr Kind kKinds[] = {{"skeleton", "SKELETON", ".CMX"},
                            {"suit", "", ".CMX"},
                            {"suit", "", ".BCF"},
                            {"mesh", "", ".SKN"},
-                           {"mesh", "", ".BMF"}};
+                           {"mesh", "", ".BMF"},
+                           {"conversion", "", ".BMF"},
+                           {"bitmap", "", ".BMP"},
+                           {"archive", "", ".FAR"},
+                           {"user_file", "USER", ".IFF"},
+                           {"string_table", "", ".STR#"}};
 constexpr std::size_t kOfEachKind = 6;
 
 struct Seed {
@@ -54,6 +59,24 @@ void addArchive(const fs::path& file, std::vector<Seed>& seeds) {
     }
 }
 
+// The string tables of a user file.
+void addTables(const Seed& userFile, std::vector<Seed>& seeds) {
+    constexpr std::size_t kHead = 76;
+    const std::string& bytes = userFile.bytes;
+    std::size_t at = 64;
+    while (at + kHead <= bytes.size()) {
+        const std::int32_t size = gflngBigEndianToLong(bytes.substr(at + 4, 4));
+        if (size < static_cast<std::int32_t>(kHead)) {
+            return;
+        }
+        if (bytes.substr(at, 4) == "STR#") {
+            seeds.push_back({userFile.name + std::to_string(at) + ".STR#",
+                             bytes.substr(at + kHead, static_cast<std::size_t>(size) - kHead)});
+        }
+        at += static_cast<std::size_t>(size);
+    }
+}
+
 // From the smallest up.
 std::vector<Seed> seedsOf(const fs::path& game) {
     std::vector<Seed> seeds;
@@ -64,6 +87,9 @@ std::vector<Seed> seedsOf(const fs::path& game) {
         seeds.push_back({upperCase(entry.path().filename().string()), contentOf(entry.path())});
         if (seeds.back().name.ends_with(".FAR")) {
             addArchive(entry.path(), seeds);
+        }
+        if (seeds.back().name.ends_with(".IFF")) {
+            addTables(Seed(seeds.back()), seeds);
         }
     }
     std::sort(seeds.begin(), seeds.end(), [](const Seed& a, const Seed& b) {
