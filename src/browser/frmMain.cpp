@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QScreen>
 #include <utility>
 #include <vector>
@@ -27,6 +28,7 @@
 #include "ui_frmMain.h"
 #include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
+#include "wardrobe/frmHistory.h"
 #include "widgets/display_text.h"
 #include "widgets/history_messages.h"
 #include "widgets/input_guard.h"
@@ -88,6 +90,9 @@ void frmMain::connectControls() {
     connectMenu(ui->smenuFix, "smenuFix_Click", &frmMain::smenuFix_Click);
     connectMenu(ui->menuFARs, "menuFARs_Click", &frmMain::menuFARs_Click);
     connectMenu(ui->smenuPinkHands, "smenuPinkHands_Click", &frmMain::smenuPinkHands_Click);
+    connectMenu(ui->smenuHistory, "smenuHistory_Click", &frmMain::smenuHistory_Click);
+    ui->picThumbs->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(ui->picThumbs, &QWidget::customContextMenuRequested, this, &frmMain::showFaceMenu);
 }
 
 void frmMain::connectMenu(QAction* action, const char* event, void (frmMain::*handler)()) {
@@ -524,6 +529,7 @@ void frmMain::cmdSelect_Click() {
     writeSetting(setting::kLastNeighborhood, toDisplay(ui->lstUserDataDir->line()));
     setPointer(Pointer::Hourglass);
     repaint();
+    historyWindow();
     if (mblnIsPet) {
         auto& editor = theWindow<frmEditPet>();
         editor.LoadUserFile = simPath(file);
@@ -669,6 +675,54 @@ void frmMain::smenuPinkHands_Click() {
                        "The sims that are afflicted will have their formal hands restored to the "
                        "proper default for their gender."),
         "Remove pink hands", removePinkHands);
+}
+
+// Earlier versions.
+
+frmHistory& frmMain::historyWindow() {
+    auto& window = theWindow<frmHistory>();
+    window.Restored = [this] { paintPageAnew(); };
+    return window;
+}
+
+void frmMain::smenuHistory_Click() {
+    historyWindow().showAll();
+}
+
+// The right button has chosen the face below it before; the menu key means the one that is chosen.
+void frmMain::showFaceMenu(QPoint position) {
+    const std::string file = page_.selectedFile();
+    if (file.empty()) {
+        return;
+    }
+    const QRect cell = cellBox(page_.selected()).translated(ui->picThumbs->origin());
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("menuSim"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const char* name, const QString& text, const std::function<void()>& work) {
+        QAction* action = menu->addAction(text);
+        action->setObjectName(QString::fromLatin1(name));
+        const std::string event = std::string(name) + "_Click";
+        connect(action, &QAction::triggered, this,
+                [event, work] { runEvent("frmMain", event.c_str(), work); });
+    };
+    add("smenuSimEdit", QStringLiteral("&Edit This Sim"), [this] { cmdSelect_Click(); });
+    add("smenuSimHistory", QStringLiteral("Earlier &Versions ..."),
+        [this, path = simPath(file)] { historyWindow().showOf(path); });
+    menu->popup(ui->picThumbs->mapToGlobal(cell.contains(position) ? position : cell.center()));
+}
+
+// With the same cell chosen; a sim that was gone may be there again.
+void frmMain::paintPageAnew() {
+    if (mstrUserDataDir.empty()) {
+        return;
+    }
+    const int selected = page_.selected();
+    msGetFileNames();
+    msLoadSimImages();
+    if (selected > 0 && !page_.fileIn(selected).empty()) {
+        picThumbs_MouseDown(cellBox(selected).center());
+    }
 }
 
 }  // namespace marlowick

@@ -25,6 +25,8 @@ class frmMain;
 
 namespace marlowick {
 
+class frmHistory;
+
 class frmMain : public QMainWindow, public FormEvents {
     Q_OBJECT
   public:
@@ -100,6 +102,13 @@ class frmMain : public QMainWindow, public FormEvents {
     void smenuExport_Click();
     void smenuFix_Click();
     void smenuPinkHands_Click();
+    void smenuHistory_Click();
+
+    // The menu of the chosen face, at a position of the page.
+    void showFaceMenu(QPoint position);
+    // The window of earlier versions, which paints the page anew when it has restored something.
+    frmHistory& historyWindow();
+    void paintPageAnew();
 
     std::unique_ptr<Ui::frmMain> ui;
     QTimer* Timer1;

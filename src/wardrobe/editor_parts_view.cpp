@@ -41,6 +41,11 @@ bool saveWanted(const std::string& name) {
                          QStringLiteral("?"));
 }
 
+bool mayDropChangesOf(const std::string& name) {
+    return confirmLoss(QStringLiteral("The changes to ") + toDisplay(name) +
+                       QStringLiteral(" that are not saved will be lost."));
+}
+
 void tellSaved(const std::string& name) {
     showMessage(QStringLiteral("Success"), MessageIcon::Information, MessageButtons::Ok,
                 toDisplay(name) + QStringLiteral(" has been saved."));

@@ -32,6 +32,9 @@ void showPortraits(const Portraits& portraits);
 // Asks whether changes to a sim or pet of that name are to be saved.
 bool saveWanted(const std::string& name);
 
+// Asks whether changes to it that aren't saved may be lost; Enter means No.
+bool mayDropChangesOf(const std::string& name);
+
 // Tells that it has been saved.
 void tellSaved(const std::string& name);
 

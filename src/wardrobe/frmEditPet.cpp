@@ -7,6 +7,7 @@
 #include "preview/worn_options_view.h"
 #include "ui_frmEditPet.h"
 #include "wardrobe/editor_parts_view.h"
+#include "wardrobe/frmHistory.h"
 #include "wardrobe/user_file_save.h"
 #include "widgets/display_text.h"
 #include "widgets/history_messages.h"
@@ -44,6 +45,7 @@ void frmEditPet::buildControls() {
     ui->picNoBitmaps->setPicture(noBitmapsCard());
     makeWornOptions();
     onClick(ui->cmdChangeNormal, "cmdChangeNormal_Click", [this] { cmdChangeNormal_Click(); });
+    onClick(ui->cmdHistory, "cmdHistory_Click", [this] { cmdHistory_Click(); });
     onClick(ui->cmdSave, "cmdSave_Click", [this] { cmdSave_Click(); });
     onClick(ui->cmdCancel, "cmdCancel_Click", [this] {
         ui->cmdFocus->setFocus();
@@ -54,6 +56,11 @@ void frmEditPet::buildControls() {
 void frmEditPet::Form_Load() {
     setFixedSize(kWindowSize);
     UserFilePath = LoadUserFile;
+    loadPet();
+}
+
+void frmEditPet::loadPet() {
+    gsResetIFF(PetFile);
     loadFailure_ = firstFailure({[this] { return gsReadIFF(PetFile, UserFilePath, &loadedBytes_); },
                                  [this] { return readWardrobeTable(PetFile, PetStrings); },
                                  [this] {
@@ -61,6 +68,7 @@ void frmEditPet::Form_Load() {
                                      return true;
                                  },
                                  [this] { return msDisplayPet(); }});
+    loadedFields_ = fields_;
     showWorn();
 }
 
@@ -154,6 +162,14 @@ void frmEditPet::cmdChangeNormal_Click() {
         showChosenSkin(*ui->picNormal, *this);
         showWorn();
     });
+}
+
+void frmEditPet::cmdHistory_Click() {
+    ui->cmdFocus->setFocus();
+    theWindow<frmHistory>().showOf(
+        {UserFilePath,
+         [this] { return fields_ == loadedFields_ || mayDropChangesOf(fields_.txtName); },
+         [this] { loadPet(); }});
 }
 
 void frmEditPet::cmdSave_Click() {

@@ -47,6 +47,8 @@ class frmEditPet : public ModalForm, public ChosenSkin {
     // The pet without its coat.
     Wearer wearer() const;
     void cmdChangeNormal_Click();
+    void loadPet();
+    void cmdHistory_Click();
     void cmdSave_Click();
     bool save();
 
@@ -58,6 +60,7 @@ class frmEditPet : public ModalForm, public ChosenSkin {
     std::string loadedBytes_;
     StrSegment PetStrings;
     PetFields fields_;
+    PetFields loadedFields_;
     std::string loadFailure_;  // in words; a window whose load failed never saves
 };
 

@@ -15,6 +15,7 @@
 #include "wardrobe/default_names.h"
 #include "wardrobe/editor_parts_view.h"
 #include "wardrobe/frmENS.h"
+#include "wardrobe/frmHistory.h"
 #include "wardrobe/user_backup.h"
 #include "wardrobe/user_file_save.h"
 #include "wardrobe/wardrobe_rows.h"
@@ -87,6 +88,7 @@ void frmEditSim::buildControls() {
     connectBodyTypes();
     onButton("cmdEnsLoad", [this] { cmdEnsLoad_Click(); });
     onButton("cmdEnsSave", [this] { cmdEnsSave_Click(); });
+    onButton("cmdHistory", [this] { cmdHistory_Click(); });
     onButton("cmdSave", [this] { cmdSave_Click(); });
     onButton("cmdCancel", [this] {
         takeFocus();
@@ -186,6 +188,7 @@ void frmEditSim::msLoadUserData() {
                           return true;
                       },
                       [this] { return msDisplayUserData(); }});
+    loadedFields_ = fields_;
 }
 
 void frmEditSim::msClearUserData() {
@@ -412,6 +415,24 @@ void frmEditSim::cmdEnsLoad_Click() {
     showPictures(false);
     showWorn();
     setPointer(Pointer::Default);
+}
+
+// Earlier versions.
+
+void frmEditSim::cmdHistory_Click() {
+    takeFocus();
+    theWindow<frmHistory>().showOf({gstrUserFile, [this] { return mayDropChanges(); },
+                                    [this] {
+                                        msLoadUserData();
+                                        showWorn();
+                                    }});
+}
+
+// The body type isn't saved, and so nothing that could be lost.
+bool frmEditSim::mayDropChanges() const {
+    WardrobeFields loaded = loadedFields_;
+    loaded.bodyType = fields_.bodyType;
+    return loaded == fields_ || mayDropChangesOf(fields_.txtName);
 }
 
 // Saving.

@@ -81,6 +81,8 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     void copyLeftHand(const HandPair& pair);
     void defaultHands(const HandPair& pair);
     void cmdNormalFormalHands_Click();
+    void cmdHistory_Click();
+    bool mayDropChanges() const;
     void cmdSave_Click();
     bool save();
 
@@ -95,6 +97,7 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     std::string loadedBytes_;
     StrSegment wardrobe_;
     WardrobeFields fields_;
+    WardrobeFields loadedFields_;
     std::string loadFailure_;  // in words; a window whose load failed never saves
 };
 

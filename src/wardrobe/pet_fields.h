@@ -14,6 +14,8 @@ struct PetFields {
     std::string txtType;    // "Dog" or "Cat"
     std::string txtGender;  // "Male", "Female", or empty for a text that tells neither
     std::string txtNormalBody, txtNormalSkin;
+
+    bool operator==(const PetFields& other) const = default;
 };
 
 // Fills all but the name; sets CheckpointNumber to 1000 and 2000. Raises 9 for a missing row and

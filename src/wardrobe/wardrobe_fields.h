@@ -40,6 +40,7 @@ struct WardrobeFields {
 
     bool isAdult() const { return txtAge == "adult"; }
     bool isFemale() const { return txtGender == "female"; }
+    bool operator==(const WardrobeFields& other) const = default;
 };
 
 using Field = std::string WardrobeFields::*;

@@ -63,7 +63,7 @@ TEST_F(EditSimKeysTest, TabGoesThroughTheControlsInReadingOrder) {
     open([](QWidget& window) {
         const QStringList top = {"optFit", "cmdEnsLoad", "cmdEnsSave",  "txtName",
                                  "txtAge", "txtGender",  "txtSkinTone", "qt_tabwidget_tabbar"};
-        const QStringList bottom = {"cmdSave", "cmdCancel"};
+        const QStringList bottom = {"cmdHistory", "cmdSave", "cmdCancel"};
         const QStringList outfit = {"optWorn", "txtNormalBody", "txtNormalSkin", "cmdChangeNormal"};
         EXPECT_EQ(tabRoad(window, "optFit").join(' ').toStdString(),
                   (top + outfit + bottom).join(' ').toStdString());

@@ -21,6 +21,7 @@
 #include "catalogue/frmSelectSkin.h"
 #include "far/frmManageFARs.h"
 #include "foundation/error_trap.h"
+#include "foundation/folders.h"
 #include "foundation/game.h"
 #include "start/frmTitle.h"
 #include "support/archive_builder.h"
@@ -29,7 +30,9 @@
 #include "wardrobe/frmENS.h"
 #include "wardrobe/frmEditPet.h"
 #include "wardrobe/frmEditSim.h"
+#include "wardrobe/frmHistory.h"
 #include "widgets/elided_label.h"
+#include "widgets/history_messages.h"
 #include "widgets/messages.h"
 #include "widgets/picture_box.h"
 
@@ -82,9 +85,13 @@ void checkLabel(const QLabel* label) {
     }
     const QFontMetrics metrics(label->font());
     // The names under the faces are shortened as they are painted.
-    const QStringList lines = label->objectName() == "lblSimName"
-                                  ? nameLines(label->text(), metrics)
-                                  : label->text().split('\n');
+    // The mark of the key that leads to a control isn't painted.
+    QString text = label->text();
+    if (label->buddy() != nullptr) {
+        text.remove('&');
+    }
+    const QStringList lines =
+        label->objectName() == "lblSimName" ? nameLines(label->text(), metrics) : text.split('\n');
     for (const QString& line : lines) {
         EXPECT_LE(metrics.horizontalAdvance(line), label->width()) << describe(label);
     }
@@ -391,8 +398,9 @@ TEST_F(WindowWalkTest, Wardrobe) {
         EXPECT_EQ(order.mid(0, 12).join(' '),
                   "optFit optFat optSkinny cmdEnsLoad cmdEnsSave txtName txtAge txtGender "
                   "txtSkinTone tabSkins optWorn optSkin");
-        EXPECT_EQ(order.mid(order.size() - 6).join(' '),
-                  "txtSwimsuitBody txtSwimsuitSkin cmdChangeSwimsuit cmdDefaultSwimsuit cmdSave "
+        EXPECT_EQ(order.mid(order.size() - 7).join(' '),
+                  "txtSwimsuitBody txtSwimsuitSkin cmdChangeSwimsuit cmdDefaultSwimsuit cmdHistory "
+                  "cmdSave "
                   "cmdCancel");
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
@@ -441,11 +449,34 @@ TEST_F(WindowWalkTest, Pet) {
         look(window);
         EXPECT_EQ(tabOrder(window, "txtName"),
                   (QStringList{"txtName", "txtType", "txtGender", "txtNormalBody", "txtNormalSkin",
-                               "optWorn", "optSkin", "cmdChangeNormal", "cmdSave", "cmdCancel"}));
+                               "optWorn", "optSkin", "cmdChangeNormal", "cmdHistory", "cmdSave",
+                               "cmdCancel"}));
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     });
     editor.showModal();
+}
+
+TEST_F(WindowWalkTest, EarlierVersions) {
+    const auto walk = [](QWidget& window) {
+        look(window);
+        EXPECT_EQ(tabOrder(window, "txtFilter"),
+                  (QStringList{"txtFilter", "lstEntries", "lstFiles", "spnFiles", "spnArchives",
+                               "spnVersions", "cmdRestore", "cmdClose"}));
+        window.resize(window.minimumSizeHint());
+        look(window);
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    };
+    folder.write("program/ENS/" + std::string(90, 'e') + ".ENS", "old");
+    {
+        HistoryCommand command(earlierVersions(), "Delete ensemble", std::string(90, 'e') + ".ENS",
+                               {});
+        ASSERT_TRUE(
+            command.keepOrAsk(ensembleFolder().child(std::string(90, 'e') + ".ENS"), std::nullopt));
+    }
+    script.whenShown("frmHistory", walk);
+    theWindow<frmHistory>().showAll();
 }
 
 TEST_F(WindowWalkTest, Ensembles) {
