@@ -34,6 +34,7 @@ hand-chooser a-hand
 ensembles ensemble-chosen
 pet new-coat
 fix-question fix-question
+earlier-versions earlier-versions
 archives added-bitmap
 open-archive picked-archive
 error-report error-report

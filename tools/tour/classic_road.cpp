@@ -139,6 +139,11 @@ void addToolSteps(Driver& driver) {
                chooseCommand("frmMain", "smenuPinkHands"));
     driver.add("pink-hands-question", whenAsked("Confirm Action"), answer("Yes"));
     driver.add("no-pink-hands", whenAsked("Success"), answer("OK"));
+    driver.add("before-earlier-versions", whenShown("frmMain"),
+               chooseCommand("frmMain", "smenuHistory"));
+    driver.add("earlier-versions", whenShown("frmHistory"),
+               clickRow("frmHistory", "lstEntries", "Save Greta"));
+    driver.add("an-earlier-version", whenShown("frmHistory"), clickOn("frmHistory", "cmdClose"));
 }
 
 // A file that is no sim brings the error report; its frame lets the program go on.
