@@ -595,6 +595,10 @@ void frmMain::smenuSetPath_Click() {
 
 void frmMain::menuFARs_Click() {
     theWindow<frmManageFARs>().showModal();
+    // The clothes on show may lie in an archive that has been changed.
+    if (const std::string file = page_.selectedFile(); ui->picRender->isVisible()) {
+        showWornAnew(file);
+    }
 }
 
 // The tools.

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "foundation/bytes.h"
+#include "system/game_text.h"
 #include "system/runtime_error.h"
 
 namespace marlowick {
@@ -142,9 +143,16 @@ std::string TextItems::text() {
 
 void TextItems::skipVersion() {
     constexpr std::string_view kVersion = "version";
-    const std::string_view before = rest_;
-    if (!rest_.empty() && !trimmed(nextLine()).starts_with(kVersion)) {
-        rest_ = before;
+    while (!rest_.empty()) {
+        const std::string_view before = rest_;
+        const std::string line = lowerCase(trimmed(nextLine()));
+        if (line.empty()) {
+            continue;
+        }
+        if (!line.starts_with(kVersion)) {
+            rest_ = before;
+        }
+        return;
     }
 }
 

@@ -94,8 +94,8 @@ class SceneMaker {
     TexturePointer textureAt(const FilePlace& place);
     // As the flat picture of a skin is found.
     TexturePointer flatTexture(const std::string& name);
-    // Of a head, a hand or a part of its own; each name is looked for once.
-    TexturePointer namedTexture(const std::string& name);
+    // Of a head, a hand or a part of its own; each name is looked for once a way.
+    TexturePointer namedTexture(const std::string& name, EntryMatch match);
     std::shared_ptr<const Mesh> meshNamed(const std::string& name, const FilePlace& suit);
     // The suit's first mesh in that texture, further ones in their own. False without the first.
     bool wear(const std::string& suitName, const TexturePointer& texture);
@@ -107,7 +107,7 @@ class SceneMaker {
     const DecodeBitmap& decode_;
     std::shared_ptr<const Skeleton> skeleton_;
     std::vector<std::optional<Placement>> places_;
-    std::map<std::string, TexturePointer> textures_;
+    std::map<std::pair<std::string, EntryMatch>, TexturePointer> textures_;
     std::vector<FigurePart> parts_;
     std::size_t faces_ = 0;
 };
@@ -146,17 +146,17 @@ TexturePointer SceneMaker::textureAt(const FilePlace& place) {
 
 TexturePointer SceneMaker::flatTexture(const std::string& name) {
     TexturePointer texture;
-    search_.findSkin(name, false, [&](const FilePlace& place) {
+    search_.findSkin(name, EntryMatch::Beginning, [&](const FilePlace& place) {
         texture = textureAt(place);
         return texture != nullptr;
     });
     return texture;
 }
 
-TexturePointer SceneMaker::namedTexture(const std::string& name) {
-    const auto [known, isNew] = textures_.try_emplace(upperCase(name));
+TexturePointer SceneMaker::namedTexture(const std::string& name, EntryMatch match) {
+    const auto [known, isNew] = textures_.try_emplace({upperCase(name), match});
     if (isNew && !name.empty()) {
-        search_.findSkin(name, true, [&, entry = known](const FilePlace& place) {
+        search_.findSkin(name, match, [&, entry = known](const FilePlace& place) {
             entry->second = textureAt(place);
             return entry->second != nullptr;
         });
@@ -186,7 +186,7 @@ bool SceneMaker::addPart(const std::string& meshName, const FilePlace& suit,
         return false;
     }
     if (!isFirst && !equalsIgnoringCase(mesh->texture, kNoTexture)) {
-        part.texture = namedTexture(mesh->texture);
+        part.texture = namedTexture(mesh->texture, EntryMatch::Whole);
     }
     if (!part.texture) {
         part.texture = texture;
@@ -221,7 +221,7 @@ bool SceneMaker::wearWith(const SuitAndSkin& piece) {
     if (piece.suit.empty()) {
         return false;
     }
-    const TexturePointer texture = namedTexture(piece.skin);
+    const TexturePointer texture = namedTexture(piece.skin, EntryMatch::WholeOrBeginning);
     return texture && wear(piece.suit, texture);
 }
 

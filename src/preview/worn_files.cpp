@@ -188,7 +188,7 @@ std::optional<FilePlace> WornFiles::archivedSkin(const std::string& upperName, b
     return std::nullopt;
 }
 
-void WornFiles::findSkin(std::string_view name, bool wholeFirst,
+void WornFiles::findSkin(std::string_view name, EntryMatch match,
                          const std::function<bool(const FilePlace&)>& isIt) {
     if (name.starts_with("***")) {
         return;
@@ -200,8 +200,11 @@ void WornFiles::findSkin(std::string_view name, bool wholeFirst,
         }
     }
     const std::string upper = upperCase(name);
-    std::optional<FilePlace> found = wholeFirst ? archivedSkin(upper, true) : std::nullopt;
-    if (!found) {
+    std::optional<FilePlace> found;
+    if (match != EntryMatch::Beginning) {
+        found = archivedSkin(upper, true);
+    }
+    if (!found && match != EntryMatch::Whole) {
         found = archivedSkin(upper, false);
     }
     if (found) {

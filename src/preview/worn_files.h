@@ -25,6 +25,13 @@ struct FilePlace {
     bool operator==(const FilePlace&) const = default;
 };
 
+// Which entry of an archive a skin's name means.
+enum class EntryMatch {
+    Beginning,         // the first whose name begins with it
+    WholeOrBeginning,  // one of the very name, or else such a one
+    Whole,             // one of the very name
+};
+
 // Lasts for one question. It lists a folder once, whatever is looked for in it, and sees no change
 // of a listing later on. All names are game texts and match blind to case. A folder or an archive
 // that can't be read holds nothing.
@@ -40,9 +47,8 @@ class WornFiles {
 
     // Hands out where a skin (a name without extension) lies, in the order in which a flat picture
     // looks for it, until isIt is content: loose bitmaps, then one entry of an archive, with which
-    // the search ends. An entry's name begins with the skin's. wholeFirst: an entry of the very
-    // name goes before all others. A note ("*** ...") lies nowhere.
-    void findSkin(std::string_view name, bool wholeFirst,
+    // the search ends. A note ("*** ...") lies nowhere.
+    void findSkin(std::string_view name, EntryMatch match,
                   const std::function<bool(const FilePlace&)>& isIt);
 
     // The whole bytes. An entry of which less lies in its archive gives what is there. Raises 7 for

@@ -79,6 +79,18 @@ TEST(TextItemsTest, LinesBarsBlanksAndComments) {
     EXPECT_EQ(errorOf([&] { items.text(); }), 62);
 }
 
+TEST(TextItemsTest, TheVersionMayStandBehindEmptyLinesAndInAnyCase) {
+    TextItems items("// made by hand\r\n\r\n \nVERSION 300\r\n0\r\n");
+    items.skipVersion();
+    EXPECT_EQ(items.number(), 0);
+    TextItems without("\r\n7\r\n");
+    without.skipVersion();
+    EXPECT_EQ(without.number(), 7);
+    TextItems nothing("\r\n");
+    nothing.skipVersion();
+    EXPECT_EQ(errorOf([&] { nothing.number(); }), 62);
+}
+
 TEST(TextItemsTest, AnEmptyLineIsAnEmptyText) {
     TextItems items("name\r\n\r\n1\r\n");
     items.skipVersion();

@@ -279,6 +279,9 @@ TEST_F(SceneTest, FurtherPartsWearTheirOwnTexture) {
     write(kSkins + "broken.skn", "broken\n");
     archive(kTextures, {{"owntex.bmp", "orange"}});
     EXPECT_EQ(parts(), "1b 2o 3b 4b");
+    // A name that only begins like it is another texture.
+    archive(kTextures, {{"owntex_other.bmp", "purple"}});
+    EXPECT_EQ(parts(), "1b 2b 3b 4b");
 }
 
 TEST_F(SceneTest, TheBodysBitmapIsTheFlatPictures) {

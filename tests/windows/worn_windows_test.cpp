@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QAction>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTabBar>
@@ -631,6 +632,19 @@ TEST_F(WornWindowsTest, TheMainWindowHidesItWhereThereIsNothingToShow) {
         EXPECT_FALSE(render->isVisible()) << cell;
         EXPECT_LT(render->geometry().right(), 0);
     }
+}
+
+TEST_F(WornWindowsTest, TheMainWindowShowsWhatTheArchivesHoldNow) {
+    frmMain& window = showMain();
+    auto* render = find<WornView>(window, "picRender");
+    EXPECT_GT(test::redSeen(*render).right, 50);
+    script.whenShown("frmManageFARs", [this](QWidget& manager) {
+        skin("b001fafitlgt_01", kGreen, kGreen);
+        manager.close();
+    });
+    find<QAction>(window, "menuFARs")->trigger();
+    EXPECT_EQ(test::redSeen(*render).all(), 0);
+    EXPECT_GT(test::greenSeen(*render).right, 50);
 }
 
 TEST_F(WornWindowsTest, TheMainWindowShowsASavedChange) {
