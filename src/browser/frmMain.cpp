@@ -596,8 +596,8 @@ void frmMain::smenuSetPath_Click() {
 void frmMain::menuFARs_Click() {
     theWindow<frmManageFARs>().showModal();
     // The clothes on show may lie in an archive that has been changed.
-    if (const std::string file = page_.selectedFile(); ui->picRender->isVisible()) {
-        showWornAnew(file);
+    if (ui->picRender->isVisible()) {
+        showWornAnew(page_.selectedFile());
     }
 }
 
