@@ -135,14 +135,18 @@ double exponentOf(const std::vector<std::pair<double, double>>& points) {
     return (count * xy - x * y) / (count * xx - x * x);
 }
 
-void printGrowth() {
+// What grows must grow no faster than the work, but for what measuring adds.
+constexpr double kMostExponent = 1.1;
+
+void printGrowth(bool small) {
     std::printf("%-66s %s\n", "", "exponent, and milliseconds a size");
     for (const Row& row : rows()) {
         if (row.growth.empty()) {
             continue;
         }
         std::vector<std::pair<double, double>> points;
-        for (const int size : row.growth) {
+        for (const int size :
+             small ? std::vector<int>{row.smallSize, 2 * row.smallSize} : row.growth) {
             const std::unique_ptr<Case> measured = row.make(size);
             std::vector<double> times;
             double spent = 0;
@@ -152,7 +156,9 @@ void printGrowth() {
             }
             points.emplace_back(size, median(times));
         }
-        std::printf("%-66s %5.2f  ", row.name.c_str(), exponentOf(points));
+        const double exponent = exponentOf(points);
+        std::printf("%-66s %5.2f%s ", row.name.c_str(), exponent,
+                    exponent > kMostExponent ? "  above" : "");
         for (const auto& [size, time] : points) {
             std::printf(" %.0f: %.3f", size, time * 1e3);
         }
@@ -227,7 +233,7 @@ int run(int count, char** arguments) {
     const bool growth = takeFlag(count, arguments, "--growth");
     const bool memory = takeFlag(count, arguments, "--memory");
     if (growth) {
-        printGrowth();
+        printGrowth(small);
         return 0;
     }
     if (memory) {
