@@ -51,7 +51,7 @@ void takeRecords(FarDirectory& directory, BufferedReader& manifest, std::int32_t
         entry.FileSize2 = field.substr(4, 4);
         entry.FileOffset = field.substr(8, 4);
         entry.NameLength = field.substr(12, 4);
-        entry.FileName = *name;
+        entry.FileName = std::string(*name);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/four_bytes.h"
 #include "foundation/list.h"
 #include "system/path.h"
 
@@ -15,10 +16,10 @@ namespace marlowick {
 inline constexpr std::int64_t kManifestField = 12;
 
 struct FarEntry {
-    std::string FileSize;    // 4 bytes, little-endian, as stored, like the next three
-    std::string FileSize2;   // kept, never used by extraction
-    std::string FileOffset;  // from the start of the file
-    std::string NameLength;
+    FourBytes FileSize;    // little-endian, as stored, like the next three
+    FourBytes FileSize2;   // kept, never used by extraction
+    FourBytes FileOffset;  // from the start of the file
+    FourBytes NameLength;
     std::string FileName;  // game text, as it stands
     bool Deleted = false;
 };

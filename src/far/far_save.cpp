@@ -54,8 +54,8 @@ class FarWriter {
         std::string manifest = written_.FileCount;
         for (int number = 1; number <= written_.Entries.bound(); ++number) {
             const FarEntry& entry = written_.Entries[number];
-            manifest += entry.FileSize + entry.FileSize2 + entry.FileOffset + entry.NameLength +
-                        entry.FileName;
+            manifest.append(entry.FileSize).append(entry.FileSize2).append(entry.FileOffset);
+            manifest.append(entry.NameLength).append(entry.FileName);
         }
         output_.write(manifest);
         output_.seek(kManifestField);

@@ -10,10 +10,6 @@
 namespace marlowick {
 namespace {
 
-std::uint32_t byteAt(std::string_view bytes, std::size_t index) {
-    return static_cast<unsigned char>(bytes[index]);
-}
-
 int hexDigit(char digit) {
     if (digit >= '0' && digit <= '9') {
         return digit - '0';
@@ -30,22 +26,6 @@ bool isCleanCharacter(char c) {
 }
 
 }  // namespace
-
-std::int32_t gflngLittleEndianToLong(std::string_view bytes) {
-    if (bytes.size() < 4) {
-        throw RuntimeError(error::kInvalidArgument);
-    }
-    return static_cast<std::int32_t>(byteAt(bytes, 0) | byteAt(bytes, 1) << 8U |
-                                     byteAt(bytes, 2) << 16U | byteAt(bytes, 3) << 24U);
-}
-
-std::int32_t gflngBigEndianToLong(std::string_view bytes) {
-    if (bytes.size() < 4) {
-        throw RuntimeError(error::kInvalidArgument);
-    }
-    return static_cast<std::int32_t>(byteAt(bytes, 3) | byteAt(bytes, 2) << 8U |
-                                     byteAt(bytes, 1) << 16U | byteAt(bytes, 0) << 24U);
-}
 
 std::string gfstrLongToLittleEndian(std::int32_t number) {
     const auto bits = static_cast<std::uint32_t>(number);

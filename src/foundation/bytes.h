@@ -6,12 +6,32 @@
 #include <string>
 #include <string_view>
 
+#include "system/runtime_error.h"
+
 namespace marlowick {
 
+// Four bytes as a signed 32-bit number, the lowest one first.
+constexpr std::int32_t numberOfBytes(char lowest, char second, char third, char highest) {
+    const auto bits = [](char byte) { return std::uint32_t{static_cast<unsigned char>(byte)}; };
+    return static_cast<std::int32_t>(bits(lowest) | bits(second) << 8U | bits(third) << 16U |
+                                     bits(highest) << 24U);
+}
+
 // Signed 32-bit number from the first four bytes, the first byte the lowest (little-endian) or the
-// highest (big-endian). 5 if there are fewer than four.
-std::int32_t gflngLittleEndianToLong(std::string_view bytes);
-std::int32_t gflngBigEndianToLong(std::string_view bytes);
+// highest (big-endian). 5 if there are fewer than four. In line, since archives and meshes are made
+// of such numbers.
+inline std::int32_t gflngLittleEndianToLong(std::string_view bytes) {
+    if (bytes.size() < 4) {
+        throw RuntimeError(error::kInvalidArgument);
+    }
+    return numberOfBytes(bytes[0], bytes[1], bytes[2], bytes[3]);
+}
+inline std::int32_t gflngBigEndianToLong(std::string_view bytes) {
+    if (bytes.size() < 4) {
+        throw RuntimeError(error::kInvalidArgument);
+    }
+    return numberOfBytes(bytes[3], bytes[2], bytes[1], bytes[0]);
+}
 
 // The number as four bytes.
 std::string gfstrLongToLittleEndian(std::int32_t number);

@@ -10,21 +10,14 @@ BufferedReader::BufferedReader(File& file, std::size_t pieceSize)
       pieceSize_(pieceSize),
       unread_(std::max<std::int64_t>(0, file.size() - file.position())) {}
 
-std::optional<std::string_view> BufferedReader::take(std::size_t size) {
-    const std::size_t held = size_ - next_;
-    if (size > held) {
-        const auto missing = static_cast<std::int64_t>(size - held);
-        if (missing > unread_) {
-            return std::nullopt;
-        }
-        fill(static_cast<std::size_t>(
-            std::min(std::max(missing, static_cast<std::int64_t>(pieceSize_)), unread_)));
-        if (size > size_) {
-            return std::nullopt;
-        }
+bool BufferedReader::fetch(std::size_t size) {
+    const auto missing = static_cast<std::int64_t>(size - (size_ - next_));
+    if (missing > unread_) {
+        return false;
     }
-    next_ += size;
-    return std::string_view(piece_.get() + next_ - size, size);
+    fill(static_cast<std::size_t>(
+        std::min(std::max(missing, static_cast<std::int64_t>(pieceSize_)), unread_)));
+    return size <= size_;
 }
 
 // Moves what is left to the front and reads behind it.

@@ -19,12 +19,20 @@ class BufferedReader {
 
     // The next bytes, good until the next call; none if the file holds fewer: a size that no file
     // could fill asks for no memory. Raises 57 for a read that the system refuses.
-    std::optional<std::string_view> take(std::size_t size);
+    std::optional<std::string_view> take(std::size_t size) {
+        if (size > size_ - next_ && !fetch(size)) {
+            return std::nullopt;
+        }
+        next_ += size;
+        return std::string_view(piece_.get() + next_ - size, size);
+    }
 
     // Bytes from here to the end of the file.
     std::int64_t left() const { return unread_ + static_cast<std::int64_t>(size_ - next_); }
 
   private:
+    // Puts so many bytes into the piece, which holds fewer; false if the file does too.
+    bool fetch(std::size_t size);
     void fill(std::size_t size);
 
     File& file_;

@@ -236,9 +236,14 @@ class PosixFileSystem : public FileSystem {
         if (mode == OpenMode::CreateOwn) {
             return make(resolveOwn(path), O_WRONLY | O_CREAT | O_EXCL, true);
         }
-        const std::string native = resolve(path);
+        // Most files stand there as they are written: then that look is the only one.
+        std::string native = nativeText(path);
         struct stat status {};
-        const bool exists = ::stat(native.c_str(), &status) == 0;
+        bool exists = ::stat(native.c_str(), &status) == 0;
+        if (!exists) {
+            native = resolve(path);
+            exists = ::stat(native.c_str(), &status) == 0;
+        }
         if (exists && !S_ISREG(status.st_mode)) {
             throw RuntimeError(error::kPathFileAccess);
         }
