@@ -16,6 +16,8 @@ class ByteReader {
 
     std::size_t position() const { return position_; }
     std::size_t left() const { return content_.size() - std::min(position_, content_.size()); }
+    // What hasn't been taken yet.
+    std::string_view rest() const { return content_.substr(content_.size() - left()); }
 
     // Exactly count bytes, zeros behind the end; moves behind them.
     std::string take(std::size_t count) {

@@ -3,8 +3,9 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <string>
-#include <utility>
+#include <string_view>
 
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
@@ -28,16 +29,26 @@ constexpr std::int64_t kLargestClaim = 1LL << 20U;
 // the file there.
 using MapReader = std::function<bool(IffFile& iff, ByteReader& reader)>;
 
-// Positions in a user file are 32 bits wide: one that is larger (7) can't be a sim.
-std::string readOpenFile(File& file) {
-    const std::int64_t size = file.size();
-    if (size > std::numeric_limits<std::int32_t>::max()) {
-        throw RuntimeError(error::kOutOfMemory);
+// What a file holds, in memory that wasn't cleared before: a sim is read in the time of a few
+// copies of it.
+class Content {
+  public:
+    // Positions in a user file are 32 bits wide: one that is larger (7) can't be a sim.
+    explicit Content(File& file) {
+        const std::int64_t size = file.size();
+        if (size > std::numeric_limits<std::int32_t>::max()) {
+            throw RuntimeError(error::kOutOfMemory);
+        }
+        bytes_ = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(size));
+        size_ = file.read(bytes_.get(), static_cast<std::size_t>(size));
     }
-    std::string content(static_cast<std::size_t>(size), '\0');
-    content.resize(file.read(content.data(), content.size()));
-    return content;
-}
+
+    std::string_view text() const { return {bytes_.get(), size_}; }
+
+  private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_ = 0;
+};
 
 // Size as a number, less the head; 5 if it is below 76, 7 if it claims more than kLargestClaim.
 std::size_t dataLength(const std::string& size, std::size_t left) {
@@ -89,17 +100,17 @@ void readUserFile(IffFile& iff, const Path& path, const MapReader& readMap, std:
     iff.Segments.resize(1);
     iff.RsmpTypes.reset();
     iff.RsmpTypes.resize(1);
-    std::string content = readOpenFile(streams().open(slot::kUserFile, path, OpenMode::Binary));
-    ByteReader head(content, 0);
+    const Content content(streams().open(slot::kUserFile, path, OpenMode::Binary));
+    ByteReader head(content.text(), 0);
     iff.Header = head.take(kHeaderSize);
     iff.RsmpOffset = head.take(4);
     const std::int32_t mapOffset = gflngBigEndianToLong(iff.RsmpOffset);
     iff.HasRsmp = mapOffset != 0 && mapOffset != kNoMapAsText;
     CheckpointNumber = 2000;
-    readSegments(iff, content, head.position(), readMap);
+    readSegments(iff, content.text(), head.position(), readMap);
     streams().close(slot::kUserFile);
     if (bytes != nullptr) {
-        *bytes = std::move(content);
+        *bytes = content.text();
     }
 }
 

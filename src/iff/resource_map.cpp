@@ -1,9 +1,11 @@
 // The resource map of a user file: types, and for each the offset, id and label of
 // its segments. Labels keep their terminator and pad byte, so that writing the map
 // back needs no rule.
+#include <algorithm>
 #include <limits>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "foundation/bytes.h"
@@ -20,6 +22,9 @@ constexpr std::size_t kMapHead = 88;
 constexpr std::int32_t kMostReadableEntries = 1000;
 constexpr std::int32_t kAnyCount = std::numeric_limits<std::int32_t>::max();
 
+// Room that is made for the entries of a type at once: a sim has few types of more.
+constexpr std::int32_t kUsualEntries = 64;
+
 // A sim's map has some dozens of rows. In memory a row takes ten times its bytes, so that a file
 // made of nothing but rows would take more memory than a machine has.
 constexpr std::int32_t kMostRows = 1 << 18;
@@ -31,11 +36,10 @@ void checkCount(std::int32_t count) {
     }
 }
 
-char takeLabelByte(ByteReader& reader) {
-    if (reader.left() == 0) {
-        throw RuntimeError(error::kInputPastEnd);
-    }
-    return reader.take(1).front();
+// A label that runs to the end of the file takes all that is left of it.
+[[noreturn]] void failAtEnd(ByteReader& reader) {
+    reader.take(reader.left());
+    throw RuntimeError(error::kInputPastEnd);
 }
 
 // A label ends in a zero byte, and a pad byte where the row would end on an odd offset from the
@@ -44,20 +48,22 @@ char takeLabelByte(ByteReader& reader) {
 // those, the next one fails at the end of the file.
 std::string readLabel(ByteReader& reader, std::size_t mapStart, bool lastType) {
     CheckpointNumber = 4000;
-    std::string label;
-    for (;;) {
-        label.push_back(takeLabelByte(reader));
-        if (label.back() == '\xA3') {
-            return label;
-        }
-        if (label.back() == '\0') {
-            const bool odd = (reader.position() - mapStart) % 2 == 1;
-            if (odd && !(lastType && reader.left() == 0)) {
-                label.push_back(takeLabelByte(reader));
-            }
-            return label;
+    const std::string_view rest = reader.rest();
+    const auto* const end =
+        std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\0' || c == '\xA3'; });
+    if (end == rest.end()) {
+        failAtEnd(reader);
+    }
+    auto length = static_cast<std::size_t>(end - rest.begin()) + 1;
+    const bool odd = (reader.position() + length - mapStart) % 2 == 1;
+    if (*end == '\0' && odd) {
+        if (length < rest.size()) {
+            ++length;
+        } else if (!lastType) {
+            failAtEnd(reader);
         }
     }
+    return reader.take(length);
 }
 
 struct MapReading {
@@ -76,6 +82,7 @@ bool readTypeRow(RsmpType& type, ByteReader& reader, MapReading& reading, bool l
     }
     checkCount(type.EntryCount);
     type.Entries.reset();
+    type.Entries.reserve(std::min(type.EntryCount, kUsualEntries));
     for (std::int32_t row = 1; row <= type.EntryCount; ++row) {
         CheckpointNumber = 3000;
         RsmpEntry entry;

@@ -219,6 +219,8 @@ class PosixFile : public File {
         return status.st_size;
     }
 
+    void refuseWriting() { writable_ = false; }
+
     void flush() override {
         if (::fsync(handle_) != 0) {
             throw RuntimeError(numberOfErrno(errno));
@@ -236,14 +238,15 @@ class PosixFileSystem : public FileSystem {
         if (mode == OpenMode::CreateOwn) {
             return make(resolveOwn(path), O_WRONLY | O_CREAT | O_EXCL, true);
         }
-        // Most files stand there as they are written: then that look is the only one.
-        std::string native = nativeText(path);
-        struct stat status {};
-        bool exists = ::stat(native.c_str(), &status) == 0;
-        if (!exists) {
-            native = resolve(path);
-            exists = ::stat(native.c_str(), &status) == 0;
+        if (mode == OpenMode::Input || mode == OpenMode::Binary) {
+            std::unique_ptr<File> file = openAsWritten(path, mode);
+            if (file != nullptr) {
+                return file;
+            }
         }
+        const std::string native = resolve(path);
+        struct stat status {};
+        const bool exists = ::stat(native.c_str(), &status) == 0;
         if (exists && !S_ISREG(status.st_mode)) {
             throw RuntimeError(error::kPathFileAccess);
         }
@@ -396,6 +399,26 @@ class PosixFileSystem : public FileSystem {
     }
 
   private:
+    // Most files stand there as the path is written, and may be opened: then there is one walk to
+    // them. Nothing if this one doesn't. A pipe without anybody at its other end isn't waited for.
+    static std::unique_ptr<File> openAsWritten(const Path& path, OpenMode mode) {
+        const int access = mode == OpenMode::Input ? O_RDONLY : O_RDWR;
+        const int handle =
+            ::open(nativeText(path).c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+        if (handle < 0) {
+            return nullptr;
+        }
+        auto file = std::make_unique<PosixFile>(handle, mode == OpenMode::Binary);
+        struct stat status {};
+        if (::fstat(handle, &status) != 0 || !S_ISREG(status.st_mode)) {
+            throw RuntimeError(error::kPathFileAccess);
+        }
+        if (hasReadOnlyMark(status)) {
+            file->refuseWriting();
+        }
+        return file;
+    }
+
     static std::unique_ptr<File> make(const std::string& native, int flags, bool writable) {
         const int handle = ::open(native.c_str(), flags | O_CLOEXEC, 0666);
         if (handle < 0) {
