@@ -125,17 +125,23 @@ GameKind kindOfGame(const Path& install, const GameSurroundings& surroundings, B
     return isGame(install, look) ? Judge(install, surroundings, look).kind() : GameKind::Classic;
 }
 
-bool isLegacyTemplate(const Path& path, const GameSurroundings& surroundings, BoundedLook& look) {
+std::vector<Path> gamesOfUserData(const Path& path, BoundedLook& look) {
+    std::vector<Path> games;
     for (const Path& form : formsOf(path, look)) {
         for (Path place = form; !place.empty(); place = place.folder()) {
-            const Path above = place.folder();
-            if (matchesMask(place.fileName(), "UserData*") && isGame(above, look) &&
-                kindOfGame(above, surroundings, look) == GameKind::Legacy) {
-                return true;
+            if (matchesMask(place.fileName(), "UserData*") && isGame(place.folder(), look)) {
+                games.push_back(place.folder());
             }
         }
     }
-    return false;
+    return games;
+}
+
+bool isLegacyTemplate(const Path& path, const GameSurroundings& surroundings, BoundedLook& look) {
+    const std::vector<Path> games = gamesOfUserData(path, look);
+    return std::any_of(games.begin(), games.end(), [&](const Path& game) {
+        return kindOfGame(game, surroundings, look) == GameKind::Legacy;
+    });
 }
 
 bool mayHoldNeighbourhoods(const Path& folder, const GameSurroundings& surroundings,

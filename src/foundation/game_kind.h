@@ -2,6 +2,8 @@
 // neighbourhoods, which must never be written.
 #pragma once
 
+#include <vector>
+
 #include "foundation/game.h"
 #include "foundation/game_surroundings.h"
 #include "system/path.h"
@@ -16,6 +18,11 @@ bool isGame(const Path& folder, BoundedLook& look);
 // folder; if nothing of that tells, by the saves that it has made, unless the registry names the
 // folder as the classic game's.
 GameKind kindOfGame(const Path& install, const GameSurroundings& surroundings, BoundedLook& look);
+
+// The folders of the games, of either kind, in whose folder "UserData..." a path lies, or whose
+// folder it is, as it is written or with links followed. For most paths there is none, which is
+// told without a look at the machine's surroundings.
+std::vector<Path> gamesOfUserData(const Path& path, BoundedLook& look);
 
 // True if a path lies in a folder "UserData..." of a Legacy game's install folder, or is that
 // folder, as it is written or with links followed. Nothing there is ever written.

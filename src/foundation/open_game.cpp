@@ -48,7 +48,8 @@ bool mayChooseNeighbourhoods(const Path& folder) {
 
 bool isTemplate(const Path& path) {
     BoundedLook look;
-    return isLegacyTemplate(path, gameSurroundings(), look);
+    // To ask the machine for its drives and mounts takes longer than to write a small file.
+    return !gamesOfUserData(path, look).empty() && isLegacyTemplate(path, gameSurroundings(), look);
 }
 
 void refuseTemplate(const Path& path) {
