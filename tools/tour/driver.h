@@ -21,7 +21,8 @@ struct Step {
 class Driver {
   public:
     // Pictures of the screen go into folder as 01-name.png, 02-name.png ..., those of the windows
-    // alone into its folder "windows" as name.png.
+    // alone into its folder "windows" as name.png. Without a folder there are no pictures, and no
+    // step waits until its window looks its best.
     explicit Driver(QString folder);
 
     void add(const QString& name, std::function<bool()> ready, std::function<void()> action);
@@ -31,6 +32,8 @@ class Driver {
     bool isDone() const { return next_ == steps_.size(); }
 
   private:
+    bool takesPictures() const { return !folder_.isEmpty(); }
+    int poll() const;  // milliseconds
     bool isReady(int elapsed) const;
     // settled: the window has had its time to paint.
     void wait(int elapsed, bool settled);
