@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 #include "browser/neighbourhood_tools.h"
 #include "browser/neighbourhoods.h"
@@ -424,6 +425,15 @@ const std::vector<TestedCommand>& testedCommands() {
     return kCommands;
 }
 
+const TestedCommand& testedCommand(const std::string& name) {
+    for (const TestedCommand& command : testedCommands()) {
+        if (command.name == name) {
+            return command;
+        }
+    }
+    throw std::invalid_argument("no command " + name);
+}
+
 Outcome runCommand(const TestedCommand& command, Stage& stage) {
     stage.takeTold();
     Outcome outcome;
@@ -470,6 +480,30 @@ std::string faultsOfKept(const TestedCommand& command, const Stage& stage, const
         if (!command.isReport && old[i] && now[i] != old[i] &&
             !isKept(stage, command.files[i], *old[i])) {
             faults += command.files[i] + " was replaced, and nobody kept it\n";
+        }
+    }
+    return faults;
+}
+
+std::string faultsOfTakingBack(Stage& stage) {
+    std::string faults;
+    // No version may go for the sake of those that come.
+    HistoryBounds bounds;
+    bounds.versionsOfAnArchive = 1000;
+    stage.history.setBounds(bounds);
+    const std::vector<HistoryEntry> all = stage.history.entries();
+    for (const HistoryEntry& entry : all) {
+        HistoryCommand command = stage.command("Restore");
+        for (const RestoreItem& item : restorePlan(stage.history, entry, all, {}, false)) {
+            if (item.step == RestoreStep::Refused || !restoreFile(item, {command})) {
+                faults += item.record.path + " can't be put back: " + item.reason + "\n";
+                continue;
+            }
+            const bool isThere = files().fileExists(item.target);
+            if (item.record.before ? !isThere || stateOfFile(item.target) != item.record.before
+                                   : isThere) {
+                faults += item.record.path + " isn't what it was before its command\n";
+            }
         }
     }
     return faults;

@@ -72,6 +72,8 @@ struct TestedCommand {
 };
 
 const std::vector<TestedCommand>& testedCommands();
+// Raises invalid_argument if there is none of that name.
+const TestedCommand& testedCommand(const std::string& name);
 
 // For messages of GoogleTest.
 inline void PrintTo(const TestedCommand& command, std::ostream* stream) {
@@ -89,6 +91,10 @@ Contents contentsOf(const TestedCommand& command, const Stage& stage);
 // read, a record without its old bytes, a backup that isn't whole, a file that isn't the old one
 // any more and whose old bytes nobody kept.
 std::string faultsOfKept(const TestedCommand& command, const Stage& stage, const Contents& old);
+
+// Takes everything back that is kept, the newest command first, and says what goes wrong with it, a
+// line each.
+std::string faultsOfTakingBack(Stage& stage);
 
 // The files below the root but those of the earlier versions.
 std::vector<std::string> namesOutsideHistory(const Stage& stage);

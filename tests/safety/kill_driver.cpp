@@ -3,8 +3,8 @@
 //
 //   kill_driver list                     the names of the commands
 //   kill_driver prepare ROOT COMMAND     puts the old files below an empty folder
-//   kill_driver idle ROOT                does what comes before a command
 //   kill_driver run ROOT COMMAND         does the command
+//   kill_driver held ROOT COMMAND        the same, but stops itself, by SIGSTOP, right before it
 //   kill_driver check ROOT COMMAND       0 if nothing is lost and the command works again; makes
 //                                        the files anew for the next run
 #include <cstdio>
@@ -14,6 +14,7 @@
 #include <string>
 
 #include "safety/commands.h"
+#include "safety/kill_check.h"
 #include "system/streams.h"
 
 namespace {
@@ -22,20 +23,6 @@ namespace fs = std::filesystem;
 using namespace marlowick;
 using namespace marlowick::test;
 
-const TestedCommand& commandOf(const std::string& name) {
-    for (const TestedCommand& command : testedCommands()) {
-        if (command.name == name) {
-            return command;
-        }
-    }
-    throw std::invalid_argument("no command " + name);
-}
-
-void prepare(const TestedCommand& command, const Stage& stage) {
-    stage.removeEverything();
-    command.prepare(stage);
-}
-
 int run(const TestedCommand& command, Stage& stage) {
     command.load(stage);
     const Outcome outcome = runCommand(command, stage);
@@ -43,16 +30,9 @@ int run(const TestedCommand& command, Stage& stage) {
     return outcome.isDone ? 0 : 1;
 }
 
-// The command's files before it and behind it, on a disk that works, and all names behind it.
-struct Whole {
-    Contents old;
-    Contents changed;
-    std::vector<std::string> names;
-};
-
 Whole wholeRun(const TestedCommand& command, const fs::path& root) {
     Stage stage(root);
-    prepare(command, stage);
+    prepareAnew(command, stage);
     Whole whole;
     whole.old = contentsOf(command, stage);
     if (run(command, stage) != 0) {
@@ -64,33 +44,18 @@ Whole wholeRun(const TestedCommand& command, const fs::path& root) {
 }
 
 std::string faultsAfterKill(const TestedCommand& command, const Whole& whole, Stage& stage) {
-    std::string faults;
-    const Contents left = contentsOf(command, stage);
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (!command.isReport && left[i] != whole.old[i] && left[i] != whole.changed[i]) {
-            faults += command.files[i] + " is neither the old one nor the new one\n";
+    std::string faults = faultsOfLeft(command, whole, stage);
+    // The next run of the program. What is all done already needs no other, where it can't be done
+    // twice.
+    const bool isDone = contentsOf(command, stage) == whole.changed;
+    if (command.files.empty() || !isDone || !command.keepsSlots) {
+        if (run(command, stage) != 0) {
+            faults += "the command doesn't work again\n";
         }
+        faults += faultsOfSecondRun(command, whole, stage);
     }
-    faults += faultsOfKept(command, stage, whole.old);
-    // The next run of the program. What is all done already needs no other.
-    if (!command.files.empty() && left == whole.changed && command.keepsSlots) {
-        return faults;
-    }
-    if (run(command, stage) != 0) {
-        faults += "the command doesn't work again\n";
-    }
-    if (contentsOf(command, stage) != whole.changed) {
-        faults += "the command does something else the second time\n";
-    }
-    for (const std::string& name : leftovers(stage)) {
-        faults += name + " is left over\n";
-    }
-    for (const std::string& name : namesOutsideHistory(stage)) {
-        if (std::find(whole.names.begin(), whole.names.end(), name) == whole.names.end()) {
-            faults += name + " is left over\n";
-        }
-    }
-    return faults;
+    streams().closeAll();
+    return faults + faultsOfTakingBack(stage);
 }
 
 int check(const TestedCommand& command, const fs::path& root) {
@@ -101,7 +66,7 @@ int check(const TestedCommand& command, const fs::path& root) {
     Stage stage(root);
     const std::string faults = faultsAfterKill(command, whole, stage);
     std::cout << faults;
-    prepare(command, stage);
+    prepareAnew(command, stage);
     return faults.empty() ? 0 : 1;
 }
 
@@ -114,18 +79,17 @@ int act(const std::vector<std::string>& arguments) {
         return 0;
     }
     const fs::path root = arguments.at(1);
-    if (what == "idle") {
-        const Stage stage(root);
-        return 0;
-    }
-    const TestedCommand& command = commandOf(arguments.at(2));
+    const TestedCommand& command = testedCommand(arguments.at(2));
     if (what == "check") {
         return check(command, root);
     }
     Stage stage(root);
     if (what == "prepare") {
-        prepare(command, stage);
+        prepareAnew(command, stage);
         return 0;
+    }
+    if (what == "held") {
+        stopUntilWatched();
     }
     return run(command, stage);
 }

@@ -215,10 +215,7 @@ INSTANTIATE_TEST_SUITE_P(Commands, RealDiskTest, ::testing::ValuesIn(test::teste
 // What stands in the way of one sim of a repair.
 class RepairInTheWayTest : public ::testing::Test {
   protected:
-    static const TestedCommand& repair() {
-        return *std::find_if(test::testedCommands().begin(), test::testedCommands().end(),
-                             [](const TestedCommand& one) { return one.name == "fit-repair"; });
-    }
+    static const TestedCommand& repair() { return test::testedCommand("fit-repair"); }
 
     test::TestFolder folder;
     Stage stage{folder.root()};
