@@ -286,20 +286,6 @@ std::vector<std::string> split(const std::string& path) {
     return pieces;
 }
 
-bool isKept(const Stage& stage, const std::string& name, const std::string& old) {
-    const std::optional<KeptPlace> place = keptPlaceOf(stage.history.places(), stage.path(name));
-    for (const HistoryEntry& entry : stage.history.entries()) {
-        for (const HistoryRecord& record : entry.about.records) {
-            if (record.place && place && placeKey(*record.place) == placeKey(*place) &&
-                record.before == stateOf(old) &&
-                readWholeFile(stage.history.keptFile(entry, record)) == old) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
 }  // namespace
 
 Stage::Stage(fs::path root) : history({}), root_(std::move(root)) {
@@ -483,6 +469,20 @@ std::string faultsOfKept(const TestedCommand& command, const Stage& stage, const
         }
     }
     return faults;
+}
+
+bool isKept(const Stage& stage, const std::string& name, const std::string& content) {
+    const std::optional<KeptPlace> place = keptPlaceOf(stage.history.places(), stage.path(name));
+    for (const HistoryEntry& entry : stage.history.entries()) {
+        for (const HistoryRecord& record : entry.about.records) {
+            if (record.place && place && placeKey(*record.place) == placeKey(*place) &&
+                record.before == stateOf(content) &&
+                readWholeFile(stage.history.keptFile(entry, record)) == content) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 std::string faultsOfTakingBack(Stage& stage) {

@@ -92,6 +92,9 @@ Contents contentsOf(const TestedCommand& command, const Stage& stage);
 // any more and whose old bytes nobody kept.
 std::string faultsOfKept(const TestedCommand& command, const Stage& stage, const Contents& old);
 
+// True if these old bytes of a file are kept.
+bool isKept(const Stage& stage, const std::string& name, const std::string& content);
+
 // Takes everything back that is kept, the newest command first, and says what goes wrong with it, a
 // line each.
 std::string faultsOfTakingBack(Stage& stage);

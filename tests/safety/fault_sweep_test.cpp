@@ -4,50 +4,18 @@
 
 #include <iostream>
 
-#include "safety/commands.h"
+#include "safety/command_test.h"
 #include "support/faulty_files.h"
-#include "support/quick_disk.h"
 #include "support/sweep_step.h"
-#include "support/test_folder.h"
 #include "system/runtime_error.h"
-#include "system/streams.h"
 
 namespace marlowick {
 namespace {
 
-using test::Contents;
 using test::FaultyFiles;
-using test::Outcome;
-using test::Stage;
-using test::TestedCommand;
 
-class FaultSweepTest : private test::QuickDisk, public ::testing::TestWithParam<TestedCommand> {
+class FaultSweepTest : public test::CommandTest {
   protected:
-    void prepare() {
-        streams().closeAll();
-        stage.removeEverything();
-        stage.history = History(stage.history.places());
-        command.prepare(stage);
-        command.load(stage);
-        ASSERT_EQ(stage.takeTold(), "");
-    }
-
-    // What the command does on a disk that works.
-    void runWhole() {
-        prepare();
-        old = contentsOf(command, stage);
-        outcome = runCommand(command, stage);
-        ASSERT_TRUE(outcome.isDone) << outcome.told;
-        ASSERT_EQ(outcome.told, "");
-        changed = contentsOf(command, stage);
-        for (std::size_t i = 0; i < old.size(); ++i) {
-            ASSERT_NE(old[i], changed[i]) << command.files[i];
-        }
-        names = namesOutsideHistory(stage);
-        ASSERT_EQ(faultsOfKept(command, stage, old), "");
-        ASSERT_EQ(leftovers(stage), std::vector<std::string>{});
-    }
-
     // Runs it with a fault at operation k; true if it asked for fewer.
     bool runFaulty(int k, FaultyFiles::Fault fault, int number) {
         FaultyFiles faulty(k, fault, number, FaultyFiles::Counted::All);
@@ -56,40 +24,6 @@ class FaultSweepTest : private test::QuickDisk, public ::testing::TestWithParam<
             errors = static_cast<int>(errorsOf(*faulty.failed()).size());
         }
         return faulty.changes() < k;
-    }
-
-    void expectNothingLost() {
-        const Contents now = contentsOf(command, stage);
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            if (command.isReport) {
-                continue;
-            }
-            EXPECT_TRUE(now[i] == old[i] || now[i] == changed[i]) << command.files[i];
-        }
-        EXPECT_EQ(faultsOfKept(command, stage, old), "");
-        if (!outcome.isDone) {
-            EXPECT_NE(outcome.told, "");
-        } else if (!command.passesOver) {
-            EXPECT_TRUE(now == changed) << outcome.told;
-        }
-    }
-
-    // The disk works again, and so does the command.
-    void expectItWorksAgain() {
-        if (command.keepsSlots && !outcome.isDone) {
-            if (contentsOf(command, stage) == changed) {
-                return;
-            }
-            streams().closeAll();
-            command.load(stage);
-        }
-        const Outcome again = runCommand(command, stage);
-        EXPECT_TRUE(again.isDone);
-        EXPECT_EQ(again.told, "");
-        EXPECT_TRUE(contentsOf(command, stage) == changed);
-        EXPECT_EQ(faultsOfKept(command, stage, old), "");
-        EXPECT_EQ(namesOutsideHistory(stage), names);
-        EXPECT_EQ(leftovers(stage), std::vector<std::string>{});
     }
 
     // True if the command asks for fewer operations.
@@ -108,14 +42,7 @@ class FaultSweepTest : private test::QuickDisk, public ::testing::TestWithParam<
         return false;
     }
 
-    const TestedCommand& command = GetParam();
-    test::TestFolder folder;
-    Stage stage{folder.root()};
-    Contents old;
-    Contents changed;
-    std::vector<std::string> names;
     int points = 0;
-    Outcome outcome;
     int errors = 1;  // of the operation that has failed
 };
 
@@ -137,11 +64,7 @@ TEST_P(FaultSweepTest, LosesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Commands, FaultSweepTest, ::testing::ValuesIn(test::testedCommands()),
-                         [](const auto& tested) {
-                             std::string name = tested.param.name;
-                             std::erase(name, '-');
-                             return name;
-                         });
+                         test::nameOfTest);
 
 }  // namespace
 }  // namespace marlowick

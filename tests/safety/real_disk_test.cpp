@@ -8,14 +8,13 @@
 
 #ifndef _WIN32
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 #endif
 
-#include "safety/commands.h"
+#include "safety/command_test.h"
 #include "support/faulty_files.h"
-#include "support/quick_disk.h"
-#include "support/test_folder.h"
 #include "system/game_text.h"
 #include "system/streams.h"
 
@@ -81,25 +80,12 @@ class FlushWatch : public FaultyFiles {
     std::set<std::string> unflushed_;
 };
 
-class RealDiskTest : private test::QuickDisk, public ::testing::TestWithParam<TestedCommand> {
-  protected:
-    void prepare() {
-        streams().closeAll();
-        stage.removeEverything();
-        stage.history = History(stage.history.places());
-        command.prepare(stage);
-        command.load(stage);
-    }
-
-    const TestedCommand& command = GetParam();
-    test::TestFolder folder;
-    Stage stage{folder.root()};
-};
+class RealDiskTest : public test::CommandTest {};
 
 TEST_P(RealDiskTest, WhatGuardsAFileIsOnTheDiskBeforeItIsReplaced) {
     prepare();
     FlushWatch watch;
-    const Outcome outcome = runCommand(command, stage);
+    outcome = runCommand(command, stage);
     EXPECT_TRUE(outcome.isDone) << outcome.told;
     EXPECT_EQ(watch.early, std::vector<std::string>{});
     if (command.isReport || command.files.empty() || command.name == "ensemble-deleted") {
@@ -135,48 +121,34 @@ class FileSizeLimit {
 };
 
 TEST_P(RealDiskTest, ThatTakesNoMoreLosesNothing) {
-    prepare();
-    const Contents old = contentsOf(command, stage);
-    ASSERT_TRUE(runCommand(command, stage).isDone);
-    const Contents changed = contentsOf(command, stage);
+    runWhole();
     int failed = 0;
     for (const rlim_t limit : {0U, 1U, 30U, 100U, 500U, 1000U, 4000U, 8000U, 20000U, 40000U}) {
         SCOPED_TRACE(limit);
         prepare();
-        Outcome outcome;
         {
             const FileSizeLimit full(limit);
             outcome = runCommand(command, stage);
         }
-        const Contents now = contentsOf(command, stage);
-        for (std::size_t i = 0; i < now.size() && !command.isReport; ++i) {
-            EXPECT_TRUE(now[i] == old[i] || now[i] == changed[i]) << command.files[i];
-        }
-        EXPECT_EQ(faultsOfKept(command, stage, old), "");
-        if (!outcome.isDone) {
-            ++failed;
-            EXPECT_NE(outcome.told, "");
-        }
-        streams().closeAll();
-        if (now != changed) {
-            command.load(stage);
-            const Outcome again = runCommand(command, stage);
-            EXPECT_TRUE(again.isDone) << again.told;
-            EXPECT_TRUE(contentsOf(command, stage) == changed);
-        }
+        failed += outcome.isDone ? 0 : 1;
+        expectNothingLost();
+        expectItWorksAgain();
     }
     if (!command.files.empty()) {
         EXPECT_GT(failed, 0);
     }
 }
 
+dev_t deviceOf(const fs::path& path) {
+    struct stat status {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_dev;
+}
+
 // A person keeps the file itself elsewhere, perhaps on another disk: there it is replaced, and the
 // link stays.
 TEST_P(RealDiskTest, AFileBehindALinkIsReplacedWhereItLies) {
-    prepare();
-    ASSERT_TRUE(runCommand(command, stage).isDone);
-    const Contents changed = contentsOf(command, stage);
-    prepare();
+    runWhole();
     const fs::path elsewhere =
         fs::path("/tmp") / ("marlowick-link-" + folder.root().filename().string());
     fs::create_directories(elsewhere);
@@ -190,7 +162,7 @@ TEST_P(RealDiskTest, AFileBehindALinkIsReplacedWhereItLies) {
         }
     }
     command.load(stage);
-    const Outcome outcome = runCommand(command, stage);
+    outcome = runCommand(command, stage);
     EXPECT_TRUE(outcome.isDone) << outcome.told;
     EXPECT_TRUE(contentsOf(command, stage) == changed);
     for (std::size_t i = 0; i < command.files.size(); ++i) {
@@ -201,16 +173,16 @@ TEST_P(RealDiskTest, AFileBehindALinkIsReplacedWhereItLies) {
     for (const auto& entry : fs::directory_iterator(elsewhere)) {
         EXPECT_EQ(entry.path().filename().string().find("marlowick-new"), std::string::npos);
     }
+    const bool isOtherDisk = deviceOf(elsewhere) != deviceOf(folder.root());
     fs::remove_all(elsewhere);
+    if (!isOtherDisk) {
+        GTEST_SKIP() << "there is no second disk to link to: the link led to the same one";
+    }
 }
 #endif
 
 INSTANTIATE_TEST_SUITE_P(Commands, RealDiskTest, ::testing::ValuesIn(test::testedCommands()),
-                         [](const auto& tested) {
-                             std::string name = tested.param.name;
-                             std::erase(name, '-');
-                             return name;
-                         });
+                         test::nameOfTest);
 
 // What stands in the way of one sim of a repair.
 class RepairInTheWayTest : public ::testing::Test {
