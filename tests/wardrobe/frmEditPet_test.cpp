@@ -4,12 +4,14 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 
 #include "browser/frmMain.h"
 #include "catalogue/frmSelectSkin.h"
 #include "support/archive_builder.h"
 #include "support/chooser_driver.h"
 #include "wardrobe/editor_test.h"
+#include "widgets/history_messages.h"
 
 namespace marlowick {
 namespace {
@@ -323,6 +325,72 @@ TEST_F(EditPetTest, WhatASaveReplacesIsKeptUnderThePetsName) {
     EXPECT_EQ(entries[0].folder, "000001 2026-01-01 12.00.00 Save pet Rex");
     EXPECT_TRUE(keptContent(entries[0]) == content);
     EXPECT_FALSE(fileContent() == content);
+}
+
+TEST_F(EditPetTest, LeadsToThePetsVersionsAndLoadsAnewAfterARestore) {
+    makePet();
+    folder.write("game/GameData/Skins/B002DOG_new.cmx", "");
+    makeSkin("B002dog_Spots", 0x998877);
+    // The first save takes pictures and map away: that is the version.
+    open([this](QWidget& window) { saveAndAgree(window); });
+    const std::string saved = fileContent();
+    ASSERT_FALSE(saved == content);
+    folder.write("game/UserData2/Characters/user00008.iff", content);
+    {
+        HistoryCommand command(earlierVersions(), "Save pet", "Max", {});
+        ASSERT_TRUE(command.keepOrAsk(folder.path("game\\UserData2\\characters\\user00008.iff"),
+                                      stateOf("other")));
+    }
+    const auto restore = [](QWidget& history) {
+        EXPECT_EQ(textOf(history, "txtFilter"), "UserData2\\characters\\user00007.iff");
+        auto* entries = find<QListWidget>(history, "lstEntries");
+        EXPECT_TRUE(entries->item(entries->count() - 1)->text().startsWith("Save pet Rex\n"));
+        entries->setCurrentRow(entries->count() - 1);
+        click(history, "cmdRestore");
+        click(history, "cmdClose");
+    };
+    open([&](QWidget& window) {
+        script.whenShown("frmSelectSkin", [](QWidget& chooser) {
+            clickLine(chooser, "lstModels", "B002DOG_NEW");
+            click(chooser, "cmdSelect");
+        });
+        click(window, "cmdChangeNormal");
+        const std::size_t before = script.messages().size();
+        // Yes, but the changes aren't to be dropped.
+        script.whenShown("frmHistory", restore);
+        script.answer(QMessageBox::Yes);
+        script.answer(QMessageBox::No);
+        click(window, "cmdHistory");
+        EXPECT_EQ(window.focusWidget(), find<QWidget>(window, "cmdFocus"));
+        EXPECT_TRUE(fileContent() == saved);
+        EXPECT_EQ(textOf(window, "txtNormalSkin"), "B002dog_Spots");
+        EXPECT_TRUE(
+            script.messages()
+                .at(before + 1)
+                .text.startsWith(
+                    "The changes to user00007 - Rex  (Rex) that are not saved will be lost."));
+        // And now they are.
+        script.whenShown("frmHistory", restore);
+        script.answer(QMessageBox::Yes);
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdHistory");
+        EXPECT_TRUE(fileContent() == content);
+        EXPECT_EQ(textOf(window, "txtNormalSkin"), "b001dog_coat");
+        // Without changes nobody asks about any.
+        script.whenShown("frmHistory", [](QWidget& history) {
+            EXPECT_EQ(find<QListWidget>(history, "lstEntries")->count(), 2);
+            click(history, "cmdRestore");
+            click(history, "cmdClose");
+        });
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdHistory");
+        EXPECT_TRUE(fileContent() == saved);
+        // What is on the disk is what the window has: a save asks nothing more.
+        saveAndAgree(window);
+        EXPECT_FALSE(window.isVisible());
+    });
 }
 
 TEST_F(EditPetTest, ASkinThatCantBeShownIsReportedAndTheOldPictureStays) {
