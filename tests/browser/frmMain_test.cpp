@@ -13,6 +13,7 @@
 #include "foundation/game.h"
 #include "iff/string_segment.h"
 #include "start/startup.h"
+#include "support/error_recorder.h"
 #include "support/user_file_builder.h"
 #include "support/window_driver.h"
 #include "system/files.h"
@@ -228,6 +229,19 @@ TEST_F(MainTest, TheListIsReadAgainOnlyWhenNoSimsAreListed) {
     EXPECT_EQ(list->count(), 2);
     EXPECT_EQ(list->currentRow(), 1);
     EXPECT_EQ(nameIn(window, 0), "Sim 1");
+}
+
+TEST_F(MainTest, ASimThatVanishesFromThePageHarmsNoOther) {
+    frmMain& window = showSims(3);
+    const std::string other = folder.read(test::simPlace(3));
+    std::filesystem::remove(folder.root() / test::simPlace(2));
+    const test::ErrorRecorder recorder;
+    clickCell(window, 1);
+    EXPECT_FALSE(textOf(window, "txtSimName").contains("Sim 2"));
+    clickCell(window, 2);
+    EXPECT_EQ(textOf(window, "txtSimName"), "User3 - Sim 3");
+    EXPECT_TRUE(folder.read(test::simPlace(3)) == other);
+    EXPECT_EQ(folder.read(test::simPlace(2)), "");
 }
 
 TEST_F(MainTest, AnOddBackupSettingShowsUncheckedUntilItIsToggled) {

@@ -30,6 +30,7 @@ using test::click;
 using test::entriesOfArchive;
 using test::find;
 using test::kBlue;
+using test::kGreen;
 using test::kRed;
 using test::little32;
 using test::ManageFARsTest;
@@ -210,6 +211,41 @@ TEST_F(ManageFARsTest, ANewArchiveIsEmptyAndAsksNothing) {
         EXPECT_EQ(colourOf(window, "picFARBMP"), 0xFFFFFFFFU);
     });
     EXPECT_TRUE(script.messages().empty());
+}
+
+// Between the list and the choice; the other archive is as good as before.
+TEST_F(ManageFARsTest, AnArchiveThatVanishesFromTheListIsTold) {
+    makeArchive("a.far", {{"red.bmp", kRed, {}}});
+    makeArchive("b.far", {{"green.bmp", kGreen, {}}});
+    const std::string other = archive("b.far");
+    manage([this](QWidget& window) {
+        script.whenShown(QStringLiteral("frmOpenFAR"), [this](QWidget& opener) {
+            std::filesystem::remove(folder.root() / (std::string(test::kTextures) + "a.far"));
+            select(opener, {0});
+            click(opener, "cmdSelect");
+        });
+        script.answer();
+        click(window, "cmdOpen");
+        EXPECT_EQ(rows(window), QStringList());
+        pick(window, "b.far");
+        EXPECT_EQ(rows(window), QStringList{"green.bmp"});
+    });
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "File Load Error");
+    EXPECT_TRUE(archive("b.far") == other);
+}
+
+TEST_F(ManageFARsTest, AnArchiveThatChangesBehindTheListIsShownAsItIs) {
+    makeArchive("a.far", {{"red.bmp", kRed, {}}, {"blue.bmp", kBlue, {}}});
+    manage([this](QWidget& window) {
+        script.whenShown(QStringLiteral("frmOpenFAR"), [this](QWidget& opener) {
+            makeArchive("a.far", {{"green.bmp", kGreen, {}}});
+            select(opener, {0});
+            click(opener, "cmdSelect");
+        });
+        click(window, "cmdOpen");
+        EXPECT_EQ(rows(window), QStringList{"green.bmp"});
+    });
 }
 
 TEST_F(ManageFARsTest, RefusesAFileWithoutEntriesAndTakesAnyHead) {
