@@ -6,6 +6,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <filesystem>
 
 #include "browser/frmMain.h"
 #include "foundation/error_trap.h"
@@ -26,7 +29,6 @@ namespace {
 
 using test::click;
 using test::find;
-using test::textOf;
 
 TEST(StartupTest, TheProgramFolderIsWrittenWithBackslashes) {
     const test::TestFolder folder;
@@ -56,6 +58,70 @@ TEST_F(OnlyCopyTest, TheFirstOneAndOneBehindAnotherSayNothing) {
     EXPECT_EQ(lockFolder(ProgramFolder).answer, LockAnswer::HeldByOther);
     EXPECT_TRUE(script.messages().empty());
 }
+
+TEST_F(OnlyCopyTest, GoesOnWhereNoLockCanBeHad) {
+    ProgramFolder = folder.path("nowhere");
+    EXPECT_TRUE(isOnlyCopy());
+    EXPECT_TRUE(script.messages().empty());
+}
+
+TEST_F(OnlyCopyTest, AFolderThatMayNotBeWrittenIsNoExcuse) {
+    folder.makeReadOnly("program");
+    EXPECT_TRUE(isOnlyCopy());
+    EXPECT_TRUE(script.messages().empty());
+    ProgramFolder = folder.path("other");
+    folder.write("other/x", "");
+    folder.makeReadOnly("other");
+    const LockedFolder other = lockFolder(ProgramFolder);
+    script.answer();
+    EXPECT_FALSE(isOnlyCopy());
+}
+
+#ifndef _WIN32
+// The program itself, in a folder of its own, on no screen.
+class RunningCopy {
+  public:
+    explicit RunningCopy(const test::TestFolder& folder) {
+        const std::filesystem::path program = folder.program() / "Marlowick";
+        std::filesystem::copy_file(MARLOWICK_PROGRAM, program,
+                                   std::filesystem::copy_options::overwrite_existing);
+        QProcessEnvironment own = QProcessEnvironment::systemEnvironment();
+        own.insert("QT_QPA_PLATFORM", "offscreen");
+        own.insert("HOME", QString::fromStdString(folder.root().string()));
+        own.insert("XDG_CONFIG_HOME", QString::fromStdString(folder.root().string()));
+        process_.setProcessEnvironment(own);
+        process_.start(QString::fromStdString(program.string()), QStringList());
+        EXPECT_TRUE(process_.waitForStarted());
+        EXPECT_TRUE(QTest::qWaitFor(
+            [] { return lockFolder(ProgramFolder).answer == LockAnswer::HeldByOther; }, 30000));
+    }
+    ~RunningCopy() { kill(); }
+    RunningCopy(const RunningCopy&) = delete;
+    RunningCopy& operator=(const RunningCopy&) = delete;
+
+    bool isRunning() const { return process_.state() == QProcess::Running; }
+    // At once, without a chance to clear anything away.
+    void kill() {
+        process_.kill();
+        process_.waitForFinished();
+    }
+
+  private:
+    QProcess process_;
+};
+
+TEST_F(OnlyCopyTest, ARealCopyLocksTheFolderUntilItIsKilled) {
+    RunningCopy first(folder);
+    script.answer();
+    EXPECT_FALSE(isOnlyCopy());
+    ASSERT_EQ(script.messages().size(), 1U);
+    EXPECT_EQ(script.messages()[0].title, "Already Running");
+    EXPECT_TRUE(first.isRunning());
+    first.kill();
+    EXPECT_TRUE(isOnlyCopy());
+    EXPECT_EQ(script.messages().size(), 1U);
+}
+#endif
 
 class TitleTest : public test::WindowTest {};
 
