@@ -27,26 +27,44 @@ is_stopped() {
 
 # Starts a command, which stops before it begins, and lets it go on under strace with the options
 # given. Leaves the trace in $root-trace, and in $root-calls its own calls that touch the game's or the
-# program's folder: a line each, the name, how manyth of that name it is, and the first path. Gives
-# the command's status.
+# program's folder: a line each, the name, how manyth of that name on its first path it is, and that
+# path. Gives the command's status.
 watch() {
     local driver=$1 command=$2 status=0 pid tracer
     shift 2
     "$driver" held "$root" "$command" >/dev/null &
     pid=$!
     until is_stopped "$pid"; do sleep 0.005; done
-    strace -qq -f -y -s 0 -e signal=none -o "$root-trace" "$@" -p "$pid" &
+    strace -qq -f -y -s 0 -e signal=none -o "$root-trace" "$@" -p "$pid" 2>/dev/null &
     tracer=$!
     until grep -q '^TracerPid:[[:space:]]*[1-9]' "/proc/$pid/status"; do sleep 0.005; done
     kill -CONT "$pid"
     # The shell's own word about the killed process is of no interest.
     { wait "$pid" || status=$?; wait "$tracer" || true; } 2>/dev/null
-    # Each thread counts its own calls: those of the others are none of the command's.
-    awk -v pid="$pid" -v below="$root/(game|program)[^\">]*" '
-        $1 == pid && match($0, /[a-z0-9_]+\(/) && $2 ~ /^[a-z0-9_]+\(/ {
-            name = substr($0, RSTART, RLENGTH - 1)
-            ++seen[name]
-            if (match($0, below)) { print name, seen[name], substr($0, RSTART, RLENGTH) }
+    # Each thread counts its own calls: those of the others are none of the command's. Who asks for a
+    # path with a slash behind it asks for the one without it too: strace takes both where it is there.
+    awk -v pid="$pid" -v below="^$root/(game|program)" '
+        $1 == pid && $2 ~ /^[a-z0-9_]+\(/ {
+            name = $2
+            sub(/\(.*/, "", name)
+            first = ""
+            split("", paths)
+            split("", bare)
+            sub(/\) += .*/, "")  # what it gave back, as descriptors too
+            for (rest = $0; match(rest, /["<]\/[^">]*/); rest = substr(rest, RSTART + RLENGTH)) {
+                path = substr(rest, RSTART + 1, RLENGTH - 1)
+                if (first == "" && path ~ below) { first = path }
+                paths[path]
+                sub(/\/$/, "", path)
+                bare[path]
+            }
+            for (path in paths) { ++seen[name, path] }
+            for (path in bare) { ++either[name, path] }
+            if (first != "") {
+                path = first
+                number = sub(/\/$/, "", path) ? either[name, path] : seen[name, path]
+                print name, number, first
+            }
         }' "$root-trace" >"$root-calls"
     return "$status"
 }
@@ -61,15 +79,16 @@ for driver in "$bin/kill_driver" "$bin/kill_windows"; do
         "$driver" check "$root" "$command"
         killed=0
         for ((i = 0; i < ${#calls[@]}; i += every)); do
-            read -r name number _ <<<"${calls[i]}"
+            read -r name number place <<<"${calls[i]}"
             status=0
-            watch "$driver" "$command" -e "trace=$name" \
+            watch "$driver" "$command" -e "trace=$name" -P "$place" -P "${place%/}" \
                 -e "inject=$name:signal=KILL:when=$number" || status=$?
             if [ "$status" -eq 137 ] && [ "$(tail -n 1 "$root-calls")" = "${calls[i]}" ]; then
                 killed=$((killed + 1))
             else
                 # What it does isn't the same in each run, and that call was another one.
                 missed=$((missed + 1))
+                echo "missed: $command, ${calls[i]}; the last was $(tail -n 1 "$root-calls")" >&2
             fi
             if ! "$driver" check "$root" "$command"; then
                 echo "LOST: $command killed at call $((i + 1)), ${calls[i]}" >&2
