@@ -12,6 +12,7 @@
 #include "catalogue/skin_image.h"
 #include "catalogue/skin_lists.h"
 #include "foundation/game.h"
+#include "system/kept_files.h"
 #include "widgets/picture_box.h"
 
 namespace marlowick::bench {
@@ -60,6 +61,24 @@ std::string padded(int number) {
     return std::string(6 - std::min<std::size_t>(6, text.size()), '0') + text;
 }
 
+// Nothing is kept of any file yet; what is read from now on is, as if the files were older than
+// they are.
+void forgetFiles() {
+    keptFiles() = KeptFiles(kMostKept, [] { return stampClock() + 60'000'000'000; });
+}
+
+// The same question once more, when what the first one read is kept. The floor stays that of the
+// first.
+template <class First>
+class Again : public First {
+  public:
+    explicit Again(int size) : First(size) {
+        First::prepare();
+        First::routine();
+    }
+    void prepare() override {}
+};
+
 class ModelCatalogue : public Case {
   public:
     explicit ModelCatalogue(int entries) {
@@ -73,9 +92,12 @@ class ModelCatalogue : public Case {
             game_.archive(nameOf(pack), content);
         }
     }
-    void prepare() override { resetModelCatalogue(); }
+    void prepare() override { forgetFiles(); }
     void floor() override { readAll(game_); }
-    void routine() override { gsBuildModelCatalogue(); }
+    void routine() override {
+        resetModelCatalogue();
+        gsBuildModelCatalogue();
+    }
 
   private:
     static std::string nameOf(int pack) {
@@ -132,6 +154,7 @@ class WardrobeImages : public Case {
         }
         box_.resize(152, 152);
     }
+    void prepare() override { forgetFiles(); }
     void floor() override {
         readAll(game_);
         for (int k = 0; k < kImages; ++k) {
@@ -165,6 +188,7 @@ class SkinPage : public Case {
         archive_ = SimsPath + "\\GameData\\Textures\\Textures.far";
         box_.resize(64, 64);
     }
+    void prepare() override { forgetFiles(); }
     void floor() override {
         readAll(game_);
         for (int k = 0; k < kCells; ++k) {
@@ -203,6 +227,7 @@ class SkinEntries : public Case {
             game_.archive("GameData/Textures/T" + padded(i) + ".far", content);
         }
     }
+    void prepare() override { forgetFiles(); }
     void floor() override { readAll(game_); }
     void routine() override {
         listSkinEntries({"B001FAFIT_01", "falgtfitB"}, skins_);
@@ -218,27 +243,48 @@ class SkinEntries : public Case {
 }  // namespace
 
 std::vector<Row> catalogueRows() {
+    const std::vector<int> growth = {320, 3200, 32'000, 320'000};
     return {{.name = "The model catalogue from 11 archives of # entries",
              .toReach = 2.0,
              .sizes = {5000},
              .smallSize = 50,
              .make = sized<ModelCatalogue>()},
+            {.name = "The same again",
+             .toReach = 2.0,
+             .sizes = {5000},
+             .smallSize = 50,
+             .make = sized<Again<ModelCatalogue>>()},
             {.name = "The 15 images of a wardrobe, all in the last of # texture archives",
              .toReach = 1.5,
              .sizes = {20},
              .smallSize = 2,
              .make = sized<WardrobeImages>()},
+            {.name = "The same 15 images again",
+             .toReach = 1.5,
+             .sizes = {20},
+             .smallSize = 2,
+             .make = sized<Again<WardrobeImages>>()},
             {.name = "49 skins shown out of one archive of # entries",
              .toReach = 1.3,
              .sizes = {5000},
              .smallSize = 50,
              .make = sized<SkinPage>()},
+            {.name = "The same 49 skins again",
+             .toReach = 1.3,
+             .sizes = {5000},
+             .smallSize = 50,
+             .make = sized<Again<SkinPage>>()},
             {.name = "List the archive skins of a model, 31 archives, # entries",
              .toReach = 1.5,
              .sizes = {155'000},
              .smallSize = 310,
-             .growth = {320, 3200, 32'000, 320'000},
-             .make = sized<SkinEntries>()}};
+             .growth = growth,
+             .make = sized<SkinEntries>()},
+            {.name = "List the same archive skins again",
+             .toReach = 1.5,
+             .sizes = {155'000},
+             .smallSize = 310,
+             .make = sized<Again<SkinEntries>>()}};
 }
 
 }  // namespace marlowick::bench

@@ -1,12 +1,13 @@
 #include "catalogue/model_catalogue.h"
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <unordered_set>
 
 #include "catalogue/names.h"
+#include "far/archive_directory.h"
 #include "far/archives.h"
-#include "far/far_directory.h"
 #include "foundation/folders.h"
 #include "system/files.h"
 #include "system/game_text.h"
@@ -39,17 +40,17 @@ void addByCode(const std::array<Code, count>& codes, std::string_view name) {
     }
 }
 
-struct Pass {
-    bool (*fits)(std::string_view);
-    void (*add)(std::string_view);
-};
-
-void addModels(const FarDirectory& directory, const Pass& pass) {
-    const int count = farEntryCount(directory);
+void addModels(const ArchiveDirectory& directory, bool holdsPets) {
+    const int count = directory.count();
+    std::string name;
     for (int number = 1; number <= count; ++number) {
-        const std::string name = gfstrFarBaseName(directory.Entries[number].FileName);
-        if (pass.fits(name)) {
-            pass.add(cutAtDot(name));
+        name = directory.baseName(number);
+        std::transform(name.begin(), name.end(), name.begin(), upperByte);
+        if (isPersonModel(name)) {
+            gsAddPersonModel(cutAtDot(name));
+        }
+        if (holdsPets && isPetModel(name)) {
+            gsAddPetModel(cutAtDot(name));
         }
     }
 }
@@ -122,8 +123,6 @@ void gsAddPetModel(std::string_view name) {
 }
 
 void gsBuildModelCatalogue() {
-    static constexpr Pass kPersons = {isPersonModel, gsAddPersonModel};
-    static constexpr Pass kPets = {isPetModel, gsAddPetModel};
     struct Step {
         ArchiveStage stage;
         bool holdsPets;
@@ -136,12 +135,7 @@ void gsBuildModelCatalogue() {
     };
     for (const Step& step : kSteps) {
         for (const Path& archive : existingArchives({step.stage}, kLastModelExpansion)) {
-            FarDirectory directory;
-            gsReadFARdir(directory, archive);
-            addModels(directory, kPersons);
-            if (step.holdsPets) {
-                addModels(directory, kPets);
-            }
+            addModels(*readArchiveDirectory(archive), step.holdsPets);
         }
     }
 }

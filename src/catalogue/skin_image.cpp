@@ -1,10 +1,9 @@
 #include "catalogue/skin_image.h"
 
-#include <algorithm>
 #include <string>
 
+#include "far/archive_directory.h"
 #include "far/archives.h"
-#include "far/far_directory.h"
 #include "foundation/bytes.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
@@ -26,34 +25,23 @@ bool loadFromFolders(PictureTarget& picture, std::string_view name) {
     return false;
 }
 
-// The number of the first entry whose bare name begins with the wanted one; 0 if none does.
-int firstMatch(const FarDirectory& directory, const std::string& wanted) {
-    const int count = farEntryCount(directory);
-    for (int number = 1; number <= count; ++number) {
-        if (gfstrFarBaseName(directory.Entries[number].FileName).starts_with(wanted)) {
-            return number;
-        }
-    }
-    return 0;
-}
-
-void loadFromArchives(PictureTarget& picture, const std::string& wanted) {
+void loadFromArchives(PictureTarget& picture, std::string_view wanted) {
     const auto archives = existingArchives(
         {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
          ArchiveStage::Expansions, ArchiveStage::AllTextures},
         kLastSkinExpansion);
     for (const Path& archive : archives) {
-        FarDirectory directory;
-        ignoringErrors([&] { readFarDirectory(directory, archive); });
-        const int number = firstMatch(directory, wanted);
+        const auto directory = lookAtArchiveDirectory(archive).directory;
+        const int number = directory->firstBeginningWith(wanted);
         if (number == 0) {
             continue;
         }
         // The first hit ends the search, whatever becomes of it.
         std::int64_t length = kWholeFile;
         ignoringErrors([&] {
-            extractFarEntry(archive, tempFolder(), kSkinTempName, directory, number);
-            length = farEntryLength(directory.Entries[number], archive);
+            const FarDirectory& record = directory->record();
+            extractFarEntry(archive, tempFolder(), kSkinTempName, record, number);
+            length = farEntryLength(record.Entries[number], archive);
         });
         ignoringErrors([&] { picture.load(tempFolder().child(kSkinTempName), length); });
         return;
@@ -66,16 +54,16 @@ void gsFetchSkinImage(PictureTarget& picture, std::string_view name) {
     if (name.starts_with("***") || loadFromFolders(picture, name)) {
         return;
     }
-    loadFromArchives(picture, upperCase(name));
+    loadFromArchives(picture, name);
 }
 
 ExtractedSkin extractSkin(const Path& archive, int number) {
-    FarDirectory directory;
-    gsReadFARdir(directory, archive);
-    const bool copied = gsExtractFileEx(archive, tempFolder(), kSkinTempName, directory, number);
-    const FarEntry& entry = directory.Entries[number];
+    const auto directory = readArchiveDirectory(archive);
+    const FarDirectory& record = directory->record();
+    const bool copied = gsExtractFileEx(archive, tempFolder(), kSkinTempName, record, number);
+    const FarEntry& entry = record.Entries[number];
     return {tempFolder().child(kSkinTempName), copied ? farEntryLength(entry, archive) : kWholeFile,
-            gfstrFarBaseName(entry.FileName)};
+            upperCase(directory->baseName(number))};
 }
 
 void showChosenSkin(PictureTarget& picture, const ChosenSkin& chosen) {

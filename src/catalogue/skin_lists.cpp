@@ -1,8 +1,10 @@
 #include "catalogue/skin_lists.h"
 
+#include <algorithm>
+
 #include "catalogue/names.h"
+#include "far/archive_directory.h"
 #include "far/archives.h"
-#include "far/far_directory.h"
 #include "system/files.h"
 #include "system/game_text.h"
 
@@ -36,26 +38,44 @@ std::string toneOf(const SkinQuery& query) {
     return query.pet ? std::string() : charactersAt(query.skinData, 3, 3);
 }
 
-// An archive's directory and the bare upper-case names of its entries, entry number 1 first.
-std::vector<std::string> baseNames(const Path& archive) {
-    FarDirectory directory;
-    gsReadFARdir(directory, archive);
-    std::vector<std::string> names;
-    const int count = farEntryCount(directory);
-    names.reserve(static_cast<std::size_t>(count));
-    for (int number = 1; number <= count; ++number) {
-        names.push_back(gfstrFarBaseName(directory.Entries[number].FileName));
-    }
-    return names;
+bool isBitmap(std::string_view name) {
+    constexpr std::string_view kEnding = ".BMP";
+    return name.size() >= kEnding.size() &&
+           equalsIgnoringCase(name.substr(name.size() - kEnding.size()), kEnding);
 }
 
-// Takes the bitmaps whose first characters, length of them, are the wanted text.
-void takeEntries(const Path& archive, const std::vector<std::string>& names,
-                 std::string_view wanted, std::size_t length, List<FarSkinEntry>& skins) {
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const std::string& name = names[i];
-        if (std::string_view(name).substr(0, length) == wanted && name.ends_with(".BMP")) {
-            skins.appendCounted({archive, static_cast<std::int32_t>(i) + 1, name});
+void takeEntry(const Path& archive, const ArchiveDirectory& directory, int number,
+               List<FarSkinEntry>& skins) {
+    skins.appendCounted({archive, number, upperCase(directory.baseName(number))});
+}
+
+// Takes the bitmaps whose first characters, length of them, are the wanted text when they are
+// upper-cased: that text is not.
+void takeSkins(const Path& archive, std::string_view wanted, std::size_t length,
+               List<FarSkinEntry>& skins) {
+    const auto directory = readArchiveDirectory(archive);
+    for (int number = 1; number <= directory->count(); ++number) {
+        const std::string_view name = directory->baseName(number);
+        const std::string_view beginning = name.substr(0, length);
+        const bool fits =
+            std::equal(beginning.begin(), beginning.end(), wanted.begin(), wanted.end(),
+                       [](char c, char upper) { return upperByte(c) == upper; });
+        if (fits && isBitmap(name)) {
+            takeEntry(archive, *directory, number, skins);
+        }
+    }
+}
+
+// Takes the bitmaps of hands, family by family.
+void takeHands(const Path& archive, List<FarSkinEntry>& skins) {
+    const auto directory = readArchiveDirectory(archive);
+    for (const HandFamily& family : kHandFamilies) {
+        for (int number = 1; number <= directory->count(); ++number) {
+            const std::string_view name = directory->baseName(number);
+            if (equalsIgnoringCase(name.substr(0, family.prefix.size()), family.prefix) &&
+                isBitmap(name)) {
+                takeEntry(archive, *directory, number, skins);
+            }
         }
     }
 }
@@ -74,9 +94,15 @@ std::vector<SkinCandidate> skinCandidates(const SkinQuery& query) {
 }
 
 std::vector<SkinCandidate> handCandidates() {
+    // One listing serves all masks.
+    const std::vector<std::string> names = searchFiles(skinFolder(SkinFolder::Game), "*");
     std::vector<SkinCandidate> candidates;
     for (const HandFamily& family : kHandFamilies) {
-        addCandidates(SkinFolder::Game, family.mask, candidates);
+        for (const std::string& name : names) {
+            if (matchesMask(name, family.mask)) {
+                candidates.push_back({SkinFolder::Game, name});
+            }
+        }
     }
     return candidates;
 }
@@ -105,7 +131,7 @@ void listSkinEntries(const SkinQuery& query, List<FarSkinEntry>& skins) {
          existingArchives({ArchiveStage::Shared, ArchiveStage::FirstExpansion,
                            ArchiveStage::Expansions, ArchiveStage::AllTextures},
                           kLastSkinExpansion)) {
-        takeEntries(archive, baseNames(archive), wanted, query.pet ? kPetTest : kPersonTest, skins);
+        takeSkins(archive, wanted, query.pet ? kPetTest : kPersonTest, skins);
     }
 }
 
@@ -114,10 +140,7 @@ void listHandEntries(List<FarSkinEntry>& skins) {
     for (const Path& archive : existingArchives(
              {ArchiveStage::FirstExpansion, ArchiveStage::Expansions, ArchiveStage::AllTextures},
              kLastSkinExpansion)) {
-        const std::vector<std::string> names = baseNames(archive);
-        for (const HandFamily& family : kHandFamilies) {
-            takeEntries(archive, names, family.prefix, family.prefix.size(), skins);
-        }
+        takeHands(archive, skins);
     }
 }
 

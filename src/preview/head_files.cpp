@@ -2,10 +2,9 @@
 
 #include <string_view>
 #include <utility>
-#include <vector>
 
+#include "far/archive_directory.h"
 #include "far/archives.h"
-#include "far/far_directory.h"
 #include "foundation/error_trap.h"
 #include "foundation/folders.h"
 #include "mesh/mesh_converter.h"
@@ -33,33 +32,33 @@ void removeTemp(std::string_view name) {
     ignoringErrors([&] { files().remove(tempFolder().child(name)); });
 }
 
-// Whether an entry without guard on its length is asked: a name shorter than the suffix is 5.
-bool matchesUnguarded(const std::string& base, const std::string& wanted, std::string_view suffix) {
-    if (base.size() < suffix.size()) {
-        throw RuntimeError(error::kInvalidArgument);
-    }
-    return base == wanted + std::string(suffix);
+// The number of the first entry that is called the wanted name and the suffix, neither of them
+// empty; 0 if none is.
+int findEntry(const ArchiveDirectory& directory, const std::string& wanted,
+              std::string_view suffix) {
+    return wanted.empty() ? 0 : directory.firstNamed(wanted + std::string(suffix));
 }
 
-bool matches(const std::string& base, const std::string& wanted, std::string_view suffix) {
-    return base.size() > suffix.size() && base == wanted + std::string(suffix);
-}
-
-// The number of the first entry that is called the wanted name and the suffix; 0 if none is.
-int findEntry(const FarDirectory& directory, const std::string& wanted, std::string_view suffix,
-              bool (*matching)(const std::string&, const std::string&, std::string_view)) {
-    const int count = farEntryCount(directory);
-    for (int number = 1; number <= count; ++number) {
-        if (matching(gfstrFarBaseName(directory.Entries[number].FileName), wanted, suffix)) {
+// The same without a guard on the length of names: one that is met and is shorter than the suffix
+// is 5.
+int findEntryUnguarded(const ArchiveDirectory& directory, const std::string& wanted,
+                       std::string_view suffix) {
+    const std::string name = wanted + std::string(suffix);
+    for (int number = 1; number <= directory.count(); ++number) {
+        const std::string_view base = directory.baseName(number);
+        if (base.size() < suffix.size()) {
+            throw RuntimeError(error::kInvalidArgument);
+        }
+        if (equalsIgnoringCase(base, name)) {
             return number;
         }
     }
     return 0;
 }
 
-Path extractToTemp(const Path& archive, const FarDirectory& directory, int number,
+Path extractToTemp(const Path& archive, const ArchiveDirectory& directory, int number,
                    std::string_view name) {
-    gsExtractFileEx(archive, tempFolder(), name, directory, number);
+    gsExtractFileEx(archive, tempFolder(), name, directory.record(), number);
     return tempFolder().child(name);
 }
 
@@ -76,9 +75,9 @@ void readHeadMesh(const Path& bcf, std::string& meshName) {
 }
 
 // The archives' mesh in text form, in "\temp"; empty if this one doesn't hold it.
-Path meshFromAnimation(const Path& archive, const FarDirectory& directory,
+Path meshFromAnimation(const Path& archive, const ArchiveDirectory& directory,
                        const std::string& meshName) {
-    const int number = findEntry(directory, meshName, kBmfSuffix, matchesUnguarded);
+    const int number = findEntryUnguarded(directory, meshName, kBmfSuffix);
     if (number == 0) {
         return {};
     }
@@ -87,24 +86,23 @@ Path meshFromAnimation(const Path& archive, const FarDirectory& directory,
     return skn;
 }
 
-Path meshFromExpansion(const Path& archive, const FarDirectory& directory,
+Path meshFromExpansion(const Path& archive, const ArchiveDirectory& directory,
                        const std::string& meshName) {
-    const int number = findEntry(directory, meshName, kSknSuffix, matches);
+    const int number = findEntry(directory, meshName, kSknSuffix);
     return number == 0 ? Path() : extractToTemp(archive, directory, number, kSknTempName);
 }
 
 // The mesh of a head whose suit lies in the same archive; empty if it isn't there.
 Path meshFromArchive(const Path& archive, bool isAnimation, const std::string& headName,
                      std::string& meshName) {
-    FarDirectory directory;
-    gsReadFARdir(directory, archive);
-    const int number = findEntry(directory, headName, kSuitSuffix, matches);
+    const auto directory = readArchiveDirectory(archive);
+    const int number = findEntry(*directory, headName, kSuitSuffix);
     if (number == 0) {
         return {};
     }
-    readHeadMesh(extractToTemp(archive, directory, number, kSuitTempName), meshName);
-    return isAnimation ? meshFromAnimation(archive, directory, meshName)
-                       : meshFromExpansion(archive, directory, meshName);
+    readHeadMesh(extractToTemp(archive, *directory, number, kSuitTempName), meshName);
+    return isAnimation ? meshFromAnimation(archive, *directory, meshName)
+                       : meshFromExpansion(archive, *directory, meshName);
 }
 
 }  // namespace
@@ -143,11 +141,10 @@ Path gfstrFindSkinFile(std::string& skinName) {
                                             ArchiveStage::Expansions, ArchiveStage::Shared},
                                            kLastModelExpansion);
     for (const Path& archive : archives) {
-        FarDirectory directory;
-        gsReadFARdir(directory, archive);
-        const int number = findEntry(directory, skinName, kBmpSuffix, matches);
+        const auto directory = readArchiveDirectory(archive);
+        const int number = findEntry(*directory, skinName, kBmpSuffix);
         if (number != 0) {
-            return extractToTemp(archive, directory, number, kSkinTempName);
+            return extractToTemp(archive, *directory, number, kSkinTempName);
         }
     }
     return {};

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "preview/figure.h"
-#include "preview/kept_files.h"
+#include "system/kept_files.h"
 #include "preview/worn.h"
 #include "system/path.h"
 

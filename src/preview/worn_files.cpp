@@ -4,9 +4,7 @@
 #include <utility>
 
 #include "far/archives.h"
-#include "far/far_directory.h"
 #include "foundation/bytes.h"
-#include "foundation/error_trap.h"
 #include "foundation/folders.h"
 #include "system/files.h"
 #include "system/game_text.h"
@@ -34,17 +32,6 @@ std::string readPart(File& file, std::int64_t position, std::int64_t size, std::
 
 }  // namespace
 
-// What of a directory is asked for.
-struct WornFiles::Archive {
-    struct Entry {
-        std::string name;  // without folder, in upper case
-        std::int32_t offset = 0;
-        std::int32_t size = 0;
-    };
-    std::vector<Entry> entries;                             // entry n is element n - 1
-    std::unordered_map<std::string_view, int> firstOfName;  // its number
-};
-
 const WornFiles::Listing& WornFiles::listing(const Path& folder) {
     const auto [place, isNew] = listings_.try_emplace(folder.text());
     if (isNew) {
@@ -58,33 +45,13 @@ const WornFiles::Listing& WornFiles::listing(const Path& folder) {
     return place->second;
 }
 
-std::shared_ptr<const WornFiles::Archive> WornFiles::archive(const Path& path) {
-    std::shared_ptr<const Archive>& result = archives_[path.text()];
-    if (result) {
-        return result;
+std::shared_ptr<const ArchiveDirectory> WornFiles::archive(const Path& path) {
+    std::shared_ptr<const ArchiveDirectory>& result = archives_[path.text()];
+    if (!result) {
+        QuietDirectory found = lookAtArchiveDirectory(path, kept_);
+        result = found.isWhole ? std::move(found.directory)
+                               : std::make_shared<const ArchiveDirectory>(FarDirectory());
     }
-    result = std::make_shared<const Archive>();
-    ignoringErrors([&] {
-        result = kept_.get<Archive>(path, "directory", [&] {
-            FarDirectory directory;
-            readFarDirectory(directory, path);
-            Made<Archive> made;
-            const int count = farEntryCount(directory);
-            made.value.entries.reserve(static_cast<std::size_t>(count));
-            for (int number = 1; number <= count; ++number) {
-                const FarEntry& entry = directory.Entries[number];
-                made.value.entries.push_back({gfstrFarBaseName(entry.FileName),
-                                              gflngLittleEndianToLong(entry.FileOffset),
-                                              gflngLittleEndianToLong(entry.FileSize)});
-                made.bytes += 2 * sizeof(Archive::Entry) + entry.FileName.size();
-            }
-            for (int number = 1; number <= count; ++number) {
-                made.value.firstOfName.try_emplace(
-                    made.value.entries[static_cast<std::size_t>(number) - 1].name, number);
-            }
-            return made;
-        });
-    });
     return result;
 }
 
@@ -108,13 +75,8 @@ std::optional<FilePlace> WornFiles::looseFile(const Path& folder, const std::str
 }
 
 std::optional<FilePlace> WornFiles::archived(const Path& path, const std::string& name) {
-    const std::shared_ptr<const Archive> directory = archive(path);
-    const std::string upper = upperCase(name);
-    const auto found = directory->firstOfName.find(upper);
-    if (found == directory->firstOfName.end()) {
-        return std::nullopt;
-    }
-    return FilePlace{path, found->second, upper};
+    const int number = archive(path)->firstNamed(name);
+    return number == 0 ? std::nullopt : std::optional<FilePlace>({path, number, upperCase(name)});
 }
 
 std::optional<FilePlace> WornFiles::oneOf(const std::vector<std::string>& names, const Path& home,
@@ -176,13 +138,10 @@ std::optional<FilePlace> WornFiles::archivedSkin(const std::string& upperName, b
             }
             continue;
         }
-        const std::shared_ptr<const Archive> directory = archive(path);
-        const auto& entries = directory->entries;
-        const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
-            return entry.name.starts_with(upperName);
-        });
-        if (found != entries.end()) {
-            return FilePlace{path, static_cast<int>(found - entries.begin()) + 1, found->name};
+        const std::shared_ptr<const ArchiveDirectory> directory = archive(path);
+        const int number = directory->firstBeginningWith(upperName);
+        if (number != 0) {
+            return FilePlace{path, number, upperCase(directory->baseName(number))};
         }
     }
     return std::nullopt;
@@ -217,14 +176,14 @@ std::string WornFiles::read(const FilePlace& place, std::int64_t most) {
         const std::unique_ptr<File> file = files().open(place.file, OpenMode::Input);
         return readPart(*file, 0, file->size(), most);
     }
-    const std::shared_ptr<const Archive> directory = archive(place.file);
-    const auto number = static_cast<std::size_t>(place.entry);
-    if (place.entry < 0 || number > directory->entries.size()) {
+    const std::shared_ptr<const ArchiveDirectory> directory = archive(place.file);
+    if (place.entry < 0 || place.entry > directory->count()) {
         throw RuntimeError(error::kSubscript);
     }
-    const Archive::Entry& entry = directory->entries[number - 1];
+    const FarEntry& entry = directory->record().Entries[place.entry];
     const std::unique_ptr<File> file = files().open(place.file, OpenMode::Input);
-    return readPart(*file, entry.offset, entry.size, most);
+    return readPart(*file, gflngLittleEndianToLong(entry.FileOffset),
+                    gflngLittleEndianToLong(entry.FileSize), most);
 }
 
 }  // namespace marlowick

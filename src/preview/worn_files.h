@@ -11,7 +11,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "preview/kept_files.h"
+#include "far/archive_directory.h"
+#include "system/kept_files.h"
 #include "system/path.h"
 
 namespace marlowick {
@@ -68,10 +69,9 @@ class WornFiles {
   private:
     // A folder's files by their names in upper case.
     using Listing = std::unordered_multimap<std::string, std::string>;
-    struct Archive;
 
     const Listing& listing(const Path& folder);
-    std::shared_ptr<const Archive> archive(const Path& path);
+    std::shared_ptr<const ArchiveDirectory> archive(const Path& path);
     std::optional<FilePlace> looseFile(const Path& folder, const std::string& name);
     std::optional<FilePlace> archived(const Path& path, const std::string& name);
     std::optional<FilePlace> oneOf(const std::vector<std::string>& names, const Path& home,
@@ -83,7 +83,7 @@ class WornFiles {
     KeptFiles& kept_;
     std::unordered_map<std::string, Listing> listings_;
     // The directories in use, so that each is checked once a question.
-    std::unordered_map<std::string, std::shared_ptr<const Archive>> archives_;
+    std::unordered_map<std::string, std::shared_ptr<const ArchiveDirectory>> archives_;
     std::optional<std::vector<Path>> modelArchives_;
     std::optional<std::vector<Path>> skinArchives_;
 };

@@ -12,13 +12,21 @@ std::int64_t nanoseconds(const struct timespec& time) {
     return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
+bool isThere(const Path& path, struct stat& status) {
+    std::string native = path.text();
+    std::replace(native.begin(), native.end(), '\\', '/');
+    return ::stat(native.c_str(), &status) == 0;
+}
+
 }  // namespace
 
 std::optional<FileStamp> fileStamp(const Path& path) {
-    std::string native = files().followLinks(path).text();
-    std::replace(native.begin(), native.end(), '\\', '/');
     struct stat status {};
-    if (::stat(native.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) {
+    // Most paths are written as they stand on the disk: then one look is enough.
+    if (!isThere(path, status) && !isThere(files().followLinks(path), status)) {
+        return std::nullopt;
+    }
+    if (S_ISDIR(status.st_mode)) {
         return std::nullopt;
     }
     return FileStamp{status.st_size, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim),

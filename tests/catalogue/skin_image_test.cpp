@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/game_files.h"
+#include "support/kept_at_once.h"
 #include "support/user_file_builder.h"
 #include "system/files.h"
 #include "system/runtime_error.h"
@@ -132,6 +133,39 @@ TEST_F(SkinImageTest, ANameNeverReachesAnotherFolder) {
     folder.write("game/GameData/Skins/x.bmp", "x");
     EXPECT_EQ(fetched("..\\..\\secret"), "not found");
     EXPECT_EQ(fetched("../../secret"), "not found");
+}
+
+// Skins of one length, so that nothing but the directory tells that another archive stands there.
+TEST_F(SkinImageTest, AnArchiveThatChangedAtOnceShowsWhatItHoldsNow) {
+    const test::KeptAtOnce keptAtOnce;
+    const std::string textures = "GameData/Textures/Textures.far";
+    archive(textures, {{"skin.bmp", "one"}, {"coat.bmp", "two"}});
+    EXPECT_EQ(fetched("skin"), "one");
+    EXPECT_EQ(fetched("coat"), "two");
+    test::letTheClockMove();
+    archive(textures, {{"coat.bmp", "six"}, {"skin.bmp", "ten"}});
+    EXPECT_EQ(fetched("skin"), "ten");
+    EXPECT_EQ(fetched("coat"), "six");
+    archive("GameData/Textures/new.tmp", {{"hat_.bmp", "new"}, {"skin.bmp", "hat"}});
+    std::filesystem::rename(folder.game() / "GameData/Textures/new.tmp", folder.game() / textures);
+    EXPECT_EQ(fetched("coat"), "not found");
+    EXPECT_EQ(fetched("skin"), "hat");
+    EXPECT_EQ(fetched("hat"), "new");
+    std::filesystem::remove(folder.game() / textures);
+    EXPECT_EQ(fetched("skin"), "not found");
+    EXPECT_FALSE(folder.exists("game/" + textures));
+}
+
+TEST_F(SkinImageTest, AnEntryIsCopiedOutOfTheArchiveAsItIsNow) {
+    const test::KeptAtOnce keptAtOnce;
+    const Path file = folder.path("game/GameData/Textures/Textures.far");
+    archive("GameData/Textures/Textures.far", {{"skin.bmp", "one"}, {"coat.bmp", "two"}});
+    EXPECT_EQ(extractSkin(file, 2).name, "COAT.BMP");
+    EXPECT_EQ(folder.read("program/temp/skintemp.bmp"), "two");
+    test::letTheClockMove();
+    archive("GameData/Textures/Textures.far", {{"coat.bmp", "six"}, {"skin.bmp", "ten"}});
+    EXPECT_EQ(extractSkin(file, 2).name, "SKIN.BMP");
+    EXPECT_EQ(folder.read("program/temp/skintemp.bmp"), "ten");
 }
 
 TEST_F(SkinImageTest, WithoutAGameThePictureStays) {

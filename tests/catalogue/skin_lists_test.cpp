@@ -4,7 +4,9 @@
 
 #include <map>
 
+#include "support/counting_files.h"
 #include "support/game_files.h"
+#include "support/kept_at_once.h"
 #include "system/files.h"
 
 namespace marlowick {
@@ -145,6 +147,26 @@ TEST_F(SkinListsTest, HandsComeByTheirSixMasksFromTheGamesFolderAlone) {
                      "gamedata\\skins\\guao_pink.bmp"}));
 }
 
+class CountedListings : public test::CountingFiles {
+  public:
+    std::vector<FolderEntry> list(const Path& folder) override {
+        ++listings;
+        return CountingFiles::list(folder);
+    }
+    int listings = 0;
+};
+
+TEST_F(SkinListsTest, TheFolderOfHandsIsListedOnceForOneQuestionAndAnewForTheNext) {
+    files("GameData/Skins", {"hm1.bmp", "gfao_x.bmp"});
+    {
+        CountedListings counted;
+        EXPECT_EQ(handCandidates().size(), 2U);
+        EXPECT_EQ(counted.listings, 1);
+    }
+    files("GameData/Skins", {"hf2.bmp"});
+    EXPECT_EQ(handCandidates().size(), 3U);
+}
+
 TEST_F(SkinListsTest, SkinsInArchivesComeInTheirOwnOrder) {
     archiveOf("ExpansionShared/ExpansionShared.far", {"b001fafitlgt_s.bmp"});
     for (const int n : {1, 2, 9, 10, 13, 14}) {
@@ -190,6 +212,26 @@ TEST_F(SkinListsTest, HandsInArchivesRunByArchiveAndThenByPrefix) {
                                     "ExpansionPack.far:2:GFAO_BRIDE.BMP",
                                     "ExpansionPack.far:1:GUX.BMP", "ExpansionPack13.far:2:HM13.BMP",
                                     "ExpansionPack13.far:1:GM13.BMP", "Textures.far:1:HMT.BMP"}));
+}
+
+TEST_F(SkinListsTest, AnArchiveThatChangedAtOnceIsListedAsItIsNow) {
+    const test::KeptAtOnce keptAtOnce;
+    const SkinQuery query{"B001FAFIT_01", "falgtfitB"};
+    pack(2, {"b001fafitlgt_a.bmp"});
+    EXPECT_EQ(skinEntries(query), Names({"ExpansionPack2.far:1:B001FAFITLGT_A.BMP"}));
+    test::letTheClockMove();
+    pack(2, {"b001fafitlgt_b.bmp"});
+    EXPECT_EQ(skinEntries(query), Names({"ExpansionPack2.far:1:B001FAFITLGT_B.BMP"}));
+    pack(3, {"b001fafitlgt_c.bmp"});
+    EXPECT_EQ(skinEntries(query), Names({"ExpansionPack2.far:1:B001FAFITLGT_B.BMP",
+                                         "ExpansionPack3.far:1:B001FAFITLGT_C.BMP"}));
+    std::filesystem::remove(folder.game() / packName("2"));
+    EXPECT_EQ(skinEntries(query), Names({"ExpansionPack3.far:1:B001FAFITLGT_C.BMP"}));
+    EXPECT_EQ(handEntries(), Names());
+    test::letTheClockMove();
+    pack(3, {"hmaaafitlgt_c.bmp"});
+    EXPECT_EQ(skinEntries(query), Names());
+    EXPECT_EQ(handEntries(), Names({"ExpansionPack3.far:1:HMAAAFITLGT_C.BMP"}));
 }
 
 TEST_F(SkinListsTest, AListOfMoreThan32767SkinsOverflows) {

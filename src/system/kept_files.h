@@ -1,7 +1,11 @@
-// What was made out of the game's files, kept from one question to the next, so that a click on
-// another skin doesn't read the skeleton and all directories anew. Nobody is shown what no longer
-// stands on the disk: at each use the file is looked at, and what was made of another state of it
-// is made again.
+// What was made out of files, kept from one question to the next, so that a click on another skin
+// doesn't read the skeleton and all directories anew.
+//
+// Nobody is ever shown what no longer stands on the disk. At each use the file is looked at: its
+// size, the times of its content and of its last change to the nanosecond, and its place on the
+// disk. What was made of another state of it is made again. A file that was changed less than two
+// seconds before it was read isn't kept, since its times may not tell a second change. What failed
+// is never kept. All that is kept is bounded together; what was used longest ago goes first.
 #pragma once
 
 #include <cstddef>
@@ -24,6 +28,7 @@ template <class Value>
 struct Made {
     Value value;
     std::size_t bytes = 0;  // of memory, about
+    bool isWhole = true;    // or else a failure came in between, and it serves this question alone
 };
 
 class KeptFiles {
@@ -36,7 +41,7 @@ class KeptFiles {
 
     // What make makes out of the file. what tells apart what is made of one file, and stands for
     // one type of value. A failure of make is raised and nothing is kept of it. Neither is anything
-    // of a file that was changed just now or while it was read: a second change might not show.
+    // of a file that was changed just now or while it was read.
     template <class Value>
     std::shared_ptr<const Value> get(const Path& file, const std::string& what,
                                      const std::function<Made<Value>()>& make) {
@@ -48,7 +53,7 @@ class KeptFiles {
         }
         Made<Value> made = make();
         auto value = std::make_shared<const Value>(std::move(made.value));
-        if (stamp && isSettled(*stamp, now) && fileStamp(file) == stamp) {
+        if (made.isWhole && stamp && isSettled(*stamp, now) && fileStamp(file) == stamp) {
             keep({key, *stamp, value, made.bytes});
         }
         return value;
@@ -77,7 +82,7 @@ class KeptFiles {
     std::map<Key, std::list<Item>::iterator> byKey_;
 };
 
-// The ones that all previews share.
+// The ones that the whole program shares.
 KeptFiles& keptFiles();
 
 }  // namespace marlowick

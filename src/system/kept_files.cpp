@@ -1,4 +1,4 @@
-#include "preview/kept_files.h"
+#include "system/kept_files.h"
 
 namespace marlowick {
 
