@@ -44,8 +44,12 @@ void addModels(const ArchiveDirectory& directory, bool holdsPets) {
     const int count = directory.count();
     std::string name;
     for (int number = 1; number <= count; ++number) {
-        name = directory.baseName(number);
-        std::transform(name.begin(), name.end(), name.begin(), upperByte);
+        const std::string_view asItStands = directory.baseName(number);
+        if (!canBeModel(asItStands)) {
+            continue;
+        }
+        name.resize(asItStands.size());
+        std::transform(asItStands.begin(), asItStands.end(), name.begin(), upperByte);
         if (isPersonModel(name)) {
             gsAddPersonModel(cutAtDot(name));
         }
@@ -65,7 +69,7 @@ void addFolderModels(const std::string& mask, List<std::string>& models) {
     for (const SkinFolder folder : skinFolders()) {
         const bool gamesOwn = folder == SkinFolder::Game;
         for (const std::string& file : searchFiles(skinFolder(folder), mask + ".cmx")) {
-            const std::string name = cutAtDot(file);
+            const std::string name(cutAtDot(file));
             const std::string tested = gamesOwn ? file.substr(0, file.size() - kExtension) : name;
             if (listed.contains(upperCase(tested))) {
                 continue;

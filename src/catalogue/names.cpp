@@ -14,25 +14,32 @@ struct Tone {
 
 constexpr Tone kTones[] = {{"lgt", "light"}, {"med", "medium"}, {"drk", "dark"}};
 
+constexpr std::string_view kModelEnding = ".BCF";
+
 bool isModel(std::string_view upperName, std::size_t separator) {
     return charactersAt(upperName, separator, 1) == "_" && upperName.starts_with('B') &&
-           upperName.ends_with(".BCF");
+           upperName.ends_with(kModelEnding);
 }
 
 }  // namespace
 
-std::string charactersAt(std::string_view name, std::size_t position, std::size_t length) {
-    return position > name.size() ? std::string() : std::string(name.substr(position - 1, length));
+std::string_view charactersAt(std::string_view name, std::size_t position, std::size_t length) {
+    return position > name.size() ? std::string_view() : name.substr(position - 1, length);
 }
 
-std::string cutAtDot(std::string_view name) {
-    return std::string(name.substr(0, name.find('.')));
+std::string_view cutAtDot(std::string_view name) {
+    return name.substr(0, name.find('.'));
 }
 
 std::string modelPrefix(std::string_view name) {
     const std::size_t separator = name.find('_');
     return separator == std::string_view::npos ? std::string()
                                                : std::string(name.substr(0, separator));
+}
+
+bool canBeModel(std::string_view name) {
+    return name.size() > kModelEnding.size() && upperByte(name.front()) == 'B' &&
+           equalsIgnoringCase(name.substr(name.size() - kModelEnding.size()), kModelEnding);
 }
 
 bool isPersonModel(std::string_view upperName) {
@@ -57,7 +64,8 @@ std::string modelMask(std::string_view skinData) {
     if (letter.empty() || kOutfitLetters.find(letter) == std::string_view::npos) {
         return {};
     }
-    return letter + "???" + charactersAt(skinData, 1, 2) + charactersAt(skinData, 6, 3) + "_*";
+    return letter + "???" + std::string(charactersAt(skinData, 1, 2)) +
+           std::string(charactersAt(skinData, 6, 3)) + "_*";
 }
 
 bool asksForDogs(std::string_view skinData) {

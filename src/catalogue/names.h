@@ -8,15 +8,18 @@
 
 namespace marlowick {
 
-// Characters from a position (from 1), as many as there are up to length.
-std::string charactersAt(std::string_view name, std::size_t position, std::size_t length);
+// Characters from a position (from 1), as many as there are up to length. This and cutAtDot show
+// into the name that they are given.
+std::string_view charactersAt(std::string_view name, std::size_t position, std::size_t length);
 
 // What stands before the first "." or "_"; the whole text (cutAtDot) or nothing (modelPrefix) if
 // there is none.
-std::string cutAtDot(std::string_view name);
+std::string_view cutAtDot(std::string_view name);
 std::string modelPrefix(std::string_view name);
 
-// A name from an archive, upper-cased: the tests for a person's and for a pet's body model.
+// A name from an archive, upper-cased: the tests for a person's and for a pet's body model. One
+// that can't be either, in whatever case, needs no upper-casing.
+bool canBeModel(std::string_view name);
 bool isPersonModel(std::string_view upperName);
 bool isPetModel(std::string_view upperName);
 

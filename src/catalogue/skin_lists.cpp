@@ -35,7 +35,7 @@ void addCandidates(SkinFolder folder, std::string_view mask,
 }
 
 std::string toneOf(const SkinQuery& query) {
-    return query.pet ? std::string() : charactersAt(query.skinData, 3, 3);
+    return std::string(query.pet ? std::string_view() : charactersAt(query.skinData, 3, 3));
 }
 
 bool isBitmap(std::string_view name) {

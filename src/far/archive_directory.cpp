@@ -24,6 +24,24 @@ std::size_t blindHash(std::string_view name) {
     return static_cast<std::size_t>(hash ^ hash >> 32U);
 }
 
+// The first letters of a name in upper case, the first one on top, and which bits are taken by
+// them.
+struct Letters {
+    std::uint64_t letters = 0;
+    std::uint64_t mask = 0;
+};
+
+Letters firstLetters(std::string_view name) {
+    Letters first;
+    unsigned shift = 64;
+    for (const char c : name.substr(0, sizeof first.letters)) {
+        shift -= 8;
+        first.letters |= std::uint64_t{static_cast<unsigned char>(upperByte(c))} << shift;
+        first.mask |= std::uint64_t{0xFF} << shift;
+    }
+    return first;
+}
+
 // read gives false if it failed.
 std::shared_ptr<const ArchiveDirectory> keptOrRead(
     KeptFiles& kept, const Path& archive,
@@ -66,8 +84,15 @@ int ArchiveDirectory::firstNamed(std::string_view name) const {
 }
 
 int ArchiveDirectory::firstBeginningWith(std::string_view beginning) const {
-    const int last = count();
-    for (int number = 1; number <= last; ++number) {
+    if (beginnings_.empty()) {
+        noteBeginnings();
+    }
+    const Letters wanted = firstLetters(beginning);
+    for (std::size_t i = 0; i < beginnings_.size(); ++i) {
+        if ((beginnings_[i] & wanted.mask) != wanted.letters) {
+            continue;
+        }
+        const int number = static_cast<int>(i) + 1;
         if (equalsIgnoringCase(baseName(number).substr(0, beginning.size()), beginning)) {
             return number;
         }
@@ -77,11 +102,10 @@ int ArchiveDirectory::firstBeginningWith(std::string_view beginning) const {
 
 std::size_t ArchiveDirectory::size() const {
     // The names lie outside of the entries, and the index has up to four places for each.
-    constexpr std::size_t kBesideAName = 16;
+    constexpr std::size_t kBesideAName = 16 + 4 * sizeof(std::int32_t) + sizeof(std::uint64_t);
     std::size_t size = sizeof(ArchiveDirectory);
     for (int number = 1; number <= directory_.Entries.bound(); ++number) {
-        size += sizeof(FarEntry) + kBesideAName + directory_.Entries[number].FileName.size() +
-                4 * sizeof(std::int32_t);
+        size += sizeof(FarEntry) + kBesideAName + directory_.Entries[number].FileName.size();
     }
     return size;
 }
@@ -103,6 +127,14 @@ void ArchiveDirectory::indexNames() const {
         if (byName_[place] == 0) {
             byName_[place] = number;
         }
+    }
+}
+
+void ArchiveDirectory::noteBeginnings() const {
+    const int last = count();
+    beginnings_.reserve(static_cast<std::size_t>(last));
+    for (int number = 1; number <= last; ++number) {
+        beginnings_.push_back(firstLetters(baseName(number)).letters);
     }
 }
 

@@ -26,7 +26,8 @@ class ArchiveDirectory {
     // An entry's name behind its last backslash, as it stands; entries count from 1. 9 for any
     // other number.
     std::string_view baseName(int number) const;
-    // The first entry whose base name is the wanted one, or begins with it; 0 if none does.
+    // The first entry whose base name is the wanted one, or begins with it; 0 if none does. Either
+    // remembers something of all names for the next question.
     int firstNamed(std::string_view name) const;
     int firstBeginningWith(std::string_view beginning) const;
 
@@ -35,10 +36,13 @@ class ArchiveDirectory {
 
   private:
     void indexNames() const;
+    void noteBeginnings() const;
 
     FarDirectory directory_;
     // Numbers of entries by the hash of their names, with gaps of 0; made at the first question.
     mutable std::vector<std::int32_t> byName_;
+    // The first letters of each name, in upper case; entry n is element n - 1. Made likewise.
+    mutable std::vector<std::uint64_t> beginnings_;
 };
 
 // The directory as gsReadFARdir reads it, trapped like it. What was read before a failure is handed

@@ -98,17 +98,41 @@ std::string named(const std::string& native,
     return found;
 }
 
+// What of a path was found, and whether that is all of it. What wasn't found stays as it is
+// written.
+struct Resolved {
+    std::string native;
+    bool isThere = false;
+};
+
+// From the end, as most folders stand there as they are written.
+Resolved resolveFromEnd(const std::string& native) {
+    if (isPresent(native)) {
+        return {native, true};
+    }
+    const std::size_t end = native.find_last_not_of('/');
+    if (end == std::string::npos) {
+        return {native, false};
+    }
+    const std::size_t slash = native.rfind('/', end);
+    const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
+    const std::string rest = native.substr(end + 1);
+    const std::string piece = native.substr(start, end + 1 - start);
+    Resolved folder = start == 0 ? Resolved{"", true} : resolveFromEnd(native.substr(0, start));
+    const std::string name = folder.isThere ? openableName(folder.native, piece) : std::string();
+    return {folder.native + (name.empty() ? piece : name) + rest, !name.empty()};
+}
+
 // The path as the machine wants it.
 std::string resolve(const Path& path) {
     std::string native = nativeText(path);
-    if (isPresent(native)) {
-        return native;
-    }
     const std::size_t lastSlash = native.rfind('/');
     if (native.ends_with(kNewFileEnding) && lastSlash != std::string::npos) {
-        return resolve(Path(native.substr(0, lastSlash))) + native.substr(lastSlash);
+        return isPresent(native)
+                   ? native
+                   : resolve(Path(native.substr(0, lastSlash))) + native.substr(lastSlash);
     }
-    return named(native, openableName);
+    return resolveFromEnd(native).native;
 }
 
 // The same, with the last piece as it is written.

@@ -13,8 +13,8 @@ constexpr std::array<char32_t, 32> kHighControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-std::array<unsigned char, 256> makeUpperTable() {
-    std::array<unsigned char, 256> table{};
+constexpr std::array<char, 256> makeUpperTable() {
+    std::array<char, 256> table{};
     for (unsigned i = 0; i < 256; ++i) {
         unsigned upper = i;
         if ((i >= 'a' && i <= 'z') || (i >= 0xE0 && i <= 0xFE && i != 0xF7)) {
@@ -24,31 +24,30 @@ std::array<unsigned char, 256> makeUpperTable() {
         } else if (i == 0xFF) {
             upper = 0x9F;
         }
-        table[i] = static_cast<unsigned char>(upper);
+        table[i] = static_cast<char>(upper);
     }
     return table;
 }
 
-std::array<unsigned char, 256> makeLowerTable() {
-    const std::array<unsigned char, 256> upper = makeUpperTable();
-    std::array<unsigned char, 256> table{};
+constexpr unsigned char byteOf(char character) {
+    return static_cast<unsigned char>(character);
+}
+
+constexpr std::array<char, 256> makeLowerTable() {
+    const std::array<char, 256> upper = makeUpperTable();
+    std::array<char, 256> table{};
     for (unsigned i = 0; i < 256; ++i) {
-        table[i] = static_cast<unsigned char>(i);
+        table[i] = static_cast<char>(i);
     }
     for (unsigned i = 0; i < 256; ++i) {
-        if (upper[i] != i) {
-            table[upper[i]] = static_cast<unsigned char>(i);
+        if (byteOf(upper[i]) != i) {
+            table[byteOf(upper[i])] = static_cast<char>(i);
         }
     }
     return table;
 }
 
-const std::array<unsigned char, 256> kUpper = makeUpperTable();
-const std::array<unsigned char, 256> kLower = makeLowerTable();
-
-unsigned char byteOf(char character) {
-    return static_cast<unsigned char>(character);
-}
+constexpr std::array<char, 256> kLowerBytes = makeLowerTable();
 
 }  // namespace
 
@@ -142,12 +141,10 @@ std::string utf8ToGameText(std::string_view utf8) {
     return gameText;
 }
 
-char upperByte(char byte) {
-    return static_cast<char>(kUpper[byteOf(byte)]);
-}
+constinit const std::array<char, 256> kUpperBytes = makeUpperTable();
 
 char lowerByte(char byte) {
-    return static_cast<char>(kLower[byteOf(byte)]);
+    return kLowerBytes[byteOf(byte)];
 }
 
 std::string upperCase(std::string_view gameText) {
@@ -165,8 +162,8 @@ std::string lowerCase(std::string_view gameText) {
 int compareIgnoringCase(std::string_view left, std::string_view right) {
     const std::size_t common = std::min(left.size(), right.size());
     for (std::size_t i = 0; i < common; ++i) {
-        const int difference =
-            static_cast<int>(kUpper[byteOf(left[i])]) - static_cast<int>(kUpper[byteOf(right[i])]);
+        const int difference = static_cast<int>(byteOf(upperByte(left[i]))) -
+                               static_cast<int>(byteOf(upperByte(right[i])));
         if (difference != 0) {
             return difference;
         }

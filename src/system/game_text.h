@@ -3,6 +3,7 @@
 // the code points of the same value, so that every byte survives a round trip.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,10 @@ std::string gameTextToUtf8(std::string_view gameText);
 std::string utf8ToGameText(std::string_view utf8);
 
 // Upper and lower case by one fixed Windows-1252 table, the same on every system.
-char upperByte(char byte);
+extern const std::array<char, 256> kUpperBytes;
+inline char upperByte(char byte) {
+    return kUpperBytes[static_cast<unsigned char>(byte)];
+}
 char lowerByte(char byte);
 std::string upperCase(std::string_view gameText);
 std::string lowerCase(std::string_view gameText);

@@ -77,7 +77,8 @@ bool applies(const DefaultName& name, Outfit outfit, int rows, const WardrobeFie
 }  // namespace
 
 void setDefaultOutfit(Outfit outfit, const StrSegment& strings, WardrobeFields& fields) {
-    const std::string body = charactersAt(fields.txtNormalBody, 7, 3);
+    // A copy: the field itself may be among those that are filled in.
+    const std::string body(charactersAt(fields.txtNormalBody, 7, 3));
     const std::string& tone = strings.Entries[row::kSkinTone].Text;
     const OutfitSlot& slot = outfitSlot(outfit);
     for (const DefaultName& name : kDefaultNames) {

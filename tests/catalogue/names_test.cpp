@@ -26,6 +26,15 @@ TEST(NamesTest, APetsNameMayPassBothTests) {
     EXPECT_TRUE(isPersonModel("B001DOG_A_B.BCF"));
 }
 
+TEST(NamesTest, WhatCanBeAModelIsToldInAnyCase) {
+    for (const char* name : {"B001FAFIT_01.CMX.BCF", "b001dog_01.cmx.bcf", "b001fafit_01.BcF"}) {
+        EXPECT_TRUE(canBeModel(name)) << name;
+    }
+    for (const char* name : {"", ".bcf", "b.bc", "s001fafit_01.cmx.bcf", "b001fafit_01.bmf"}) {
+        EXPECT_FALSE(canBeModel(name)) << name;
+    }
+}
+
 TEST(NamesTest, TheBodyTypeIsUpperCase) {
     EXPECT_EQ(bodyType("b001fafit_01"), "FIT");
     EXPECT_EQ(bodyType("b001fc"), "");
