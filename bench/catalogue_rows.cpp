@@ -163,8 +163,9 @@ class WardrobeImages : public Case {
         }
     }
     void routine() override {
+        SkinImages images;
         for (int k = 1; k <= kImages; ++k) {
-            gsFetchSkinImage(box_, "worn" + padded(k));
+            images.fetch(box_, "worn" + padded(k));
             benchmark::DoNotOptimize(box_.grab().toImage().constBits());
         }
     }

@@ -25,14 +25,24 @@ bool loadFromFolders(PictureTarget& picture, std::string_view name) {
     return false;
 }
 
-void loadFromArchives(PictureTarget& picture, std::string_view wanted) {
-    const auto archives = existingArchives(
-        {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
-         ArchiveStage::Expansions, ArchiveStage::AllTextures},
-        kLastSkinExpansion);
-    for (const Path& archive : archives) {
+}  // namespace
+
+void SkinImages::fetch(PictureTarget& picture, std::string_view name) {
+    if (!name.starts_with("***") && !loadFromFolders(picture, name)) {
+        fetchFromArchives(picture, name);
+    }
+}
+
+void SkinImages::fetchFromArchives(PictureTarget& picture, std::string_view name) {
+    if (!archives_) {
+        archives_ = existingArchives(
+            {ArchiveStage::BaseTextures, ArchiveStage::Shared, ArchiveStage::FirstExpansion,
+             ArchiveStage::Expansions, ArchiveStage::AllTextures},
+            kLastSkinExpansion);
+    }
+    for (const Path& archive : *archives_) {
         const auto directory = lookAtArchiveDirectory(archive).directory;
-        const int number = directory->firstBeginningWith(wanted);
+        const int number = directory->firstBeginningWith(name);
         if (number == 0) {
             continue;
         }
@@ -48,13 +58,8 @@ void loadFromArchives(PictureTarget& picture, std::string_view wanted) {
     }
 }
 
-}  // namespace
-
 void gsFetchSkinImage(PictureTarget& picture, std::string_view name) {
-    if (name.starts_with("***") || loadFromFolders(picture, name)) {
-        return;
-    }
-    loadFromArchives(picture, name);
+    SkinImages().fetch(picture, name);
 }
 
 ExtractedSkin extractSkin(const Path& archive, int number) {

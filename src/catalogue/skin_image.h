@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/chosen_skin.h"
 #include "foundation/picture_target.h"
@@ -15,6 +17,17 @@ namespace marlowick {
 // the picture alone: folders first, then archives. A name that begins with "***" is a note and
 // touches nothing. Quiet: no failure is reported to anyone.
 void gsFetchSkinImage(PictureTarget& picture, std::string_view name);
+
+// The same for all images of one command: which archives there are is found out once.
+class SkinImages {
+  public:
+    void fetch(PictureTarget& picture, std::string_view name);
+
+  private:
+    void fetchFromArchives(PictureTarget& picture, std::string_view name);
+
+    std::optional<std::vector<Path>> archives_;
+};
 
 // An entry of an archive that was copied out as "skintemp.bmp".
 struct ExtractedSkin {

@@ -19,6 +19,7 @@
 #include "system/folder_names_posix.h"
 #include "system/folder_order.h"
 #include "system/held_folder.h"
+#include "system/one_command.h"
 #include "system/runtime_error.h"
 
 namespace marlowick {
@@ -309,8 +310,10 @@ class PosixFileSystem : public FileSystem {
     }
 
     bool fileExists(const Path& path) override {
+        const Resolved found = resolveFromEnd(nativeText(path));
         struct stat status {};
-        return ::stat(resolve(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+        return found.isThere && ::stat(found.native.c_str(), &status) == 0 &&
+               !S_ISDIR(status.st_mode);
     }
 
     bool folderExists(const Path& path) override { return isFolderAt(resolve(path)); }
@@ -465,6 +468,22 @@ HeldFolder::HeldFolder(const Path& folder) {
 
 HeldFolder::~HeldFolder() {
     folderNames().release();
+}
+
+OneCommand::OneCommand() {
+    folderNames().setCommands(folderNames().commands() + 1);
+}
+
+OneCommand::~OneCommand() {
+    folderNames().setCommands(folderNames().commands() - 1);
+}
+
+OneCommand::Pause::Pause() : commands_(folderNames().commands()) {
+    folderNames().setCommands(0);
+}
+
+OneCommand::Pause::~Pause() {
+    folderNames().setCommands(commands_);
 }
 
 FileSystem& nativeFileSystem() {

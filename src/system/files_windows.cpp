@@ -14,6 +14,7 @@
 #include "system/folder_order.h"
 #include "system/game_text.h"
 #include "system/held_folder.h"
+#include "system/one_command.h"
 #include "system/runtime_error.h"
 #include "system/windows_text.h"
 
@@ -581,6 +582,11 @@ void keepSystemBoxesAway() {
 // NTFS is asked for each name, whatever its case.
 HeldFolder::HeldFolder(const Path& /*folder*/) {}
 HeldFolder::~HeldFolder() = default;
+
+OneCommand::OneCommand() = default;
+OneCommand::~OneCommand() = default;
+OneCommand::Pause::Pause() : commands_(0) {}
+OneCommand::Pause::~Pause() = default;
 
 FileSystem& nativeFileSystem() {
     static WindowsFileSystem instance;

@@ -9,8 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "system/folder_order.h"
-
 namespace marlowick {
 namespace {
 
@@ -33,7 +31,7 @@ std::string FolderNames::find(const std::string& folder, const std::string& want
     takeChanges();
     const Place place = kept(*identity);
     if (place != folders_.end()) {
-        std::string name = lookUp(*place, wanted);
+        std::string name = place->names.find(wanted);
         struct stat status {};
         if (name.empty() || ::lstat(inFolder(folder, name).c_str(), &status) == 0) {
             return name;
@@ -44,7 +42,7 @@ std::string FolderNames::find(const std::string& folder, const std::string& want
     if (!names) {
         return {};
     }
-    std::string name = lookUp(*names, wanted);
+    std::string name = names->names.find(wanted);
     keep(std::move(*names));
     return name;
 }
@@ -55,18 +53,25 @@ void FolderNames::hold(const std::string& folder) {
 
 void FolderNames::release() {
     held_.reset();
-    folders_.remove_if([](const Folder& folder) { return !folder.watch; });
+    dropWhatMayNotStay();
+}
+
+void FolderNames::setCommands(int commands) {
+    commands_ = commands;
+    dropWhatMayNotStay();
 }
 
 void FolderNames::added(const std::string& native) {
-    if (!held_) {
+    const auto isUntold = [](const Folder& folder) { return !folder.watch; };
+    if (!held_ && std::none_of(folders_.begin(), folders_.end(), isUntold)) {
         return;
     }
     const std::size_t slash = native.rfind('/');
     const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
-    const Place place = kept(*held_);
-    if (place != folders_.end() && identify(native.substr(0, start)) == held_) {
-        enter(*place, native.substr(start));
+    const std::optional<Identity> identity = identify(native.substr(0, start));
+    const Place place = identity ? kept(*identity) : folders_.end();
+    if (place != folders_.end()) {
+        place->names.add(std::string_view(native).substr(start));
     }
 }
 
@@ -76,39 +81,6 @@ std::optional<FolderNames::Identity> FolderNames::identify(const std::string& fo
         return std::nullopt;
     }
     return Identity{status.st_dev, status.st_ino};
-}
-
-void FolderNames::enter(Folder& folder, const std::string& name) {
-    const std::size_t hash = foldedHash(name);
-    const auto [begin, end] = folder.names.equal_range(hash);
-    if (std::none_of(begin, end, [&](const auto& entry) { return entry.second == name; })) {
-        folder.names.emplace_hint(begin, hash, name);
-    }
-}
-
-void FolderNames::strike(Folder& folder, const std::string& name) {
-    const auto [begin, end] = folder.names.equal_range(foldedHash(name));
-    const auto found =
-        std::find_if(begin, end, [&](const auto& entry) { return entry.second == name; });
-    if (found != end) {
-        folder.names.erase(found);
-    }
-}
-
-std::string FolderNames::lookUp(const Folder& folder, const std::string& wanted) {
-    const auto [begin, end] = folder.names.equal_range(foldedHash(wanted));
-    const std::u16string folded = begin == end ? std::u16string() : foldedName(wanted);
-    const std::string* best = nullptr;
-    for (auto entry = begin; entry != end; ++entry) {
-        const std::string& name = entry->second;
-        if (name == wanted) {
-            return name;
-        }
-        if ((best == nullptr || name < *best) && foldedName(name) == folded) {
-            best = &name;
-        }
-    }
-    return best == nullptr ? std::string() : *best;
 }
 
 // The watch comes before the listing, so that what changes in between is told.
@@ -131,19 +103,30 @@ std::optional<FolderNames::Folder> FolderNames::read(const std::string& folder) 
         ::close(handle);
         return std::nullopt;
     }
+    std::string all;
     while (const dirent* entry = ::readdir(listing)) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") {
-            names.names.emplace(foldedHash(name), name);
+            all.append(name).push_back('\0');
         }
     }
     ::closedir(listing);
+    names.names = NameTable(std::move(all));
     return names;
 }
 
 FolderNames::Place FolderNames::kept(const Identity& identity) {
     return std::find_if(folders_.begin(), folders_.end(),
                         [&](const Folder& folder) { return folder.identity == identity; });
+}
+
+// Where nobody tells of changes, a folder's names are good for as long as a command runs.
+bool FolderNames::mayStay(const Folder& folder) const {
+    return folder.watch || commands_ > 0 || folder.identity == held_;
+}
+
+void FolderNames::dropWhatMayNotStay() {
+    folders_.remove_if([this](const Folder& folder) { return !mayStay(folder); });
 }
 
 void FolderNames::keep(Folder folder) {
@@ -154,7 +137,7 @@ void FolderNames::keep(Folder folder) {
         folders_.erase(same);
     }
     folders_.push_front(std::move(folder));
-    if (!isHeld && (!folders_.front().watch || folders_.front().names.size() > kMostNames)) {
+    if (!mayStay(folders_.front()) || (!isHeld && folders_.front().names.size() > kMostNames)) {
         drop(folders_.begin());
         return;
     }
@@ -200,10 +183,10 @@ void FolderNames::takeChanges() {
         }
         switch (change.kind) {
             case FolderWatch::Change::Kind::Appeared:
-                enter(*place, change.name);
+                place->names.add(change.name);
                 break;
             case FolderWatch::Change::Kind::Gone:
-                strike(*place, change.name);
+                place->names.remove(change.name);
                 break;
             case FolderWatch::Change::Kind::Ended:
                 folders_.erase(place);

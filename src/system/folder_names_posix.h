@@ -4,8 +4,9 @@
 //
 // - Where the kernel tells of every change in the folder, each is taken over before the next
 // answer.
-// - While a command holds the folder, what this program puts there is entered. A name that has gone
-//   meanwhile is never an answer; one that another program makes there meanwhile may be missed.
+// - While a command runs, or holds the folder, what this program puts there is entered. A name that
+//   has gone meanwhile is never an answer; one that another program makes there meanwhile may be
+//   missed.
 //
 // Anywhere else the folder is read for each question.
 #pragma once
@@ -15,9 +16,9 @@
 #include <list>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 #include "system/folder_watch_posix.h"
+#include "system/name_table.h"
 
 namespace marlowick {
 
@@ -34,6 +35,10 @@ class FolderNames {
     // A command begins to put files into a folder, or has ended. One folder at a time.
     void hold(const std::string& folder);
     void release();
+    // How many commands run, one within the other. All names of one are looked up in one reading of
+    // a folder.
+    int commands() const { return commands_; }
+    void setCommands(int commands);
     // The program has put a file or folder there; native is its path.
     void added(const std::string& native);
 
@@ -46,18 +51,16 @@ class FolderNames {
     struct Folder {
         Identity identity;
         std::optional<int> watch;
-        // The names as they stand, by the hash of their folded form.
-        std::unordered_multimap<std::size_t, std::string> names;
+        NameTable names;
     };
     using Place = std::list<Folder>::iterator;
 
     static std::optional<Identity> identify(const std::string& folder);
-    static void enter(Folder& folder, const std::string& name);
-    static void strike(Folder& folder, const std::string& name);
-    static std::string lookUp(const Folder& folder, const std::string& wanted);
     std::optional<Folder> read(const std::string& folder);
     Place kept(const Identity& identity);
     void keep(Folder folder);
+    bool mayStay(const Folder& folder) const;
+    void dropWhatMayNotStay();
     void drop(Place place);
     void takeChanges();
 
@@ -65,6 +68,7 @@ class FolderNames {
     FolderWatch watch_;
     std::list<Folder> folders_;  // the one that was read last in front
     std::optional<Identity> held_;
+    int commands_ = 0;
 };
 
 }  // namespace marlowick

@@ -1,7 +1,8 @@
 #include "system/folder_order.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <array>
+#include <functional>
 #include <utility>
 
 #include "system/game_text.h"
@@ -9,9 +10,15 @@
 namespace marlowick {
 namespace {
 
-// Of the hash FNV-1a.
-constexpr std::uint64_t kHashStart = 0xCBF29CE484222325U;
-constexpr std::uint64_t kHashFactor = 0x100000001B3U;
+constexpr std::size_t kLongestPlain = 256;
+
+bool isPlain(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+char upperPlain(char c) {
+    return static_cast<char>(c >= 'a' && c <= 'z' ? c - ('a' - 'A') : c);
+}
 
 }  // namespace
 
@@ -32,20 +39,18 @@ std::u16string foldedName(std::string_view utf8) {
 
 std::size_t foldedHash(std::string_view utf8) {
     // Few names have other letters, and these need no text of their own.
-    const bool isPlain = std::all_of(utf8.begin(), utf8.end(),
-                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    std::uint64_t hash = kHashStart;
-    const auto mix = [&](char16_t unit) { hash = (hash ^ unit) * kHashFactor; };
-    if (isPlain) {
-        for (const char c : utf8) {
-            mix(static_cast<char16_t>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c));
-        }
-    } else {
-        for (const char16_t unit : foldedName(utf8)) {
-            mix(unit);
-        }
+    if (utf8.size() <= kLongestPlain && std::all_of(utf8.begin(), utf8.end(), isPlain)) {
+        std::array<char, kLongestPlain> upper;
+        std::transform(utf8.begin(), utf8.end(), upper.begin(), upperPlain);
+        return std::hash<std::string_view>()({upper.data(), utf8.size()});
     }
-    return static_cast<std::size_t>(hash);
+    const std::u16string folded = foldedName(utf8);
+    // Other letters may have plain ones for their upper case.
+    if (folded.size() <= kLongestPlain &&
+        std::all_of(folded.begin(), folded.end(), [](char16_t unit) { return unit < 0x80; })) {
+        return std::hash<std::string>()(std::string(folded.begin(), folded.end()));
+    }
+    return std::hash<std::u16string>()(folded);
 }
 
 std::vector<FolderEntry> inFolderOrder(std::vector<NativeEntry> entries) {

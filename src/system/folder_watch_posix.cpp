@@ -18,29 +18,29 @@ constexpr std::uint32_t kAppeared = IN_CREATE | IN_MOVED_TO;
 constexpr std::uint32_t kGone = IN_DELETE | IN_MOVED_FROM;
 
 // Missing from the headers.
-constexpr std::uint32_t kExfat = 0x2011BAB0;
 constexpr std::uint32_t kNtfs = 0x7366746E;
 constexpr std::uint32_t kZfs = 0x2FC12FC1;
 
-// File systems that nobody changes but through this kernel.
-bool isLocal(int folderHandle) {
-    static constexpr std::array<std::uint32_t, 10> kLocal = {EXT4_SUPER_MAGIC,
-                                                             XFS_SUPER_MAGIC,
-                                                             BTRFS_SUPER_MAGIC,
-                                                             F2FS_SUPER_MAGIC,
-                                                             TMPFS_MAGIC,
-                                                             MSDOS_SUPER_MAGIC,
-                                                             OVERLAYFS_SUPER_MAGIC,
-                                                             kExfat,
-                                                             kNtfs,
-                                                             kZfs};
+bool isToldOf(int folderHandle) {
     struct statfs status {};
     return ::fstatfs(folderHandle, &status) == 0 &&
-           std::find(kLocal.begin(), kLocal.end(), static_cast<std::uint32_t>(status.f_type)) !=
-               kLocal.end();
+           tellsOfChanges(static_cast<std::uint32_t>(status.f_type));
 }
 
 }  // namespace
+
+// Neither network folders nor the file systems of sticks and cards, which other machines write.
+bool tellsOfChanges(std::uint32_t fileSystem) {
+    static constexpr std::array<std::uint32_t, 8> kTelling = {EXT4_SUPER_MAGIC,
+                                                              XFS_SUPER_MAGIC,
+                                                              BTRFS_SUPER_MAGIC,
+                                                              F2FS_SUPER_MAGIC,
+                                                              TMPFS_MAGIC,
+                                                              OVERLAYFS_SUPER_MAGIC,
+                                                              kNtfs,
+                                                              kZfs};
+    return std::find(kTelling.begin(), kTelling.end(), fileSystem) != kTelling.end();
+}
 
 FolderWatch::FolderWatch() : handle_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
 
@@ -51,7 +51,7 @@ FolderWatch::~FolderWatch() {
 }
 
 std::optional<int> FolderWatch::add(int folderHandle) {
-    if (handle_ < 0 || !isLocal(folderHandle)) {
+    if (handle_ < 0 || !isToldOf(folderHandle)) {
         return std::nullopt;
     }
     // By its handle, as another folder may bear its name by now.

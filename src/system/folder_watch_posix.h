@@ -1,11 +1,16 @@
 // What changes in folders, told by the kernel in the order in which it happens.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace marlowick {
+
+// Whether nobody changes folders of such a file system (statfs's number) but through this kernel,
+// and the kernel tells of each change.
+bool tellsOfChanges(std::uint32_t fileSystem);
 
 class FolderWatch {
   public:

@@ -240,29 +240,30 @@ void frmEditSim::showFields() {
     option(bodyTypeOption(fields_.bodyType))->setChecked(true);
 }
 
-void frmEditSim::showSkin(const char* name, const std::string& skin) {
+void frmEditSim::showSkin(const char* name, const std::string& skin, SkinImages& images) {
     PictureBox& box = picture(name);
     box.setPicture(ui->picNotFound->picture());
-    gsFetchSkinImage(box, skin);
+    images.fetch(box, skin);
 }
 
 void frmEditSim::showPictures(bool childCards) {
+    SkinImages images;
     for (const Outfit outfit : kPictureOrder) {
         const OutfitSlot& slot = outfitSlot(outfit);
         if (childCards && slot.adultsOnly && !fields_.isAdult()) {
             picture(slot.picture).setPicture(ui->picChild->picture());
         } else {
-            showSkin(slot.picture, fields_.*slot.skin);
+            showSkin(slot.picture, fields_.*slot.skin, images);
         }
     }
     for (const HandPair& pair : kHandPairs) {
-        showHands(pair);
+        showHands(pair, images);
     }
 }
 
-void frmEditSim::showHands(const HandPair& pair) {
+void frmEditSim::showHands(const HandPair& pair, SkinImages& images) {
     for (const Hand& hand : {pair.left, pair.right}) {
-        showSkin(hand.picture, fields_.*hand.field);
+        showSkin(hand.picture, fields_.*hand.field, images);
     }
 }
 
@@ -374,7 +375,8 @@ void frmEditSim::defaultHands(const HandPair& pair) {
     fields_.*pair.left.field = hand;
     fields_.*pair.right.field = hand;
     showFields();
-    showHands(handPair(pair.fetchedPose));
+    SkinImages images;
+    showHands(handPair(pair.fetchedPose), images);
 }
 
 void frmEditSim::cmdNormalFormalHands_Click() {

@@ -23,6 +23,7 @@ class frmEditSim;
 namespace marlowick {
 
 class PictureBox;
+class SkinImages;
 class WornOptions;
 
 class frmEditSim : public ModalForm, public ChosenSkin {
@@ -65,10 +66,10 @@ class frmEditSim : public ModalForm, public ChosenSkin {
     // Fills the pictures of all outfits and hands; a child's adult outfits show the card for
     // children if childCards is set.
     void showPictures(bool childCards);
-    void showHands(const HandPair& pair);
+    void showHands(const HandPair& pair, SkinImages& images);
     // Shows the outfit of the tab in front worn or flat.
     void showWorn();
-    void showSkin(const char* picture, const std::string& skin);
+    void showSkin(const char* picture, const std::string& skin, SkinImages& images);
 
     void changeOutfit(const ChangeCommand& command);
     void changeHand(const Hand& hand);

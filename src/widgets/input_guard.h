@@ -3,6 +3,8 @@
 // stand still.
 #pragma once
 
+#include "system/one_command.h"
+
 namespace marlowick {
 
 enum class Pointer { Default, Hourglass };
@@ -31,7 +33,11 @@ class InputGuard {
 
       private:
         int depth_;
+        OneCommand::Pause command_;
     };
+
+  private:
+    OneCommand command_;
 };
 
 // Gives the windows a chance to repaint.

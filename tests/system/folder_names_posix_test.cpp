@@ -8,6 +8,7 @@
 #include "support/test_folder.h"
 #include "system/files.h"
 #include "system/held_folder.h"
+#include "system/one_command.h"
 
 namespace marlowick {
 namespace {
@@ -157,6 +158,62 @@ TEST_F(FolderNamesTest, AHeldFolderIsReadOnceAndTakesWhatTheProgramMakes) {
     unwatched.release();
     make("Later");
     EXPECT_EQ(findUnwatched("LATER"), "Later");
+}
+
+TEST_F(FolderNamesTest, AllNamesOfACommandAreLookedUpInOneReadingOfAFolder) {
+    const fs::path other = folder.root() / "other";
+    fs::create_directories(other);
+    make("Old");
+    std::ofstream(other / "There") << "x";
+    unwatched.setCommands(1);
+    EXPECT_EQ(findUnwatched("OLD"), "Old");
+    EXPECT_EQ(unwatched.find(other.string(), "THERE"), "There");
+    // Neither is read again, so that these aren't known ...
+    make("Foreign");
+    std::ofstream(other / "Foreign") << "x";
+    EXPECT_EQ(findUnwatched("FOREIGN"), "");
+    EXPECT_EQ(unwatched.find(other.string(), "FOREIGN"), "");
+    // ... but what the program makes is.
+    make("Own");
+    unwatched.added((place / "Own").string());
+    EXPECT_EQ(findUnwatched("OWN"), "Own");
+    EXPECT_EQ(unwatched.find(other.string(), "OWN"), "");
+    // What has gone is no answer.
+    fs::remove(place / "Old");
+    EXPECT_EQ(findUnwatched("OLD"), "");
+    EXPECT_EQ(findUnwatched("FOREIGN"), "Foreign");
+    // One command in another ends nothing.
+    unwatched.setCommands(2);
+    unwatched.setCommands(1);
+    EXPECT_EQ(unwatched.find(other.string(), "FOREIGN"), "");
+    unwatched.setCommands(0);
+    EXPECT_EQ(unwatched.find(other.string(), "FOREIGN"), "Foreign");
+}
+
+TEST_F(FolderNamesTest, AfterACommandTheFolderIsReadForEachQuestionAgain) {
+    unwatched.setCommands(1);
+    EXPECT_EQ(findUnwatched("A"), "");
+    unwatched.setCommands(0);
+    make("a");
+    EXPECT_EQ(findUnwatched("A"), "a");
+    make("b");
+    EXPECT_EQ(findUnwatched("B"), "b");
+}
+
+// A watched folder misses nothing while a command runs, and neither does the file system that the
+// program uses.
+TEST_F(FolderNamesTest, ACommandOnAWatchedFolderSeesWhatOthersMake) {
+    names.setCommands(1);
+    EXPECT_EQ(find("a"), "");
+    make("A");
+    EXPECT_EQ(find("a"), "A");
+    const OneCommand command;
+    EXPECT_FALSE(files().fileExists(folder.path("place/b")));
+    make("B");
+    EXPECT_TRUE(files().fileExists(folder.path("place/b")));
+    const OneCommand::Pause pause;
+    fs::remove(place / "B");
+    EXPECT_FALSE(files().fileExists(folder.path("place/b")));
 }
 
 TEST_F(FolderNamesTest, AWatchedFolderThatIsHeldMissesNothing) {
