@@ -12,10 +12,11 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 
 TEST(EpicItemTest, ReadsTheFolderOfTheOutermostObject) {
-    EXPECT_EQ(installLocationOfItem("{\"a\": [1, -2.5, true, null, {\"InstallLocation\": \"no\"}],"
-                                    " \"InstallLocation\": \"C:\\\\Games\\\\Caf\\u00e9\","
-                                    " \"b\": {\"InstallLocation\": \"no\"}}"),
-              "C:\\Games\\Caf\xC3\xA9");
+    EXPECT_EQ(
+        installLocationOfItem("{\"a\": [1, -2, -2.5, true, null, {\"InstallLocation\": \"no\"}],"
+                              " \"InstallLocation\": \"C:\\\\Games\\\\Caf\\u00e9\","
+                              " \"b\": {\"InstallLocation\": \"no\"}}"),
+        "C:\\Games\\Caf\xC3\xA9");
     EXPECT_EQ(installLocationOfItem("\xEF\xBB\xBF{\"InstallLocation\":\"/x\"}"), "/x");
     EXPECT_EQ(installLocationOfItem("{\"InstallLocation\":\"\"}"), "");
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <stdexcept>
 
 #include "foundation/game.h"
 #include "support/error_recorder.h"
@@ -51,10 +52,12 @@ TEST_F(ErrorTrapTest, ARoutineWithoutCheckpointsReportsTheOneBeforeIt) {
 
 TEST_F(ErrorTrapTest, OtherExceptionsGetAClassicNumber) {
     trapped("modTest", "gsTest", [] { throw std::bad_alloc(); });
+    trapped("modTest", "gsTest", [] { throw std::length_error("too long"); });
     trapped("modTest", "gsTest", [] { throw 1; });
-    ASSERT_EQ(recorder.reports().size(), 2U);
+    ASSERT_EQ(recorder.reports().size(), 3U);
     EXPECT_EQ(recorder.reports()[0].number, 7);
-    EXPECT_EQ(recorder.reports()[1].number, 5);
+    EXPECT_EQ(recorder.reports()[1].number, 7);
+    EXPECT_EQ(recorder.reports()[2].number, 5);
 }
 
 TEST_F(ErrorTrapTest, IgnoredErrorsReachNoTrap) {

@@ -111,7 +111,7 @@ TEST(HistoryRecordTest, AnEndAnywhereCostsOnlyTheRecordsThatAreNotWhole) {
 
 TEST(HistoryRecordTest, APersonsOwnWritingOfItIsReadToo) {
     const auto about = readAbout(R"({ "remark": {"files": [1, {"path": 2}], "version": 7},
-        "files" : [ null, 5, "x", [], { "after" : null, "path" : "ENS/a.ens", "more": [[]],
+        "files" : [ null, 5, true, "x", [], { "after" : null, "path" : "ENS/a.ens", "more": [[]],
             "before" : { "sha256" : ")" +
                                  std::string(kAbc) + R"(", "size" : 3, "size2": -1 } } ],
         "command" : "Delete", "version" : 1 })");

@@ -294,6 +294,19 @@ TEST_F(HistoryRestoreTest, AFileThatCameOrWentSinceThePlanIsLeftAlone) {
     EXPECT_EQ(folder.read(simName(1)), "come");
 }
 
+TEST_F(HistoryRestoreTest, AFileToBeRemovedMayHaveGoneSinceThePlan) {
+    const Path archive = archivePath("new.far");
+    {
+        HistoryCommand save(history, "Save archive", "", {});
+        EXPECT_EQ(save.keep(archive, stateOf("archive")).answer, KeepAnswer::Kept);
+    }
+    folder.write("game/gamedata/textures/new.far", "archive");
+    const RestoreItem made = itemOf(1);
+    std::filesystem::remove(folder.game() / "gamedata/textures/new.far");
+    HistoryCommand command(history, "Restore", "", {});
+    EXPECT_EQ(errorOf([&] { restoreFile(made, {command}); }), 53);
+}
+
 TEST_F(HistoryRestoreTest, WhoDoesNotWantToGoOnWithoutKeepingLosesNothing) {
     {
         HistoryCommand save(history, "Save archive", "", {});

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/error_trap.h"
 #include "iff/user_file_test.h"
 
 namespace marlowick {
@@ -185,6 +186,29 @@ TEST_F(StringSegmentTest, ARowWithoutItsSecondEndGoesToTheTrap) {
     ASSERT_EQ(recorder.reports().size(), 1U);
     EXPECT_EQ(recorder.reports()[0].number, 5);
     EXPECT_EQ(recorder.reports()[0].checkpoint, 7000);
+}
+
+TEST_F(StringSegmentTest, ATableWithoutItsCountCannotBeRead) {
+    EXPECT_FALSE(read("\xFD\xFF\x01"));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 5);
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsReadSTRSegment");
+    EXPECT_EQ(recorder.reports()[0].checkpoint, 3000);
+}
+
+// The next report tells how far a command came, and a look is no part of it.
+TEST_F(StringSegmentTest, ALookLeavesTheStageAsItWasAlsoWhenItFails) {
+    gsResetIFF(iff);
+    add("STR#", "", "\xFD\xFF\x01\x00\x01one\0\0"s, kWardrobeIdBytes);
+    CheckpointNumber = 1234;
+    lookAtWardrobeTable(iff, strings);
+    EXPECT_EQ(CheckpointNumber, 1234);
+    ASSERT_EQ(strings.Entries.bound(), 1);
+    EXPECT_EQ(strings.Entries[1].Text, "one");
+    iff.Segments[1].Data = "\xFD\xFF\x01";
+    EXPECT_EQ(test::errorOf([&] { lookAtWardrobeTable(iff, strings); }), 5);
+    EXPECT_EQ(CheckpointNumber, 1234);
+    EXPECT_TRUE(recorder.reports().empty());
 }
 
 }  // namespace

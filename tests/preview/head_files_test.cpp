@@ -155,6 +155,16 @@ TEST_F(MeshFileTest, TheMeshMustLieInTheArchiveOfItsSuit) {
     EXPECT_TRUE(recorder.reports().empty());
 }
 
+TEST_F(MeshFileTest, WithoutItsMeshTheGamesOwnArchiveIsPassedOver) {
+    archive(kAnimation, {{"head.cmx.bcf", suitFile("head", {{"HEAD", "xskin"}})}});
+    archive(packName("3"),
+            {{"head.cmx.bcf", suitFile("head", {{"HEAD", "xskin"}})}, {"xskin.skn", "the pack's"}});
+    EXPECT_EQ(findMesh(), sknTemp());
+    EXPECT_EQ(folder.read("program/temp/skntemp.skn"), "the pack's");
+    EXPECT_FALSE(folder.exists("program/temp/skntemp.bmf"));
+    EXPECT_TRUE(recorder.reports().empty());
+}
+
 // Without a head row the mesh name is that of the archive before.
 TEST_F(MeshFileTest, ASuitWithoutAHeadKeepsTheMeshNameOfTheOneBefore) {
     archive(packName("2"), {{"head.cmx.bcf", suitFile("head", {{"HEAD", "xskin"}})}});

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/test_folder.h"
 
 namespace marlowick {
@@ -58,6 +60,34 @@ TEST_F(BufferedReaderTest, BehindTheEndThereIsNothing) {
     file->seek(7);
     BufferedReader reader(*file, 8);
     EXPECT_EQ(reader.take(0), "");
+    EXPECT_EQ(reader.take(1), std::nullopt);
+}
+
+// A file that the game makes shorter while it is read.
+class ShrinkingFile : public File {
+  public:
+    std::size_t read(char* data, std::size_t size) override {
+        const std::size_t count = std::min(size, left_);
+        std::fill_n(data, count, 'x');
+        left_ -= count;
+        return count;
+    }
+    void write(std::string_view /*data*/) override {}
+    void seek(std::int64_t /*position*/) override {}
+    std::int64_t position() override { return 0; }
+    std::int64_t size() override { return 10; }
+    void flush() override {}
+
+  private:
+    std::size_t left_ = 6;
+};
+
+TEST(ShrinkingFileTest, WhatIsStillThereIsTakenAndNothingMore) {
+    ShrinkingFile file;
+    BufferedReader reader(file, 4);
+    EXPECT_EQ(reader.take(3), "xxx");
+    EXPECT_EQ(reader.take(5), std::nullopt);
+    EXPECT_EQ(reader.take(3), "xxx");
     EXPECT_EQ(reader.take(1), std::nullopt);
 }
 

@@ -1,6 +1,10 @@
 // What only a system without drives has among its files.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+
+#include <memory>
+#include <vector>
 
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
@@ -28,6 +32,43 @@ TEST(FilesPosixTest, AFileOfOtherLettersIsOpenedAsItStands) {
     EXPECT_EQ(folder.read("game/Face.BMP"), "new");
     EXPECT_FALSE(folder.exists("game/face.bmp"));
     EXPECT_EQ(readWholeFile(folder.path("GAME\\FACE.bmp")), "new");
+}
+
+TEST(FilesPosixTest, AFileThatIsOpenForWritingAloneCannotBeRead) {
+    const test::TestFolder folder;
+    const auto file = files().open(folder.path("game\\new"), OpenMode::CreateNew);
+    file->write("abc");
+    file->seek(0);
+    char byte = 'z';
+    EXPECT_EQ(errorOf([&] { file->read(&byte, 1); }), 57);
+    EXPECT_EQ(byte, 'z');
+}
+
+// Not more files than the process may have; those that are open go at the end.
+TEST(FilesPosixTest, TooManyOpenFilesAreErrorSixtySeven) {
+    const test::TestFolder folder;
+    folder.write("game/there", "x");
+    const Path there = folder.path("game\\there");
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit few{64, before.rlim_max};
+    std::vector<std::unique_ptr<File>> held;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+    const int whileTaking = errorOf([&] {
+        for (int i = 0; i < 100; ++i) {
+            held.push_back(files().open(there, OpenMode::Input));
+        }
+    });
+    const int asBinary = errorOf([&] { files().open(there, OpenMode::Binary); });
+    const int asOutput = errorOf([&] { files().open(there, OpenMode::Output); });
+    held.clear();
+    const int afterwards = errorOf([&] { files().open(there, OpenMode::Binary); });
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_EQ(whileTaking, 67);
+    EXPECT_EQ(asBinary, 67);
+    EXPECT_EQ(asOutput, 67);
+    EXPECT_EQ(afterwards, 0);
+    EXPECT_EQ(folder.read("game/there"), "x");
 }
 
 }  // namespace

@@ -104,6 +104,25 @@ TEST_F(FilesTest, RaisesTheClassicNumbers) {
     EXPECT_EQ(errorOf([&] { file->seek(-1); }), 63);
 }
 
+TEST_F(FilesTest, AFolderIsNoFileToDeleteOrToMeasure) {
+    std::filesystem::create_directories(folder.game() / "Folder");
+    EXPECT_EQ(errorOf([&] { files().remove(folder.path("game\\folder")); }), 53);
+    EXPECT_EQ(errorOf([&] { files().length(folder.path("game\\folder")); }), 53);
+    EXPECT_TRUE(folder.exists("game/Folder"));
+}
+
+TEST_F(FilesTest, WhatIsGoneHasNoNameAndNoRightsToGive) {
+    folder.write("game/there", "x");
+    const Path there = folder.path("game\\there");
+    const Path gone = folder.path("game\\gone");
+    EXPECT_EQ(errorOf([&] { files().rename(gone, there); }), 53);
+    files().copyAttributes(gone, there);
+    files().clearAttributes(gone);
+    EXPECT_FALSE(files().isReadOnly(gone));
+    EXPECT_EQ(folder.read("game/there"), "x");
+    EXPECT_FALSE(folder.exists("game/gone"));
+}
+
 TEST_F(FilesTest, RemovesEmptyFoldersAlone) {
     std::filesystem::create_directories(folder.game() / "Full" / "Empty");
     folder.write("game/file", "x");

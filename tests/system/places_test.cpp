@@ -83,6 +83,17 @@ TEST_F(PlacesTest, ListsNamesInOrderAndNotTooMany) {
     EXPECT_THAT(namesIn(at("list"), 10), ElementsAre("A.item", "b.item", "c", "\xD0\xB6"));
     EXPECT_THAT(namesIn(at("list"), 2), ElementsAre("A.item", "b.item"));
     EXPECT_THAT(namesIn(at("none"), 2), ElementsAre());
+    EXPECT_THAT(namesIn(at("list") + "\\", 2), ElementsAre("A.item", "b.item"));
+}
+
+// A character beyond 16 bits is two units there, and both lie before the last letters of one.
+TEST_F(PlacesTest, NamesAreOrderedByUnitsOf16Bits) {
+    folder.write("list/\xEF\xBD\x9E", "");
+    folder.write("list/\xF0\x9F\x98\x82", "");
+    folder.write("list/\xF0\x9F\x98\x80", "");
+    folder.write("list/\xEC\xA0\x80", "");
+    EXPECT_THAT(namesIn(at("list"), 10), ElementsAre("\xEC\xA0\x80", "\xF0\x9F\x98\x80",
+                                                     "\xF0\x9F\x98\x82", "\xEF\xBD\x9E"));
 }
 
 TEST_F(PlacesTest, ANameOutOfATextStaysInItsFolder) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/error_recorder.h"
 #include "support/test_folder.h"
 #include "system/runtime_error.h"
 
@@ -64,6 +65,13 @@ TEST(StreamsTest, AFileThatCantBeOpenedTakesNoSlot) {
     EXPECT_THROW(streams().open(Slot::fixed(4), folder.path("none\\a"), OpenMode::Binary),
                  RuntimeError);
     EXPECT_FALSE(streams().isOpen(Slot::fixed(4)));
+}
+
+TEST(StreamsTest, ASlotThatNobodyTookIsErrorFiftyTwo) {
+    const test::TestFolder folder;
+    EXPECT_EQ(test::errorOf([] { streams().at(Slot::fixed(4)); }), 52);
+    streams().open(Slot::fixed(4), folder.path("game\\a"), OpenMode::Binary);
+    EXPECT_EQ(test::errorOf([] { streams().at(Slot::fixed(4)); }), 0);
 }
 
 }  // namespace

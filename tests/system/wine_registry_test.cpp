@@ -38,6 +38,17 @@ TEST(WineRegistryTest, NamesAreBlindToCase) {
     EXPECT_EQ(wineRegistryText(file, kKey, kName), "C:\\a");
 }
 
+TEST(WineRegistryTest, NamesWithOtherLettersAreToldApart) {
+    const std::string file =
+        registry(kGame,
+                 "\"Install\\xe9\"=\"C:\\\\e\"\n\"Install\\xc9x\"=\"C:\\\\x\"\n"
+                 "\"InstallPath\"=\"C:\\\\a\"\n");
+    EXPECT_EQ(wineRegistryText(file, kKey, kName), "C:\\a");
+    EXPECT_EQ(wineRegistryText(file, kKey, "install\xC3\x89"), "C:\\e");
+    EXPECT_EQ(wineRegistryText(file, kKey, "install\xC3\xA9X"), "C:\\x");
+    EXPECT_EQ(wineRegistryText(file, kKey, "install\xC3\xA8"), std::nullopt);
+}
+
 TEST(WineRegistryTest, TakesTheValueOfItsOwnKeyAlone) {
     const std::string file = registry("Software\\\\Maxis", "\"InstallPath\"=\"C:\\\\wrong\"\n") +
                              "[" + kGame + "\\\\Deeper] 1\n\"InstallPath\"=\"C:\\\\wrong\"\n\n[" +
@@ -50,6 +61,7 @@ TEST(WineRegistryTest, DecodesEscapesAndCodeUnits) {
     EXPECT_EQ(valueOf("\"InstallPath\"=\"a\\\"b\\\\c\\td\\n\"\n"), "a\"b\\c\td\n");
     // e acute as two digits and as four, then a letter that is no digit; three digits at the end.
     EXPECT_EQ(valueOf("\"InstallPath\"=\"\\xe9\\x00e9z\\x3b1\"\n"), "\xC3\xA9\xC3\xA9z\xCE\xB1");
+    EXPECT_EQ(valueOf("\"InstallPath\"=\"\\xE9\\x00E9\\x3B1\"\n"), "\xC3\xA9\xC3\xA9\xCE\xB1");
     // A pair of surrogates, and half of one.
     EXPECT_EQ(valueOf("\"InstallPath\"=\"\\xd83d\\xde00\"\n"), "\xF0\x9F\x98\x80");
     EXPECT_EQ(valueOf("\"InstallPath\"=\"\\xd83dx\"\n"), "\xEF\xBF\xBDx");

@@ -327,6 +327,25 @@ TEST_F(EditPetTest, WhatASaveReplacesIsKeptUnderThePetsName) {
     EXPECT_FALSE(fileContent() == content);
 }
 
+TEST_F(EditPetTest, WithoutChangesARestoreAsksNothingMore) {
+    makePet();
+    open([this](QWidget& window) { saveAndAgree(window); });
+    EXPECT_FALSE(fileContent() == content);
+    open([&](QWidget& window) {
+        const std::size_t before = script.messages().size();
+        script.whenShown("frmHistory", [](QWidget& history) {
+            click(history, "cmdRestore");
+            click(history, "cmdClose");
+        });
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(window, "cmdHistory");
+        EXPECT_EQ(script.messages().size(), before + 2);
+        EXPECT_TRUE(fileContent() == content);
+        click(window, "cmdCancel");
+    });
+}
+
 TEST_F(EditPetTest, LeadsToThePetsVersionsAndLoadsAnewAfterARestore) {
     makePet();
     folder.write("game/GameData/Skins/B002DOG_new.cmx", "");

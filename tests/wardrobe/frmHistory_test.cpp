@@ -413,5 +413,29 @@ TEST_F(WardrobesHistoryTest, LeadsToTheSimsVersionsAndLoadsAnewAfterARestore) {
     });
 }
 
+TEST_F(WardrobesHistoryTest, WithoutChangesARestoreAsksNothingMore) {
+    makeSim();
+    const std::string first = content;
+    open([this](QWidget& window) {
+        script.answer(QMessageBox::Yes);
+        click(window, "cmdDefaultFormal");
+        saveAndAgree(window);
+    });
+    open([&](QWidget& window) {
+        script.whenShown("frmHistory", [](QWidget& history) {
+            click(history, "cmdRestore");
+            click(history, "cmdClose");
+        });
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        const std::size_t before = script.messages().size();
+        click(window, "cmdHistory");
+        EXPECT_EQ(script.messages().size(), before + 2);
+        EXPECT_TRUE(fileContent() == first);
+        EXPECT_EQ(test::textOf(window, "txtFormalBody"), "f001fafit_own");
+        click(window, "cmdCancel");
+    });
+}
+
 }  // namespace
 }  // namespace marlowick

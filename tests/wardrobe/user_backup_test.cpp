@@ -140,5 +140,18 @@ TEST_F(UserBackupTest, AFailureIsReportedAndTold) {
     EXPECT_EQ(recorder.reports()[0].checkpoint, 3000);
 }
 
+TEST_F(UserBackupTest, ABackupThatIsMarkedReadOnlyStays) {
+    const std::string name = "user1iff_A_UserData_20260309_140707";
+    folder.write("program/Backup/" + name, "an earlier content");
+    folder.makeReadOnly("program/Backup/" + name);
+    folder.write("game/UserData/Characters/user1.iff", "now");
+    EXPECT_FALSE(
+        msMakeUserBackup(folder.path("game\\UserData\\characters\\user1.iff"), "A  (user1 - A)"));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 75);
+    EXPECT_EQ(backups(), std::vector<std::string>{name});
+    EXPECT_EQ(folder.read("program/Backup/" + name), "an earlier content");
+}
+
 }  // namespace
 }  // namespace marlowick

@@ -1,0 +1,40 @@
+#include "preview/worn_files.h"
+
+#include <gtest/gtest.h>
+
+#include "support/archive_builder.h"
+#include "support/error_recorder.h"
+#include "support/test_folder.h"
+
+namespace marlowick {
+namespace {
+
+using test::errorOf;
+
+class WornFilesTest : public ::testing::Test {
+  protected:
+    test::TestFolder folder;
+    KeptFiles kept;
+    WornFiles files{kept};
+};
+
+TEST_F(WornFilesTest, ReadsALooseFileUpToItsBound) {
+    folder.write("game/a.bmp", "abc");
+    const FilePlace place{folder.path("game\\a.bmp"), 0, "a.bmp"};
+    EXPECT_EQ(files.read(place, 3), "abc");
+    EXPECT_EQ(errorOf([&] { files.read(place, 2); }), 7);
+    EXPECT_EQ(errorOf([&] { files.read({folder.path("game\\b.bmp"), 0, "b.bmp"}, 3); }), 53);
+}
+
+TEST_F(WornFilesTest, ReadsTheEntriesThatAnArchiveHasAndNoOthers) {
+    folder.write("game/x.far", test::archiveFile({{"one", "first"}, {"two", "other"}}));
+    const Path archive = folder.path("game\\x.far");
+    EXPECT_EQ(files.read({archive, 1, "one"}, 5), "first");
+    EXPECT_EQ(files.read({archive, 2, "two"}, 5), "other");
+    EXPECT_EQ(errorOf([&] { files.read({archive, 2, "two"}, 4); }), 7);
+    EXPECT_EQ(errorOf([&] { files.read({archive, 3, "three"}, 5); }), 9);
+    EXPECT_EQ(errorOf([&] { files.read({archive, -1, "none"}, 5); }), 9);
+}
+
+}  // namespace
+}  // namespace marlowick
