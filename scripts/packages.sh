@@ -6,6 +6,7 @@ BUILD_PACKAGES=(build-essential cmake ninja-build ccache qt6-base-dev qt6-base-d
 RUN_PACKAGES=(libqt6widgets6 fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev strace)
 CHECK_PACKAGES=(git clang-format clang-tidy cppcheck)
+COVERAGE_PACKAGES=(gcovr)
 VIRTUAL_DISPLAY_PACKAGES=(xvfb xauth openbox)
 # For the Windows program, and for running it under Wine.
 WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix xz-utils zip)
