@@ -264,6 +264,7 @@ TEST_P(KeptMeanwhileTest, NothingElseTakesThePlaceOfAFile) {
         }
     }
     EXPECT_GT(points, 4);
+    std::cout << "[  POINTS  ] " << command.name << ' ' << points << '\n';
 }
 
 INSTANTIATE_TEST_SUITE_P(Commands, KeptMeanwhileTest,
