@@ -15,6 +15,7 @@
 #include "support/test_folder.h"
 #include "support/user_file_builder.h"
 #include "system/files.h"
+#include "system/shown_path.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -88,7 +89,7 @@ TEST_F(ProvenRewriteTest, AFileThatIsNotAsItWasMeantTakesNoName) {
     } catch (const RuntimeError& failure) {
         EXPECT_EQ(failure.number(), 321);
         EXPECT_EQ(failure.description().substr(0, 19 + 2 + file.text().size() + 2),
-                  "Invalid file format\r\n" + file.text() + "\r\n");
+                  "Invalid file format\r\n" + shownPath(file) + "\r\n");
         EXPECT_GT(failure.description().size(), 19 + 2 + file.text().size() + 2);
     }
     EXPECT_EQ(CheckpointNumber, 4000);

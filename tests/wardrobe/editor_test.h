@@ -18,7 +18,9 @@
 #include "support/window_driver.h"
 #include "system/clock.h"
 #include "system/processes.h"
+#include "system/shown_path.h"
 #include "system/streams.h"
+#include "widgets/history_messages.h"
 #include "widgets/picture_box.h"
 
 namespace marlowick::test {
@@ -105,6 +107,29 @@ class EditorTest : public WindowTest {
         EXPECT_FALSE(fileContent() == content);
     }
 
+    // The file was made by a command, which is taken back while the window has it open.
+    void takeAway() {
+        std::filesystem::remove(folder.root() / file_);
+        {
+            HistoryCommand command(earlierVersions(), "Restore", "Bob", {});
+            EXPECT_TRUE(command.keepOrAsk(path_, stateOf(content)));
+        }
+        folder.write(file_, content);
+        open([this](QWidget& window) {
+            script.whenShown("frmHistory", [](QWidget& history) {
+                click(history, "cmdRestore");
+                click(history, "cmdClose");
+            });
+            script.answer(QMessageBox::Yes);
+            script.answer();
+            click(window, "cmdHistory");
+            EXPECT_FALSE(window.isVisible());
+        });
+        ASSERT_EQ(script.messages().size(), 2U);
+        EXPECT_EQ(script.messages()[1].title, "Success");
+        EXPECT_FALSE(folder.exists(file_));
+    }
+
     // Right before the save the game writes the file: the disk's bytes stay unless the person wants
     // otherwise, and then they are the earlier version.
     void saveOver(const std::string& played) {
@@ -175,8 +200,8 @@ class EditorTest : public WindowTest {
             click(window, "cmdSave");
             ASSERT_EQ(recorder.reports().size(), 1U);
             EXPECT_EQ(inWords(recorder.reports()[0]), "321 frmEditSim cmdSave_Click 4000");
-            EXPECT_EQ(gstrErrorDescription,
-                      "Invalid file format\r\n" + path_.text() + "\r\nSegment 1 has other data.");
+            EXPECT_EQ(gstrErrorDescription, "Invalid file format\r\n" + shownPath(path_) +
+                                                "\r\nSegment 1 has other data.");
             EXPECT_TRUE(fileContent() == content);
             EXPECT_EQ(searchFiles(path_.folder(), "*").size(), 1U);
             click(window, "cmdCancel");
