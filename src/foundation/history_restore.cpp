@@ -35,7 +35,8 @@ const Path& folderOf(const HistoryPlaces& places, KeptKind kind) {
 }
 
 // Ensembles are the program's own, whichever game is open.
-bool areOfOneGame(const HistoryAbout& left, const HistoryAbout& right, KeptKind kind) {
+template <class Folders>
+bool areOfOneGame(const HistoryAbout& left, const Folders& right, KeptKind kind) {
     return kind == KeptKind::Ensemble || isSameFolder(folderOf(left, kind), folderOf(right, kind));
 }
 
@@ -84,10 +85,11 @@ RestoreStep stepFor(const HistoryRecord& record, const std::optional<FileState>&
 // What the commands behind one left in each file.
 class LaterChanges {
   public:
-    LaterChanges(const HistoryEntry& entry, const std::vector<HistoryEntry>& all) {
+    LaterChanges(const HistoryPlaces& places, const HistoryEntry& entry,
+                 const std::vector<HistoryEntry>& all) {
         for (const HistoryEntry& other : all) {
             if (other.number > entry.number) {
-                add(other, entry.about);
+                add(other, places, entry.about);
             }
         }
     }
@@ -111,9 +113,11 @@ class LaterChanges {
         std::optional<FileState> after;
     };
 
-    void add(const HistoryEntry& other, const HistoryAbout& about) {
+    // Of a game that was moved, a command before that or behind it.
+    void add(const HistoryEntry& other, const HistoryPlaces& places, const HistoryAbout& about) {
         for (const HistoryRecord& record : other.about.records) {
-            if (!record.place || !areOfOneGame(other.about, about, record.place->kind)) {
+            if (!record.place || !(areOfOneGame(other.about, about, record.place->kind) ||
+                                   areOfOneGame(other.about, places, record.place->kind))) {
                 continue;
             }
             std::vector<Change>& changes = changes_[placeKey(*record.place)];
@@ -200,7 +204,7 @@ std::vector<RestoreItem> restorePlan(const History& history, const HistoryEntry&
                                      const std::vector<HistoryEntry>& all,
                                      const std::vector<std::size_t>& records, bool movedToo,
                                      const std::function<void()>& afterFile) {
-    const LaterChanges later(entry, all);
+    const LaterChanges later(history.places(), entry, all);
     const std::set<std::size_t> wanted(records.begin(), records.end());
     std::vector<RestoreItem> plan;
     std::set<std::u16string> seen;

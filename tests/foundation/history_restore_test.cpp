@@ -6,6 +6,7 @@
 #include "history_test.h"
 #include "support/error_recorder.h"
 #include "support/faulty_files.h"
+#include "system/shown_path.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -273,7 +274,7 @@ TEST_F(HistoryRestoreTest, WhatTakesTheNameIsProvenToBeTheOldBytes) {
         ADD_FAILURE();
     } catch (const RuntimeError& failure) {
         EXPECT_EQ(failure.number(), 321);
-        EXPECT_EQ(failure.description(), "Invalid file format\r\n" + simPath(1).text() +
+        EXPECT_EQ(failure.description(), "Invalid file format\r\n" + shownPath(simPath(1)) +
                                              "\r\nThe content isn't as it was kept.");
     }
     EXPECT_EQ(folder.read(simName(1)), "second");
@@ -411,6 +412,19 @@ TEST_F(HistoryRestoreTest, FilesOfAnotherGameAreRefusedAndOfAMovedOneTakenOnWhen
     EXPECT_EQ(steps("", "saves", true), other + ", " + other + ", yes");
     EXPECT_EQ(steps("//server/share", "\\\\\\\\server\\\\share", true),
               other + ", " + other + ", yes");
+}
+
+// What was done where the game lies now is no change of the game's.
+TEST_F(HistoryRestoreTest, OfAMovedGameTheLaterCommandsInItsNewPlaceCount) {
+    const std::string gone = withSlashes(folder.path("gone"));
+    writeAbout("000001 x", abcRecord("UserData/Characters/user00001.iff"), gone, gone);
+    folder.write("program/History/000001 x/UserData/Characters/user00001.iff", "abc");
+    saveOver(simPath(1), "second");
+    const std::vector<RestoreItem> plan = planOf(1, true);
+    ASSERT_EQ(plan.size(), 1U);
+    EXPECT_EQ(plan[0].step, RestoreStep::PutBack);
+    EXPECT_EQ(plan[0].later, std::vector<int>{2});
+    EXPECT_FALSE(plan[0].isChangedSince);
 }
 
 // A text may name another machine: that one isn't asked for anything.
