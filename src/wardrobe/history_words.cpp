@@ -154,8 +154,9 @@ std::string restoreQuestion(const HistoryEntry& entry, const std::vector<Restore
     add(question, "Made by that command, to be removed:",
         pathsOf(plan, [](const RestoreItem& item) { return item.step == RestoreStep::Remove; }));
     add(question, "Changed since by the game or by somebody; that goes back too:",
-        pathsOf(plan,
-                [](const RestoreItem& item) { return changes(item.step) && item.isChangedSince; }));
+        pathsOf(plan, [](const RestoreItem& item) {
+            return changes(item.step) && item.step != RestoreStep::MakeAnew && item.isChangedSince;
+        }));
     std::set<int> later;
     for (const RestoreItem& item : plan) {
         if (changes(item.step)) {

@@ -107,11 +107,13 @@ TEST(HistoryWordsTest, TheQuestionTellsWhatWouldBeDone) {
     RestoreItem back = itemOf("UserData\\Characters\\user1.iff", RestoreStep::PutBack);
     back.isChangedSince = true;
     back.later = {2};
+    // A file that is gone holds nothing that could go back.
+    RestoreItem gone = itemOf("UserData\\Characters\\user2.iff", RestoreStep::MakeAnew);
+    gone.isChangedSince = true;
     RestoreItem refused = itemOf("x.iff", RestoreStep::Refused);
     refused.reason = "It is a secret.";
     const std::vector<RestoreItem> plan = {
-        back, itemOf("UserData\\Characters\\user2.iff", RestoreStep::MakeAnew),
-        itemOf("ENS\\new.ens", RestoreStep::Remove),
+        back, gone, itemOf("ENS\\new.ens", RestoreStep::Remove),
         itemOf("UserData\\Characters\\user3.iff", RestoreStep::Nothing), refused};
     EXPECT_EQ(restoreQuestion(entry, plan, {later, entry}),
               "Put back as it was before \"Save Mara Quill\" of 2026-11-21 14:15:33:\n"
