@@ -93,6 +93,9 @@ void frmMain::connectControls() {
     connectMenu(ui->smenuHistory, "smenuHistory_Click", &frmMain::smenuHistory_Click);
     ui->picThumbs->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(ui->picThumbs, &QWidget::customContextMenuRequested, this, &frmMain::showFaceMenu);
+    // Here the keyboard is after a wardrobe; no mouse ever gets there.
+    ui->cmdFocus->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(ui->cmdFocus, &QWidget::customContextMenuRequested, this, &frmMain::showFaceMenu);
 }
 
 void frmMain::connectMenu(QAction* action, const char* event, void (frmMain::*handler)()) {

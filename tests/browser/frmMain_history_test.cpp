@@ -88,6 +88,29 @@ TEST_F(MainHistoryTest, AFacesMenuLeadsToTheVersionsOfThatSim) {
     EXPECT_TRUE(script.isDone());
 }
 
+// The wardrobe leaves the keyboard with the window's focus holder.
+TEST_F(MainHistoryTest, TheMenuKeyMeansTheChosenFaceWhenItsWardrobeHasClosed) {
+    frmMain& window = showSims(2);
+    clickCell(window, 1);
+    script.whenShown("frmEditSim", [](QWidget& editor) { click(editor, "cmdCancel"); });
+    click(window, "cmdSelect");
+    ASSERT_TRUE(script.isDone());
+    QWidget* focused = window.focusWidget();
+    ASSERT_NE(focused, nullptr);
+    EXPECT_EQ(focused->objectName(), "cmdFocus");
+    const QPoint place(1, 1);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
+    QCoreApplication::sendEvent(focused, &event);
+    auto* menu = window.findChild<QMenu*>(QStringLiteral("menuSim"));
+    ASSERT_TRUE(menu != nullptr && menu->isVisible());
+    script.whenShown("frmHistory", [](QWidget& history) {
+        EXPECT_TRUE(textOf(history, "txtFilter").endsWith("user00002.iff", Qt::CaseInsensitive));
+        click(history, "cmdClose");
+    });
+    choose(menu, "smenuSimHistory");
+    EXPECT_TRUE(script.isDone());
+}
+
 TEST_F(MainHistoryTest, AnEmptyCellHasNoMenu) {
     frmMain& window = showSims(1);
     clickCell(window, 5, Qt::RightButton);
