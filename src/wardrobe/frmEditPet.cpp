@@ -166,10 +166,10 @@ void frmEditPet::cmdChangeNormal_Click() {
 
 void frmEditPet::cmdHistory_Click() {
     ui->cmdFocus->setFocus();
-    theWindow<frmHistory>().showOf(
-        {UserFilePath,
-         [this] { return fields_ == loadedFields_ || mayDropChangesOf(fields_.txtName); },
-         [this] { loadPet(); }});
+    showEarlierVersions(
+        *this, {UserFilePath,
+                [this] { return fields_ == loadedFields_ || mayDropChangesOf(fields_.txtName); },
+                [this] { loadPet(); }});
 }
 
 void frmEditPet::cmdSave_Click() {

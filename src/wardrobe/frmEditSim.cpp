@@ -423,11 +423,11 @@ void frmEditSim::cmdEnsLoad_Click() {
 
 void frmEditSim::cmdHistory_Click() {
     takeFocus();
-    theWindow<frmHistory>().showOf({gstrUserFile, [this] { return mayDropChanges(); },
-                                    [this] {
-                                        msLoadUserData();
-                                        showWorn();
-                                    }});
+    showEarlierVersions(*this, {gstrUserFile, [this] { return mayDropChanges(); },
+                                [this] {
+                                    msLoadUserData();
+                                    showWorn();
+                                }});
 }
 
 // The body type isn't saved, and so nothing that could be lost.

@@ -1,6 +1,7 @@
 #include "wardrobe/frmHistory.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include "iff/iff_file.h"
 #include "iff/sim_names.h"
 #include "iff/string_segment.h"
+#include "system/files.h"
 #include "system/game_text.h"
 #include "ui_frmHistory.h"
 #include "wardrobe/history_words.h"
@@ -68,6 +70,13 @@ Path faceFile(const HistoryEntry& entry, const HistoryRecord& record) {
     return record.place && record.place->kind == KeptKind::UserFile && record.before
                ? earlierVersions().keptFile(entry, record)
                : Path();
+}
+
+// False if the command names no file that may ever be written.
+bool hasPlace(const HistoryEntry& entry) {
+    const std::vector<HistoryRecord>& records = entry.about.records;
+    return std::any_of(records.begin(), records.end(),
+                       [](const HistoryRecord& record) { return record.place.has_value(); });
 }
 
 // A chosen line leaves the face as it is.
@@ -141,12 +150,14 @@ void frmHistory::showOf(const Path& userFile) {
     showModal();
 }
 
-void frmHistory::showOf(const Editor& editor) {
+bool frmHistory::showOf(const Editor& editor) {
     const std::optional<KeptPlace> place = keptPlaceOf(earlierVersions().places(), editor.file);
     filter_ = place ? place->path : std::string();
     editor_ = editor;
+    isEditorsGone_ = false;
     showModal();
     editor_.reset();
+    return !isEditorsGone_;
 }
 
 void frmHistory::buildControls() {
@@ -332,13 +343,23 @@ void frmHistory::showState() {
         state = QStringLiteral("Nothing fits the filter.");
     } else if (entry != nullptr && !entry->isReadable) {
         state = QStringLiteral("What this command changed can not be read.");
+    } else if (entry != nullptr && !hasPlace(*entry)) {
+        state = QStringLiteral("No sim, archive or ensemble can lie where these files lay.");
     } else if (entry != nullptr && !isOpenGames) {
         state = QStringLiteral(
                     "These files belong to another game. Open it with Set Path to "
                     "restore them.\nGame: %1\nNeighborhoods: %2")
                     .arg(toDisplay(entry->about.game), toDisplay(entry->about.neighbourhoods));
     }
+    if (state == ui->lblState->text()) {
+        return;
+    }
     ui->lblState->setText(state);
+    // The lists give the text its room, and the chosen line could be in it.
+    layout()->activate();
+    for (ClickList* list : {ui->lstEntries, ui->lstFiles}) {
+        list->scrollToItem(list->currentItem());
+    }
 }
 
 std::vector<std::size_t> frmHistory::chosenRecords() const {
@@ -443,7 +464,16 @@ void frmHistory::tellRestored() {
         Restored();
     }
     if (isEditorsRestored_) {
-        editor_->loadAnew();
+        isEditorsGone_ = !files().fileExists(editor_->file);
+        if (!isEditorsGone_) {
+            editor_->loadAnew();
+        }
+    }
+}
+
+void showEarlierVersions(QWidget& window, const frmHistory::Editor& editor) {
+    if (!theWindow<frmHistory>().showOf(editor)) {
+        window.close();
     }
 }
 

@@ -40,10 +40,12 @@ class frmHistory : public ModalForm {
     // What is to be painted anew when a file has been restored.
     std::function<void()> Restored;
 
-    // Shows all earlier versions; or those of one file, which is open in an editor behind.
+    // Shows all earlier versions; or those of one file, which is open in an editor behind. False if
+    // that file was removed: it hasn't been loaded anew then, since reading it would make an empty
+    // one, which the game would find.
     void showAll();
     void showOf(const Path& userFile);
-    void showOf(const Editor& editor);
+    bool showOf(const Editor& editor);
 
     void Form_Load() override;
 
@@ -76,6 +78,11 @@ class frmHistory : public ModalForm {
     std::optional<Editor> editor_;
     std::vector<HistoryEntry> entries_;
     bool isEditorsRestored_ = false;
+    bool isEditorsGone_ = false;
 };
+
+// Shows the earlier versions of the file that an editor has open, and closes the editor if it was
+// removed.
+void showEarlierVersions(QWidget& window, const frmHistory::Editor& editor);
 
 }  // namespace marlowick

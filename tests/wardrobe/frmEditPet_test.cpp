@@ -307,6 +307,11 @@ TEST_F(EditPetTest, ASaveOverWhatTheGameWroteMeanwhileAsksAndKeepsThat) {
     saveOver(petFile(played));
 }
 
+TEST_F(EditPetTest, ClosesWhenItsPetIsTakenAway) {
+    makePet();
+    takeAway();
+}
+
 TEST_F(EditPetTest, ASaveThatCannotBeKeptAsks) {
     makePet();
     saveWithoutHistory();

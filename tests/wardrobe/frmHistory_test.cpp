@@ -334,6 +334,40 @@ TEST_F(HistoryWindowTest, AFailureIsReportedAndTheFileStays) {
     EXPECT_TRUE(folder.read(simName(1)) == sim("three"));
 }
 
+TEST_F(HistoryWindowTest, FilesThatCanLieNowhereAreOfNoOtherGame) {
+    folder.write("program/History/000001 2026-01-01 12.00.00 Save/about.json",
+                 R"({"version":1,"command":"Save","files":[{"path":"..\\user1.iff","after":null,)"
+                 R"("before":{"size":0,"sha256":")" +
+                     std::string(64, '0') + R"("}}]})");
+    show([](QWidget& window) {
+        ASSERT_EQ(list(window, "lstEntries")->count(), 2);
+        list(window, "lstEntries")->setCurrentRow(1);
+        EXPECT_FALSE(find<QPushButton>(window, "cmdRestore")->isEnabled());
+        EXPECT_EQ(state(window), "No sim, archive or ensemble can lie where these files lay.");
+    });
+}
+
+// The lists shrink when a text of several lines comes up below them.
+TEST_F(HistoryWindowTest, TheChosenLineStaysInSight) {
+    folder.write(simName(1), sim("0"));
+    for (int save = 1; save <= 12; ++save) {
+        run("Save", "Mara Quill", {{simPath(1), sim(std::to_string(save))}});
+    }
+    std::filesystem::create_directories(folder.root() / "second");
+    SimsPath = folder.path("second");
+    show([](QWidget& window) {
+        QListWidget* entries = list(window, "lstEntries");
+        entries->setFocus();
+        QTest::keyClick(entries, Qt::Key_Down);
+        QTest::keyClick(entries, Qt::Key_End);
+        QApplication::processEvents();
+        ASSERT_EQ(entries->currentRow(), 12);
+        const QRect line = entries->visualItemRect(entries->currentItem());
+        EXPECT_TRUE(entries->viewport()->rect().contains(line))
+            << line.bottom() << " of " << entries->viewport()->height();
+    });
+}
+
 TEST_F(HistoryWindowTest, TheBoundsAreSetHere) {
     show([](QWidget& window) {
         EXPECT_EQ(find<QSpinBox>(window, "spnFiles")->value(), 1024);
@@ -435,6 +469,12 @@ TEST_F(WardrobesHistoryTest, WithoutChangesARestoreAsksNothingMore) {
         EXPECT_EQ(test::textOf(window, "txtFormalBody"), "f001fafit_own");
         click(window, "cmdCancel");
     });
+}
+
+// Reading a user file that isn't there makes an empty one, which the game would find.
+TEST_F(WardrobesHistoryTest, ClosesWhenItsSimIsTakenAway) {
+    makeSim();
+    takeAway();
 }
 
 }  // namespace
