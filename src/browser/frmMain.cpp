@@ -544,7 +544,10 @@ void frmMain::cmdSelect_Click() {
         editor.BackupWanted = backupWanted();
         editor.showModal();
     }
-    showWornAnew(file);
+    // Taking a step back may have taken the sim away, and reading it would make an empty file.
+    if (page_.selectedFile() == file && files().fileExists(simPath(file))) {
+        showWornAnew(file);
+    }
 }
 
 // A save has changed the clothes. mudtIff stays: the page was read with it and isn't read anew.

@@ -111,6 +111,30 @@ TEST_F(MainHistoryTest, TheMenuKeyMeansTheChosenFaceWhenItsWardrobeHasClosed) {
     EXPECT_TRUE(script.isDone());
 }
 
+// Reading a user file that isn't there makes an empty one.
+TEST_F(MainHistoryTest, ASimThatIsTakenAwayBehindItsWardrobeStaysAway) {
+    makeSims("UserData", 2);
+    test::installGame(folder);
+    const std::string content = folder.read(simPlace(1));
+    std::filesystem::remove(folder.root() / simPlace(1));
+    save(1, content);
+    frmMain& window = showFirst();
+    clickCell(window, 0);
+    script.whenShown("frmEditSim", [this](QWidget& editor) {
+        script.whenShown("frmHistory", [](QWidget& history) {
+            click(history, "cmdRestore");
+            click(history, "cmdClose");
+        });
+        script.answer(QMessageBox::Yes);
+        script.answer();
+        click(editor, "cmdHistory");
+    });
+    click(window, "cmdSelect");
+    EXPECT_TRUE(script.isDone());
+    EXPECT_FALSE(folder.exists(simPlace(1)));
+    EXPECT_EQ(textOf(window, "txtSimName"), "User2 - Sim 2");
+}
+
 TEST_F(MainHistoryTest, AnEmptyCellHasNoMenu) {
     frmMain& window = showSims(1);
     clickCell(window, 5, Qt::RightButton);
