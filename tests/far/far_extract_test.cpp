@@ -174,5 +174,13 @@ TEST_F(FarExtractTest, TheQuietFormRaisesAndTakesNoSlot) {
     EXPECT_FALSE(streams().isOpen(slot::kExtractSource));
 }
 
+TEST_F(FarExtractTest, TheQuietFormKeepsALongerFilesTailToo) {
+    makeArchive("a.bmp", "new");
+    folder.write("program/temp/b.bmp", "old content");
+    extractFarEntry(folder.path("game\\a.far"), folder.path("program\\temp"), "b.bmp", directory,
+                    1);
+    EXPECT_EQ(folder.read("program/temp/b.bmp"), "new content");
+}
+
 }  // namespace
 }  // namespace marlowick

@@ -156,6 +156,16 @@ TEST_F(GameSearchTest, EpicsManifestsTellOfItsGames) {
     EXPECT_THAT(found(), ElementsAre(legacy("Epic", machine.at("d/Epic/TheSims"))));
 }
 
+TEST(RegisteredPathsTest, AnEmptyValueNamesNoFolder) {
+    GameSurroundings machine;
+    machine.registry = [](RegistryHive /*hive*/, RegistryView view, std::string_view /*key*/,
+                          std::string_view /*name*/) {
+        return std::optional<std::string>(view == RegistryView::Of32Bit ? "" : "C:/Sims");
+    };
+    EXPECT_EQ(registeredPaths(machine), (std::vector{Path("C:\\Sims"), Path("C:\\Sims")}));
+    EXPECT_EQ(steamFolders(machine), (std::vector{Path("C:\\Sims"), Path("C:\\Sims")}));
+}
+
 TEST_F(GameSearchTest, TheRegistryIsReadInAllItsParts) {
     onWindows();
     for (const char* part : {"HKLM32", "HKLM64", "HKCU32", "HKCU64"}) {

@@ -228,6 +228,17 @@ TEST_F(HistoryPruneTest, WhatACommandKeptBeforeItsRecordWasCutCountsAndGoes) {
 }
 
 #ifndef _WIN32
+TEST_F(HistoryPruneTest, HistoryItselfMayBeKeptOnAnotherDiskThroughALink) {
+    makeGame();
+    std::filesystem::create_directory(folder.root() / "elsewhere");
+    std::filesystem::create_directory_symlink(folder.root() / "elsewhere",
+                                              folder.program() / "History");
+    save(simPath(1), {10, 10});
+    prune({0, 0, 0});
+    EXPECT_EQ(numbers(), Numbers{2});
+    EXPECT_EQ(folders().size(), 1U);
+}
+
 // Through a link the player's own files would be deleted.
 TEST_F(HistoryPruneTest, NoLinkIsFollowed) {
     namespace fs = std::filesystem;

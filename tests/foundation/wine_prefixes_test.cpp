@@ -118,6 +118,14 @@ TEST_F(WinePrefixesTest, SteamsUserComesFirstThenTheOwnThenOthersByName) {
               onDriveC("users/player/Documents"));
 }
 
+TEST_F(WinePrefixesTest, AUserInOtherLettersIsNotAnotherOne) {
+    machine.prefix("p");
+    user("SteamUser");
+    user("Player");
+    user("zoe");
+    EXPECT_EQ(savedGames().size(), 3U);
+}
+
 TEST_F(WinePrefixesTest, WithoutAnybodyItIsTheOneWhoWillBeThere) {
     EXPECT_THAT(savedGames(), ElementsAre(onDriveC("users/player/Saved Games")));
     EXPECT_THAT(savedGames(""), ElementsAre(onDriveC("users/steamuser/Saved Games")));

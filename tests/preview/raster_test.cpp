@@ -166,6 +166,12 @@ TEST_F(RasterTest, CoordinatesBeyondTheTextureRepeatIt) {
     }
     draw({once});
     EXPECT_EQ(pixels, expected);
+    for (FigureVertex& corner : once.vertices) {
+        corner.u += 2003;
+    }
+    draw({once});
+    EXPECT_NEAR(red(25, 50), 0, 2);
+    EXPECT_NEAR(red(75, 50), kLit, 2);
     FigurePart twice = square(stripes);
     for (FigureVertex& corner : twice.vertices) {
         corner.u *= 2;

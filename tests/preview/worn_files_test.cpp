@@ -36,5 +36,21 @@ TEST_F(WornFilesTest, ReadsTheEntriesThatAnArchiveHasAndNoOthers) {
     EXPECT_EQ(errorOf([&] { files.read({archive, -1, "none"}, 5); }), 9);
 }
 
+#ifndef _WIN32
+// Two such files lie in one folder where letter case counts.
+TEST_F(WornFilesTest, OfNamesInOtherLettersTheFirstIsTaken) {
+    for (const char* name : {"body.bmp", "BODY.bmp", "bODY.bmp"}) {
+        folder.write(std::string("game/GameData/Skins/") + name, "");
+    }
+    const auto found = [this](const std::string& name) {
+        const std::optional<FilePlace> place = files.find({name});
+        return place ? place->file.fileName() : "none";
+    };
+    EXPECT_EQ(found("Body.bmp"), "BODY.bmp");
+    EXPECT_EQ(found("bODY.bmp"), "bODY.bmp");
+    EXPECT_EQ(found("head.bmp"), "none");
+}
+#endif
+
 }  // namespace
 }  // namespace marlowick

@@ -121,5 +121,15 @@ TEST_F(KeptFilesTest, WhatIsLargerThanAllIsNotKept) {
     EXPECT_EQ(kept.bytes(), 10U);
 }
 
+TEST_F(KeptFilesTest, WhatJustFitsIsKept) {
+    folder.write("game/a", "one");
+    folder.write("game/b", "two");
+    get("b");
+    get("a", "content", 35);
+    get("a", "content", 35);
+    EXPECT_EQ(made, 2);
+    EXPECT_EQ(kept.bytes(), 35U);
+}
+
 }  // namespace
 }  // namespace marlowick
