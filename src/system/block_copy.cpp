@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
-#include <string>
+#include <string_view>
 
 #include "system/runtime_error.h"
 
@@ -14,16 +14,16 @@ std::int64_t copyBlocks(File& source, File& target, std::int64_t size,
     if (size < 0) {
         throw RuntimeError(error::kInvalidArgument);
     }
-    std::string block;
+    const auto most = static_cast<std::size_t>(std::min(size, std::int64_t{kCopyBlock}));
+    const auto block = std::make_unique_for_overwrite<char[]>(most);
     std::int64_t copied = 0;
     while (copied < size) {
-        const std::int64_t wanted = std::min<std::int64_t>(size - copied, kBlock);
-        block.resize(static_cast<std::size_t>(wanted));
-        const std::size_t count = source.read(block.data(), block.size());
+        const std::int64_t wanted = std::min(size - copied, std::int64_t{kCopyBlock});
+        const std::size_t count = source.read(block.get(), static_cast<std::size_t>(wanted));
         if (count == 0) {
             break;
         }
-        target.write(std::string_view(block).substr(0, count));
+        target.write({block.get(), count});
         copied += static_cast<std::int64_t>(count);
         if (afterBlock) {
             afterBlock();

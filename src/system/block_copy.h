@@ -1,4 +1,4 @@
-// Moving data from one open file to another. It goes through memory in blocks of one size,
+// Moving data from one open file to another. It goes through memory in blocks of bounded size,
 // however much it is.
 #pragma once
 
@@ -10,8 +10,11 @@
 
 namespace marlowick {
 
-// Bytes that are in memory at a time where data passes through it.
+// Bytes that are in memory at a time where data is looked at on its way, or made.
 inline constexpr std::size_t kBlock = 32768;
+// The same where it is moved as it is: so many that calls of the system don't show, and so few that
+// they stay in the processor's own memory between the reading and the writing.
+inline constexpr std::size_t kCopyBlock = 1 << 18;
 
 // Copies size bytes from the position of source to the position of target, and runs afterBlock
 // behind each block; stops early at the end of source. Gives the number of bytes copied. A size

@@ -42,7 +42,8 @@ class FarExtractTest : public ::testing::Test {
 };
 
 TEST_F(FarExtractTest, CopiesEntriesOfEverySizeAroundTheBlock) {
-    for (const std::size_t size : {0U, 1U, 32767U, 32768U, 32769U, 65536U, 70000U}) {
+    for (const std::size_t size :
+         {0U, 1U, 32767U, 32768U, 32769U, 65536U, 70000U, 262143U, 262144U, 262145U, 524289U}) {
         directory = {};
         const std::string data = pattern(size);
         makeArchive("entry" + std::to_string(size) + ".bmp", data);

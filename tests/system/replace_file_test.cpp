@@ -12,7 +12,7 @@ namespace marlowick {
 namespace {
 
 const std::string kOld(70000, 'o');
-const std::string kNew(100000, 'n');
+const std::string kNew(1000000, 'n');  // more than a block of the copying
 
 class ReplaceFileTest : public ::testing::Test {
   protected:
