@@ -2,6 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstring>
+#include <filesystem>
 
 #include "bench/archive_file.h"
 #include "bench/plain_disk.h"
@@ -84,16 +85,24 @@ class ExtractIntoEmpty : public Extraction {
     void prepare() override { anotherFolder(); }
 };
 
-// Two plain copies, the second flushed, beside what proves the second and keeps the old one: both
-// read in pieces, and a third copy, flushed.
+// Two plain copies into new files, the second flushed, beside what proves the second and keeps the
+// old one: both read in pieces, and a third copy, flushed.
 class SaveArchive : public Case {
   public:
     explicit SaveArchive(int mebibytes) : size_(static_cast<std::size_t>(mebibytes) << 20U) {
         folder_.makeFolder("temp");
+        folder_.makeFolder("game/gamedata/textures");
         ProgramFolder = folder_.path("");
+        SimsPath = folder_.path("game");
         plainWrite(file_, archiveOf(mebibytes, 1 << 20));
         edit_.mstrFarFile = path_;
         gsReadFARdir(edit_.mudtFarDir, path_);
+    }
+    // What the last run has kept goes, so that no run prunes.
+    void prepare() override {
+        for (const char* name : {"first", "kept", "second", "History"}) {
+            std::filesystem::remove_all(folder_.of(name));
+        }
     }
     void floor() override {
         constexpr std::size_t kMebibyte = std::size_t{1} << 20U;
@@ -105,16 +114,15 @@ class SaveArchive : public Case {
     }
     void routine() override {
         History history(historyPlaces());
-        HistoryCommand command(history, "Save archive", "",
-                               [](const KeepResult& /*result*/) { return true; });
+        HistoryCommand command(history, "Save archive", "", {});
         saveArchive(edit_, path_, command, {[](int, int) {}, {}});
     }
 
   private:
     std::size_t size_;
     BenchFolder folder_;
-    std::string file_ = folder_.of("bench.far");
-    Path path_ = folder_.path("bench.far");
+    std::string file_ = folder_.of("game/gamedata/textures/bench.far");
+    Path path_ = folder_.path("game\\gamedata\\textures\\bench.far");
     FarEdit edit_;
 };
 

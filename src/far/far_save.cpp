@@ -169,7 +169,7 @@ bool saveArchive(FarEdit& edit, const Path& target, HistoryCommand& history,
         return history.keepOrAsk(target, stateOfFile(beside, progress.block), changesInWords(edit),
                                  progress.block);
     };
-    if (!replaceFile(temporary, target, ReadOnlyTarget::Replace, progress.block, look)) {
+    if (!replaceFileBy(temporary, target, ReadOnlyTarget::Replace, progress.block, look)) {
         return false;
     }
     becomeArchive(edit, target, std::move(written));

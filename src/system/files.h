@@ -86,6 +86,10 @@ class FileSystem {
     // Gives source the name of target in one step, replacing what stands there, also if that is
     // read-only. Both lie in one folder. The name is on the disk itself when the call returns.
     virtual void rename(const Path& source, const Path& target) = 0;
+    // Gives source a name in another folder, where nothing stands under it, if the system can do
+    // that in one step without touching the content. False, with nothing changed, if it can't: the
+    // folders lie on two disks, or somebody holds the file. The name needn't be on the disk itself.
+    virtual bool moveInOneStep(const Path& /*source*/, const Path& /*target*/) { return false; }
     // True if a file can be made in the folder.
     virtual bool canWriteInto(const Path& folder) = 0;
 };

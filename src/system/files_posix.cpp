@@ -421,6 +421,15 @@ class PosixFileSystem : public FileSystem {
         }
     }
 
+    bool moveInOneStep(const Path& source, const Path& target) override {
+        const std::string to = resolve(target);
+        if (std::rename(resolve(source).c_str(), to.c_str()) != 0) {
+            return false;
+        }
+        folderNames().added(to);
+        return true;
+    }
+
     bool canWriteInto(const Path& folder) override {
         return ::access(resolve(folder).c_str(), W_OK | X_OK) == 0;
     }

@@ -560,6 +560,11 @@ class WindowsFileSystem : public FileSystem {
         throw RuntimeError(error::kPermissionDenied);
     }
 
+    bool moveInOneStep(const Path& source, const Path& target) override {
+        // Without the mark that allows a copy.
+        return ::MoveFileExW(nativePath(source).c_str(), nativePath(target).c_str(), 0) != 0;
+    }
+
     bool canWriteInto(const Path& folder) override {
         const std::wstring native = fullPath(folder);
         if (native.empty()) {

@@ -28,6 +28,14 @@ bool replaceFile(const Path& source, const Path& target, ReadOnlyTarget readOnly
                  const std::function<void()>& afterBlock = {},
                  const BeforeRename& beforeRename = {});
 
+// The same with a source that nobody needs afterwards. Where the system can move it beside the
+// target in one step, it isn't copied: the source itself takes the target's name and is gone. If
+// that fails, or isn't wanted, it lies where it lay. A target that doesn't exist yet gets a copy,
+// which has the rights of its folder.
+bool replaceFileBy(const Path& source, const Path& target, ReadOnlyTarget readOnly,
+                   const std::function<void()>& afterBlock = {},
+                   const BeforeRename& beforeRename = {});
+
 // The same with content from memory.
 bool replaceFileContent(const Path& target, std::string_view content, ReadOnlyTarget readOnly,
                         const BeforeRename& beforeRename = {});

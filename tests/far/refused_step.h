@@ -14,8 +14,14 @@ class RefusedStep : public FaultyFiles {
     explicit RefusedStep(Step step) : FaultyFiles(0, Fault::Fail), step_(step) {}
 
     std::unique_ptr<File> open(const Path& path, OpenMode mode) override {
-        refuseIf(step_ == ReadingBack && mode == OpenMode::Binary);
+        const bool isTarget = !path.fileName().ends_with(kNewFileEnding);
+        refuseIf(step_ == ReadingBack && mode == OpenMode::Binary && isTarget);
         return FaultyFiles::open(path, mode);
+    }
+    // As if the temporary file lay on another disk: else it takes the archive's name, and there is
+    // none to remove.
+    bool moveInOneStep(const Path& source, const Path& target) override {
+        return step_ != RemovingTheTemporaryFile && FaultyFiles::moveInOneStep(source, target);
     }
     void remove(const Path& path) override {
         refuseIf(step_ == RemovingTheTemporaryFile && path.fileName() == "tempfile.far");

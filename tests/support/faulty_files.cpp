@@ -166,4 +166,9 @@ void FaultyFiles::rename(const Path& source, const Path& target) {
     under_->rename(source, target);
 }
 
+bool FaultyFiles::moveInOneStep(const Path& source, const Path& target) {
+    change(Operation::Rename);
+    return under_->moveInOneStep(source, target);
+}
+
 }  // namespace marlowick::test

@@ -74,6 +74,7 @@ class FaultyFiles : public FileSystem {
     Path followLinks(const Path& path) override { return under_->followLinks(path); }
     Path asOnDisk(const Path& path) override { return under_->asOnDisk(path); }
     void rename(const Path& source, const Path& target) override;
+    bool moveInOneStep(const Path& source, const Path& target) override;
     bool canWriteInto(const Path& folder) override { return under_->canWriteInto(folder); }
 
   private:

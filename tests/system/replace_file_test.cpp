@@ -12,7 +12,7 @@ namespace marlowick {
 namespace {
 
 const std::string kOld(70000, 'o');
-const std::string kNew(1000000, 'n');  // more than a block of the copying
+const std::string kNew(1000000, 'n');  // more than a block
 
 class ReplaceFileTest : public ::testing::Test {
   protected:
@@ -141,6 +141,89 @@ TEST_F(ReplaceFileTest, ANewFileThatIsNotWantedGoes) {
     }
     EXPECT_EQ(folder.read("game/user1.iff"), kOld);
     EXPECT_EQ(filesInGame(), 1U);
+}
+
+// The program's own file, which nobody needs once the target has its content.
+class ReplaceFileByTest : public ReplaceFileTest {
+  protected:
+    bool replaceBy(const BeforeRename& look = {}) {
+        return replaceFileBy(
+            folder.path("program\\usertemp.iff"), folder.path("game\\user1.iff"),
+            ReadOnlyTarget::Refuse, [this] { ++blocks; }, look);
+    }
+    bool isSourceThere() const { return folder.exists("program/usertemp.iff"); }
+
+    int blocks = 0;
+};
+
+TEST_F(ReplaceFileByTest, MovesTheSourceWithoutACopy) {
+    EXPECT_TRUE(replaceBy([&](const Path& beside) {
+        EXPECT_FALSE(isSourceThere());
+        EXPECT_EQ(readWholeFile(beside), kNew);
+        EXPECT_EQ(folder.read("game/user1.iff"), kOld);
+        return true;
+    }));
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+    EXPECT_FALSE(isSourceThere());
+    EXPECT_EQ(filesInGame(), 1U);
+    EXPECT_EQ(blocks, 0);
+}
+
+TEST_F(ReplaceFileByTest, PutsASourceBackThatIsNotWanted) {
+    EXPECT_FALSE(replaceBy([](const Path&) { return false; }));
+    EXPECT_EQ(folder.read("game/user1.iff"), kOld);
+    EXPECT_EQ(folder.read("program/usertemp.iff"), kNew);
+    EXPECT_EQ(filesInGame(), 1U);
+}
+
+// The rights of a new file are those that its folder gives.
+TEST_F(ReplaceFileByTest, CopiesWhereThereIsNoTargetYet) {
+    std::filesystem::remove(folder.game() / "user1.iff");
+    EXPECT_TRUE(replaceBy());
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+    EXPECT_TRUE(isSourceThere());
+    EXPECT_GT(blocks, 1);
+}
+
+// A disk from which nothing can be moved to another.
+class TwoDisks : public test::FaultyFiles {
+  public:
+    TwoDisks() : FaultyFiles(0, Fault::Fail) {}
+    bool moveInOneStep(const Path& /*source*/, const Path& /*target*/) override { return false; }
+};
+
+TEST_F(ReplaceFileByTest, CopiesFromAnotherDisk) {
+    const TwoDisks disks;
+    EXPECT_TRUE(replaceBy());
+    EXPECT_EQ(folder.read("game/user1.iff"), kNew);
+    EXPECT_TRUE(isSourceThere());
+    EXPECT_EQ(filesInGame(), 1U);
+    EXPECT_GT(blocks, 1);
+}
+
+TEST_F(ReplaceFileByTest, NoFailureLosesEitherFile) {
+    int changes = 0;
+    {
+        const test::FaultyFiles counting(0, test::FaultyFiles::Fault::Fail);
+        replaceBy();
+        changes = counting.changes();
+    }
+    ASSERT_GE(changes, 4);
+    for (const auto fault : {test::FaultyFiles::Fault::Fail, test::FaultyFiles::Fault::Stop}) {
+        for (int failAt = 1; failAt <= changes; ++failAt) {
+            folder.write("game/user1.iff", kOld);
+            folder.write("program/usertemp.iff", kNew);
+            {
+                const test::FaultyFiles faulty(failAt, fault);
+                EXPECT_THROW(replaceBy(), RuntimeError) << failAt;
+            }
+            EXPECT_EQ(folder.read("game/user1.iff"), kOld) << failAt;
+            if (fault == test::FaultyFiles::Fault::Fail) {
+                EXPECT_EQ(folder.read("program/usertemp.iff"), kNew) << failAt;
+                EXPECT_EQ(filesInGame(), 1U) << failAt;
+            }
+        }
+    }
 }
 
 // At every step of the work, whether it fails once or the machine stops there, the target is the
