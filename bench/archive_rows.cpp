@@ -43,15 +43,18 @@ class Extraction : public Case {
         gsReadFARdir(directory_, path_);
     }
     void floor() override {
+        const PlainSource archive(file_);
         for (int number = 1; number <= count_; ++number) {
             const auto size = static_cast<std::size_t>(size_);
-            plainCopy(file_, 16 + static_cast<std::size_t>(number - 1) * size, size,
-                      output_ + "/" + entryName(number), std::size_t{1} << 20U);
+            archive.copyTo(output_ + "/" + entryName(number),
+                           16 + static_cast<std::size_t>(number - 1) * size, size,
+                           std::size_t{1} << 20U);
         }
     }
     void routine() override {
+        FarExtraction extraction(path_, Path(output_));
         for (int number = 1; number <= count_; ++number) {
-            gsExtractFile(path_, Path(output_), directory_, number);
+            extraction.extract(directory_, number);
         }
     }
 

@@ -67,21 +67,30 @@ void plainWrite(const std::string& path, std::string_view content) {
     ::close(handle);
 }
 
-void plainCopy(const std::string& source, std::size_t position, std::size_t size,
-               const std::string& target, std::size_t block, bool flush) {
-    const int from = opened(source, O_RDONLY);
+PlainSource::PlainSource(const std::string& path) : path_(path), handle_(opened(path, O_RDONLY)) {}
+
+PlainSource::~PlainSource() {
+    ::close(handle_);
+}
+
+void PlainSource::copyTo(const std::string& target, std::size_t position, std::size_t size,
+                         std::size_t block, bool flush) const {
     const int to = opened(target, O_WRONLY | O_CREAT);
-    check(::lseek(from, static_cast<off_t>(position), SEEK_SET) >= 0, source);
+    check(::lseek(handle_, static_cast<off_t>(position), SEEK_SET) >= 0, path_);
     const auto buffer = std::make_unique_for_overwrite<char[]>(std::min(block, size));
     while (size > 0) {
-        const ssize_t count = ::read(from, buffer.get(), std::min(block, size));
-        check(count > 0, source);
+        const ssize_t count = ::read(handle_, buffer.get(), std::min(block, size));
+        check(count > 0, path_);
         writeAll(to, {buffer.get(), static_cast<std::size_t>(count)}, target);
         size -= static_cast<std::size_t>(count);
     }
     check(!flush || ::fsync(to) == 0, target);
     ::close(to);
-    ::close(from);
+}
+
+void plainCopy(const std::string& source, std::size_t position, std::size_t size,
+               const std::string& target, std::size_t block, bool flush) {
+    PlainSource(source).copyTo(target, position, size, block, flush);
 }
 
 void plainReadThrough(const std::string& path, std::size_t block) {

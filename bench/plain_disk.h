@@ -36,8 +36,25 @@ struct Buffer {
 Buffer plainRead(const std::string& path);
 // In one call, over what stands there.
 void plainWrite(const std::string& path, std::string_view content);
-// In blocks, from a position of one file over another, which isn't cut first: that would make the
-// file system send what it holds to the disk.
+// A file that stays open while pieces of it are copied.
+class PlainSource {
+  public:
+    explicit PlainSource(const std::string& path);
+    ~PlainSource();
+    PlainSource(const PlainSource&) = delete;
+    PlainSource& operator=(const PlainSource&) = delete;
+
+    // In blocks, from a position over another file, which isn't cut first: that would make the file
+    // system send what it holds to the disk.
+    void copyTo(const std::string& target, std::size_t position, std::size_t size,
+                std::size_t block, bool flush = false) const;
+
+  private:
+    std::string path_;
+    int handle_;
+};
+
+// The same, with a source that is opened for it.
 void plainCopy(const std::string& source, std::size_t position, std::size_t size,
                const std::string& target, std::size_t block, bool flush = false);
 

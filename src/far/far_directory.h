@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "foundation/four_bytes.h"
 #include "foundation/list.h"
+#include "system/held_folder.h"
 #include "system/path.h"
 
 namespace marlowick {
@@ -49,6 +51,29 @@ bool gsExtractFile(const Path& archive, const Path& folder, const FarDirectory& 
                    int number);
 bool gsExtractFileEx(const Path& archive, const Path& folder, std::string_view outputName,
                      const FarDirectory& directory, int number);
+
+// A command that extracts many entries of one archive into one folder, one call an entry: the
+// archive is opened once and the folder asked once whether it is a template. What the archive's
+// file holds is read in each call. Between the calls the source's stream slot is taken.
+class FarExtraction {
+  public:
+    FarExtraction(const Path& archive, const Path& folder);
+    ~FarExtraction();
+    FarExtraction(const FarExtraction&) = delete;
+    FarExtraction& operator=(const FarExtraction&) = delete;
+
+    // As gsExtractFile, also in how it fails.
+    bool extract(const FarDirectory& directory, int number);
+
+  private:
+    void refuseTemplates(const Path& output, const std::string& name);
+
+    Path archive_;
+    Path folder_;
+    HeldFolder held_;
+    bool isOpen_ = false;             // the source, in its slot
+    std::optional<bool> isTemplate_;  // the folder; nothing before the first entry
+};
 
 // The same work without a trap: a failure is raised, and no stream stays open. For the quiet
 // search of a skin's image.

@@ -16,7 +16,6 @@
 #include "system/disk.h"
 #include "system/files.h"
 #include "system/game_text.h"
-#include "system/held_folder.h"
 #include "ui_frmManageFARs.h"
 #include "widgets/display_text.h"
 #include "widgets/history_messages.h"
@@ -414,7 +413,7 @@ void frmManageFARs::cmdNext_Click() {
     }
 }
 
-void frmManageFARs::extractRow(const FarRow& row) {
+void frmManageFARs::extractRow(const FarRow& row, FarExtraction& extraction) {
     const std::string name = gfstrFileNameOfPath(row.Text);
     const Path& folder = ui->dirFiles->path();
     if (isFileName(name) && files().fileExists(folder.child(name))) {
@@ -426,12 +425,12 @@ void frmManageFARs::extractRow(const FarRow& row) {
             return;
         }
     }
-    gsExtractFile(mudtEdit.mstrFarFile, folder, mudtEdit.mudtFarDir, row.Number);
+    extraction.extract(mudtEdit.mudtFarDir, row.Number);
 }
 
 void frmManageFARs::extractRows(const std::vector<int>& selected) {
     const InputGuard guard;
-    const HeldFolder held(ui->dirFiles->path());
+    FarExtraction extraction(mudtEdit.mstrFarFile, ui->dirFiles->path());
     const auto total = static_cast<int>(selected.size());
     const auto extract = [&] {
         int processed = 0;
@@ -439,7 +438,7 @@ void frmManageFARs::extractRows(const std::vector<int>& selected) {
             showProgress(processed++, total);
             const FarRow& row = mudtEdit.Rows[index];
             if (row.Number > 0) {
-                extractRow(row);
+                extractRow(row, extraction);
             }
         }
     };

@@ -74,7 +74,7 @@ class frmManageFARs : public ModalForm {
     void hideProgress();
     void paintNowAndThen();
     void extractRows(const std::vector<int>& selected);
-    void extractRow(const FarRow& row);
+    void extractRow(const FarRow& row, FarExtraction& extraction);
     void fillDiskSide();
 
     std::unique_ptr<Ui::frmManageFARs> ui;

@@ -79,6 +79,8 @@ class FileSystem {
     virtual void copyAttributes(const Path& source, const Path& target) = 0;
     // The path with links followed, so that a linked file is replaced where it lies.
     virtual Path followLinks(const Path& path) = 0;
+    // True if a link stands there, wherever it leads; true too of a system that can't tell.
+    virtual bool isLink(const Path& /*path*/) { return true; }
     // The path with each name in the letters in which it stands on the disk; a name that isn't
     // there stays as it is written, and so do those behind it. Where nobody minds letter case, the
     // path itself.

@@ -400,6 +400,17 @@ class PosixFileSystem : public FileSystem {
         return Path(text);
     }
 
+    bool isLink(const Path& path) override {
+        const std::string native = nativeText(path);
+        struct stat status {};
+        if (::lstat(native.c_str(), &status) == 0) {
+            return S_ISLNK(status.st_mode);
+        }
+        const Resolved found = resolveFromEnd(native);
+        return found.isThere && ::lstat(found.native.c_str(), &status) == 0 &&
+               S_ISLNK(status.st_mode);
+    }
+
     Path asOnDisk(const Path& path) override {
         std::string text = named(nativeText(path), spelledName);
         std::replace(text.begin(), text.end(), '/', '\\');

@@ -516,6 +516,12 @@ class WindowsFileSystem : public FileSystem {
         }
     }
 
+    bool isLink(const Path& path) override {
+        const DWORD attributes = ::GetFileAttributesW(fullPath(path).c_str());
+        return attributes != INVALID_FILE_ATTRIBUTES &&
+               (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    }
+
     Path followLinks(const Path& path) override {
         const std::wstring native = fullPath(path);
         const DWORD attributes = ::GetFileAttributesW(native.c_str());

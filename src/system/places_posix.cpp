@@ -6,6 +6,7 @@
 #include <array>
 #include <climits>
 #include <memory>
+#include <utility>
 
 #include "system/files.h"
 #include "system/folder_order.h"
@@ -52,10 +53,13 @@ std::optional<std::string> targetOf(const std::string& link) {
 std::optional<Path> placeOf(const Path& path) {
     const std::string& text = path.text();
     const bool isFull = text.starts_with('\\') || text.starts_with('/');
-    if (!isFull || text.find('\0') != std::string::npos || !statusOf(path)) {
+    if (!isFull || text.find('\0') != std::string::npos) {
         return std::nullopt;
     }
-    return files().followLinks(path);
+    Path place = files().followLinks(path);
+    struct stat status {};
+    return ::stat(nativeText(place.text()).c_str(), &status) == 0 ? std::optional(std::move(place))
+                                                                  : std::nullopt;
 }
 
 bool isSamePlace(const Path& left, const Path& right) {

@@ -165,6 +165,95 @@ TEST_F(FarExtractTest, NothingGoesIntoTheTemplatesOfALegacyGame) {
     EXPECT_EQ(folder.read("game/GameData/User00001.iff"), "data");
 }
 
+// A command over many entries does each as if it were alone.
+TEST_F(FarExtractTest, ACommandExtractsEntryAfterEntry) {
+    makeArchive("folder\\a.bmp", "first");
+    makeArchive("b.bmp", "other");
+    folder.write("program/temp/B.BMP", "longer than that");
+    {
+        FarExtraction extraction(folder.path("game\\a.far"), folder.path("program\\temp"));
+        EXPECT_TRUE(extraction.extract(directory, 2));
+        EXPECT_TRUE(extraction.extract(directory, 1));
+        EXPECT_TRUE(streams().isOpen(slot::kExtractSource));
+        EXPECT_FALSE(streams().isOpen(slot::kExtractOutput));
+    }
+    EXPECT_FALSE(streams().isOpen(slot::kExtractSource));
+    EXPECT_EQ(folder.read("program/temp/B.BMP"), "otherr than that");
+    // The archive's file holds the content of the last one that was made.
+    EXPECT_EQ(folder.read("program/temp/a.bmp"), "other");
+}
+
+#ifndef _WIN32
+// Never a piece of the file that it was before. On Windows nobody can write into it meanwhile.
+TEST_F(FarExtractTest, ACommandReadsWhatTheArchiveHoldsByNow) {
+    makeArchive("a.bmp", "first");
+    FarExtraction extraction(folder.path("game\\a.far"), folder.path("program\\temp"));
+    EXPECT_TRUE(extraction.extract(directory, 1));
+    EXPECT_EQ(folder.read("program/temp/a.bmp"), "first");
+    folder.write("game/a.far", folder.read("game/a.far").replace(20, 5, "later"));
+    EXPECT_TRUE(extraction.extract(directory, 1));
+    EXPECT_EQ(folder.read("program/temp/a.bmp"), "later");
+}
+#endif
+
+TEST_F(FarExtractTest, AfterAFailureInACommandBothSlotsStayTaken) {
+    makeArchive("a.bmp", "data");
+    FarEntry bad = directory.Entries[1];
+    bad.FileOffset = little32(0x80000000);
+    directory.Entries.append(bad);
+    {
+        FarExtraction extraction(folder.path("game\\a.far"), folder.path("program\\temp"));
+        EXPECT_TRUE(extraction.extract(directory, 1));
+        EXPECT_FALSE(extraction.extract(directory, 2));
+        EXPECT_FALSE(extraction.extract(directory, 1));
+    }
+    ASSERT_EQ(recorder.reports().size(), 2U);
+    EXPECT_EQ(recorder.reports()[0].number, 63);
+    EXPECT_EQ(recorder.reports()[0].module, "modFARsupport");
+    EXPECT_EQ(recorder.reports()[0].procedure, "gsExtractFile");
+    EXPECT_EQ(recorder.reports()[1].number, 55);
+    EXPECT_TRUE(streams().isOpen(slot::kExtractSource));
+    EXPECT_TRUE(streams().isOpen(slot::kExtractOutput));
+}
+
+TEST_F(FarExtractTest, ACommandPutsNothingIntoTheTemplatesOfALegacyGame) {
+    makeArchive("User00001.iff", "data");
+    makeArchive("UserData.bmp", "data");
+    makeArchive("other.bmp", "data");
+    folder.write("game/Sims.exe", "MZ");
+    folder.write("game/eadpsdk.json", "{}");
+    folder.write("game/UserData/Characters/User00001.iff", "template");
+    const auto extractInto = [this](const char* place, int number) {
+        FarExtraction extraction(folder.path("game\\a.far"), folder.path(place));
+        return extraction.extract(directory, number);
+    };
+    EXPECT_FALSE(extractInto("game\\UserData\\Characters", 1));
+    EXPECT_FALSE(extractInto("game\\UserData\\Characters", 3));
+    EXPECT_FALSE(extractInto("game", 2));
+    EXPECT_EQ(recorder.reports().size(), 3U);
+    EXPECT_EQ(recorder.reports().back().number, 75);
+    EXPECT_EQ(folder.read("game/UserData/Characters/User00001.iff"), "template");
+    EXPECT_FALSE(folder.exists("game/UserData/Characters/other.bmp"));
+    EXPECT_FALSE(folder.exists("game/UserData.bmp"));
+    EXPECT_TRUE(extractInto("program\\temp", 1));
+}
+
+#ifndef _WIN32
+TEST_F(FarExtractTest, ACommandFollowsNoLinkIntoATemplate) {
+    makeArchive("a.bmp", "data");
+    folder.write("game/Sims.exe", "MZ");
+    folder.write("game/eadpsdk.json", "{}");
+    folder.write("game/UserData/a.bmp", "template");
+    std::filesystem::create_symlink(folder.game() / "UserData/a.bmp",
+                                    folder.program() / "temp/A.bmp");
+    FarExtraction extraction(folder.path("game\\a.far"), folder.path("program\\temp"));
+    EXPECT_FALSE(extraction.extract(directory, 1));
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0].number, 75);
+    EXPECT_EQ(folder.read("game/UserData/a.bmp"), "template");
+}
+#endif
+
 TEST_F(FarExtractTest, TheQuietFormRaisesAndTakesNoSlot) {
     makeArchive("a.bmp", "data");
     directory.Entries[1].FileOffset = little32(0x80000000);

@@ -72,6 +72,7 @@ class FaultyFiles : public FileSystem {
     void clearAttributes(const Path& path) override;
     void copyAttributes(const Path& source, const Path& target) override;
     Path followLinks(const Path& path) override { return under_->followLinks(path); }
+    bool isLink(const Path& path) override { return under_->isLink(path); }
     Path asOnDisk(const Path& path) override { return under_->asOnDisk(path); }
     void rename(const Path& source, const Path& target) override;
     bool moveInOneStep(const Path& source, const Path& target) override;
