@@ -9,8 +9,8 @@
 #include <string>
 
 #include "preview/figure.h"
-#include "system/kept_files.h"
 #include "preview/worn.h"
+#include "system/kept_files.h"
 #include "system/path.h"
 
 namespace marlowick {
