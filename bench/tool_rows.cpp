@@ -14,6 +14,7 @@
 #include "foundation/history_places.h"
 #include "iff/string_segment.h"
 #include "system/files.h"
+#include "system/one_command.h"
 
 namespace marlowick::bench {
 namespace {
@@ -102,6 +103,7 @@ class SortOut : public Neighbourhood {
   public:
     using Neighbourhood::Neighbourhood;
     void routine() override {
+        const OneCommand command;
         List<std::string> good;
         List<BadFile> bad;
         const List<std::string> found = findSimFiles("UserData");
@@ -115,7 +117,10 @@ class SortOut : public Neighbourhood {
 class ExportSkins : public Neighbourhood {
   public:
     using Neighbourhood::Neighbourhood;
-    void routine() override { exportSkinNames(walk()); }
+    void routine() override {
+        const OneCommand command;
+        exportSkinNames(walk());
+    }
 };
 
 // Every file is rewritten: the old one copied and flushed, the new one written beside it, flushed,
@@ -139,6 +144,7 @@ class Repair : public Neighbourhood {
         }
     }
     void routine() override {
+        const OneCommand running;
         History history(historyPlaces());
         HistoryCommand command(history, "Repair", "", {});
         RepairWork work{command, [](const Path& /*file*/) { return true; }};

@@ -126,7 +126,7 @@ std::unique_ptr<File> MemoryFiles::open(const Path& path, OpenMode mode) {
         }
         put(path, "");
         node = find(path);
-    } else if (mode == OpenMode::Output) {
+    } else if (mode == OpenMode::Output || mode == OpenMode::Rewrite) {
         node->content->clear();
     }
     return std::make_unique<MemoryFile>(node->content, mode != OpenMode::Input);

@@ -4,6 +4,7 @@
 
 #include "browser/neighbourhoods.h"
 #include "catalogue/names.h"
+#include "foundation/error_trap.h"
 #include "foundation/open_game.h"
 #include "iff/proven_rewrite.h"
 #include "iff/safe_rewrite.h"
@@ -40,9 +41,14 @@ struct ReadSim {
     const std::string& bytes;
 };
 
+// Whether work is shown the bytes of each file.
+enum class Bytes { Kept, Dropped };
+
 // Goes through the sims that can be read; ends early, with false, when work gives false.
-bool forEachSim(const SimWalk& walk, const std::function<bool(const ReadSim& sim)>& work) {
+bool forEachSim(const SimWalk& walk, Bytes wanted,
+                const std::function<bool(const ReadSim& sim)>& work) {
     std::string bytes;
+    std::string* const read = wanted == Bytes::Kept ? &bytes : nullptr;
     const Path folder = charactersFolder(walk.userDataDir);
     for (int i = 1; i <= walk.simFiles.bound(); ++i) {
         const std::string& name = walk.simFiles[i];
@@ -50,7 +56,7 @@ bool forEachSim(const SimWalk& walk, const std::function<bool(const ReadSim& sim
         if (isFileName(name)) {
             const Path file = folder.child(name);
             gsResetIFF(walk.iff);
-            if (gfstrQuickReadIFF(walk.iff, file, &bytes).empty() && !work({name, file, bytes})) {
+            if (gfstrQuickReadIFF(walk.iff, file, read).empty() && !work({name, file, bytes})) {
                 return false;
             }
         }
@@ -83,7 +89,7 @@ bool rewrite(const SimWalk& walk, const ReadSim& sim, const StrSegment& strings,
 // Rewrites each file that change, which works on its rows, gives true for.
 bool repair(const SimWalk& walk, RepairWork& work, bool (*change)(StrSegment& strings)) {
     StrSegment strings;
-    return forEachSim(walk, [&](const ReadSim& sim) {
+    return forEachSim(walk, Bytes::Kept, [&](const ReadSim& sim) {
         // A table that was read only in part must not be written.
         if (!readWardrobeTable(walk.iff, strings)) {
             return false;
@@ -95,6 +101,19 @@ bool repair(const SimWalk& walk, RepairWork& work, bool (*change)(StrSegment& st
         return rewrite(walk, sim, strings, work);
     });
 }
+
+// A list of skins, which goes to the disk in one piece.
+class SkinList {
+  public:
+    explicit SkinList(const Path& path) : file_(files().open(path, OpenMode::Rewrite)) {}
+
+    void add(const std::string& line) { lines_ += line + "\r\n"; }
+    void write() { file_->write(lines_); }
+
+  private:
+    std::unique_ptr<File> file_;
+    std::string lines_;
+};
 
 bool isChild(const StrSegment& strings) {
     return strings.Entries[row::kAge].Text == "child";
@@ -150,19 +169,27 @@ Path bodySkinsFile() {
 void exportSkinNames(const SimWalk& walk) {
     refuseTemplate(headSkinsFile());
     refuseTemplate(bodySkinsFile());
-    const std::unique_ptr<File> heads = files().open(headSkinsFile(), OpenMode::Output);
-    const std::unique_ptr<File> bodies = files().open(bodySkinsFile(), OpenMode::Output);
-    StrSegment strings;
-    std::string simName;
-    forEachSim(walk, [&](const ReadSim& sim) {
-        // A file without a name keeps that of the file before it.
-        simName = lastCatalogueName(walk.iff).value_or(simName);
-        readWardrobeTable(walk.iff, strings);
-        const std::string start = sim.name + ";" + simName + ";";
-        bodies->write(start + skinOfRow(strings.Entries[row::kNormal].Text) + "\r\n");
-        heads->write(start + skinOfRow(strings.Entries[row::kHead].Text) + "\r\n");
-        return true;
-    });
+    SkinList heads(headSkinsFile());
+    SkinList bodies(bodySkinsFile());
+    try {
+        StrSegment strings;
+        std::string simName;
+        forEachSim(walk, Bytes::Dropped, [&](const ReadSim& sim) {
+            // A file without a name keeps that of the file before it.
+            simName = lastCatalogueName(walk.iff).value_or(simName);
+            readWardrobeTable(walk.iff, strings);
+            const std::string start = sim.name + ";" + simName + ";";
+            bodies.add(start + skinOfRow(strings.Entries[row::kNormal].Text));
+            heads.add(start + skinOfRow(strings.Entries[row::kHead].Text));
+            return true;
+        });
+    } catch (...) {
+        ignoringErrors([&] { bodies.write(); });
+        ignoringErrors([&] { heads.write(); });
+        throw;
+    }
+    bodies.write();
+    heads.write();
 }
 
 bool fixFitToSkinny(const SimWalk& walk, RepairWork& work) {

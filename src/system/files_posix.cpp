@@ -65,6 +65,33 @@ FolderNames& folderNames() {
     return names;
 }
 
+// The folder that a path of this command led to last: as it is written, and as it stands on the
+// disk. Empty if none did, or if it is the same. Both end in a slash.
+struct KnownFolder {
+    std::string written;
+    std::string native;
+
+    bool holds(std::string_view path) const {
+        return !written.empty() && path.starts_with(written) &&
+               path.find('/', written.size()) == std::string_view::npos;
+    }
+};
+
+KnownFolder& knownFolder() {
+    static KnownFolder folder;
+    return folder;
+}
+
+// Commands begin, end and pause with this, and so does whatever may lead paths elsewhere.
+void forgetKnownFolder() {
+    knownFolder() = {};
+}
+
+void setCommands(int commands) {
+    forgetKnownFolder();
+    folderNames().setCommands(commands);
+}
+
 // A name under which the piece of a path can be opened in a folder, which ends in a slash.
 std::string openableName(const std::string& folder, const std::string& piece) {
     return isPresent(folder + piece) ? piece : folderNames().find(folder, piece);
@@ -106,9 +133,27 @@ struct Resolved {
     bool isThere = false;
 };
 
+Resolved resolveFromEnd(const std::string& native);
+
+// folder ends in a slash, if it isn't the working one.
+Resolved resolveFolder(const std::string& folder) {
+    if (folder.empty()) {
+        return {"", true};
+    }
+    KnownFolder& known = knownFolder();
+    if (folder == known.written) {
+        return {known.native, true};
+    }
+    Resolved found = resolveFromEnd(folder);
+    if (found.isThere && found.native != folder && folderNames().commands() > 0) {
+        known = {folder, found.native};
+    }
+    return found;
+}
+
 // From the end, as most folders stand there as they are written.
 Resolved resolveFromEnd(const std::string& native) {
-    if (isPresent(native)) {
+    if (!knownFolder().holds(native) && isPresent(native)) {
         return {native, true};
     }
     const std::size_t end = native.find_last_not_of('/');
@@ -119,7 +164,7 @@ Resolved resolveFromEnd(const std::string& native) {
     const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
     const std::string rest = native.substr(end + 1);
     const std::string piece = native.substr(start, end + 1 - start);
-    Resolved folder = start == 0 ? Resolved{"", true} : resolveFromEnd(native.substr(0, start));
+    Resolved folder = resolveFolder(native.substr(0, start));
     const std::string name = folder.isThere ? openableName(folder.native, piece) : std::string();
     return {folder.native + (name.empty() ? piece : name) + rest, !name.empty()};
 }
@@ -129,9 +174,9 @@ std::string resolve(const Path& path) {
     std::string native = nativeText(path);
     const std::size_t lastSlash = native.rfind('/');
     if (native.ends_with(kNewFileEnding) && lastSlash != std::string::npos) {
-        return isPresent(native)
-                   ? native
-                   : resolve(Path(native.substr(0, lastSlash))) + native.substr(lastSlash);
+        return isPresent(native) ? native
+                                 : resolveFolder(native.substr(0, lastSlash + 1)).native +
+                                       native.substr(lastSlash + 1);
     }
     return resolveFromEnd(native).native;
 }
@@ -187,7 +232,12 @@ bool hasReadOnlyMark(const struct stat& status) {
 class PosixFile : public File {
   public:
     PosixFile(int handle, bool writable) : handle_(handle), writable_(writable) {}
-    ~PosixFile() override { ::close(handle_); }
+    ~PosixFile() override {
+        if (isCutAtEnd_ && ::ftruncate(handle_, position()) != 0) {
+            errno = 0;
+        }
+        ::close(handle_);
+    }
     PosixFile(const PosixFile&) = delete;
     PosixFile& operator=(const PosixFile&) = delete;
 
@@ -245,6 +295,8 @@ class PosixFile : public File {
     }
 
     void refuseWriting() { writable_ = false; }
+    // What lies behind the last position goes when the file is closed.
+    void cutAtEnd() { isCutAtEnd_ = true; }
 
     void flush() override {
         if (::fsync(handle_) != 0) {
@@ -255,6 +307,7 @@ class PosixFile : public File {
   private:
     int handle_;
     bool writable_;
+    bool isCutAtEnd_ = false;
 };
 
 class PosixFileSystem : public FileSystem {
@@ -284,6 +337,14 @@ class PosixFileSystem : public FileSystem {
                     throw RuntimeError(error::kPathFileAccess);
                 }
                 return make(native, O_WRONLY | O_CREAT | O_TRUNC, true);
+            case OpenMode::Rewrite: {
+                if (readOnly) {
+                    throw RuntimeError(error::kPathFileAccess);
+                }
+                std::unique_ptr<PosixFile> file = make(native, O_WRONLY | O_CREAT, true);
+                file->cutAtEnd();
+                return file;
+            }
             case OpenMode::CreateNew:
                 return make(native, O_WRONLY | O_CREAT | O_EXCL, true);
             case OpenMode::CreateOwn:
@@ -348,6 +409,7 @@ class PosixFileSystem : public FileSystem {
 
     void makeFolder(const Path& path) override {
         const std::string native = resolve(path);
+        forgetKnownFolder();
         if (::mkdir(native.c_str(), 0777) != 0) {
             throw RuntimeError(errno == ENOENT ? error::kPathNotFound : error::kPathFileAccess);
         }
@@ -355,7 +417,9 @@ class PosixFileSystem : public FileSystem {
     }
 
     void removeFolder(const Path& path) override {
-        if (::rmdir(resolve(path).c_str()) != 0) {
+        const std::string native = resolve(path);
+        forgetKnownFolder();
+        if (::rmdir(native.c_str()) != 0) {
             throw RuntimeError(errno == ENOENT ? error::kPathNotFound : error::kPathFileAccess);
         }
     }
@@ -450,8 +514,12 @@ class PosixFileSystem : public FileSystem {
     // them. Nothing if this one doesn't. A pipe without anybody at its other end isn't waited for.
     static std::unique_ptr<File> openAsWritten(const Path& path, OpenMode mode) {
         const int access = mode == OpenMode::Input ? O_RDONLY : O_RDWR;
-        const int handle =
-            ::open(nativeText(path).c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+        std::string native = nativeText(path);
+        const KnownFolder& known = knownFolder();
+        if (known.holds(native)) {
+            native.replace(0, known.written.size(), known.native);
+        }
+        const int handle = ::open(native.c_str(), access | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
         if (handle < 0) {
             return nullptr;
         }
@@ -466,7 +534,7 @@ class PosixFileSystem : public FileSystem {
         return file;
     }
 
-    static std::unique_ptr<File> make(const std::string& native, int flags, bool writable) {
+    static std::unique_ptr<PosixFile> make(const std::string& native, int flags, bool writable) {
         const int handle = ::open(native.c_str(), flags | O_CLOEXEC, 0666);
         if (handle < 0) {
             fail(errno, native);
@@ -491,19 +559,19 @@ HeldFolder::~HeldFolder() {
 }
 
 OneCommand::OneCommand() {
-    folderNames().setCommands(folderNames().commands() + 1);
+    setCommands(folderNames().commands() + 1);
 }
 
 OneCommand::~OneCommand() {
-    folderNames().setCommands(folderNames().commands() - 1);
+    setCommands(folderNames().commands() - 1);
 }
 
 OneCommand::Pause::Pause() : commands_(folderNames().commands()) {
-    folderNames().setCommands(0);
+    setCommands(0);
 }
 
 OneCommand::Pause::~Pause() {
-    folderNames().setCommands(commands_);
+    setCommands(commands_);
 }
 
 FileSystem& nativeFileSystem() {

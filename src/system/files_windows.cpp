@@ -408,6 +408,7 @@ class WindowsFileSystem : public FileSystem {
             case OpenMode::Input:
                 return openFile(native, GENERIC_READ, OPEN_EXISTING);
             case OpenMode::Output:
+            case OpenMode::Rewrite:
                 if (readOnly) {
                     throw RuntimeError(error::kPathFileAccess);
                 }

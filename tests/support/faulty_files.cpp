@@ -114,7 +114,7 @@ void FaultyFiles::look(Operation operation) {
 }
 
 std::unique_ptr<File> FaultyFiles::open(const Path& path, OpenMode mode) {
-    if (mode == OpenMode::Output || mode == OpenMode::CreateNew || mode == OpenMode::CreateOwn) {
+    if (mode != OpenMode::Input && mode != OpenMode::Binary) {
         change(Operation::OpenToWrite);
     } else {
         look(Operation::OpenToRead);

@@ -7,6 +7,7 @@
 
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
+#include "system/one_command.h"
 
 namespace marlowick {
 namespace {
@@ -152,6 +153,96 @@ TEST_F(FilesTest, BinaryAccessMakesAMissingFileAndTruncatesNothing) {
     EXPECT_EQ(folder.read("game/old"), "abc3456789");
     EXPECT_EQ(errorOf([&] { files().open(folder.path("none\\new"), OpenMode::Binary); }), 76);
 }
+
+TEST_F(FilesTest, ARewrittenFileEndsWhereTheLastWriteEnded) {
+    const Path file = folder.path("game\\list.txt");
+    files().open(file, OpenMode::Rewrite)->write("made");
+    EXPECT_EQ(folder.read("game/list.txt"), "made");
+    {
+        const auto list = files().open(file, OpenMode::Rewrite);
+        list->write("a ");
+        list->write("longer one");
+    }
+    EXPECT_EQ(folder.read("game/list.txt"), "a longer one");
+    files().open(folder.path("game\\LIST.txt"), OpenMode::Rewrite)->write("short");
+    EXPECT_EQ(folder.read("game/list.txt"), "short");
+    files().open(file, OpenMode::Rewrite);
+    EXPECT_EQ(folder.read("game/list.txt"), "");
+    folder.makeReadOnly("game/list.txt");
+    EXPECT_EQ(errorOf([&] { files().open(file, OpenMode::Rewrite); }), 75);
+    EXPECT_EQ(errorOf([&] { files().open(folder.path("game"), OpenMode::Rewrite); }), 75);
+    EXPECT_EQ(errorOf([&] { files().open(folder.path("no\\list"), OpenMode::Rewrite); }), 76);
+}
+
+// The folder is found once for all of them.
+TEST_F(FilesTest, FilesInAFolderOfOtherLettersAreFoundThroughoutACommand) {
+    const auto path = [&](const std::string& name) {
+        return folder.path("game\\userdata\\characters\\" + name);
+    };
+    folder.write("game/UserData/Characters/user1.iff", "one");
+    folder.write("game/UserData/Characters/User2.iff", "two");
+    const OneCommand command;
+    EXPECT_EQ(readWholeFile(path("user1.iff")), "one");
+    EXPECT_EQ(readWholeFile(path("user2.iff")), "two");
+    EXPECT_EQ(errorOf([&] { readWholeFile(path("user3.iff")); }), 53);
+    EXPECT_EQ(errorOf([&] { readWholeFile(path("sub\\user1.iff")); }), 76);
+    folder.write("game/UserData/Characters/user3.iff", "three");
+    EXPECT_EQ(readWholeFile(path("user3.iff")), "three");
+    std::filesystem::remove(folder.game() / "UserData/Characters/user1.iff");
+    EXPECT_FALSE(files().fileExists(path("user1.iff")));
+    writeWholeFile(path("user4.iff"), "four");
+    EXPECT_EQ(folder.read("game/UserData/Characters/user4.iff"), "four");
+    writeWholeFile(path("USER3.iff"), "other");
+    EXPECT_EQ(folder.read("game/UserData/Characters/user3.iff"), "other");
+    files().rename(path("user4.iff"), path("user5.iff"));
+    EXPECT_EQ(readWholeFile(path("USER5.iff")), "four");
+    EXPECT_TRUE(files().fileExists(path("user5.iff")));
+    EXPECT_FALSE(files().fileExists(path("user4.iff")));
+    EXPECT_EQ(readWholeFile(folder.path("game\\UserData\\Characters\\user5.iff")), "four");
+    // Another folder of other letters in between.
+    folder.write("game/Other/a", "a");
+    EXPECT_EQ(readWholeFile(folder.path("game\\other\\A")), "a");
+    EXPECT_EQ(readWholeFile(path("user5.iff")), "four");
+}
+
+TEST_F(FilesTest, AFolderThatGoesWithinACommandLeadsNowhere) {
+    const auto path = [&](const std::string& name) { return folder.path("game\\skins\\" + name); };
+    folder.write("game/Skins/a", "a");
+    const OneCommand command;
+    EXPECT_EQ(readWholeFile(path("a")), "a");
+    files().remove(path("a"));
+    files().removeFolder(folder.path("game\\SKINS"));
+    EXPECT_EQ(errorOf([&] { readWholeFile(path("a")); }), 76);
+    files().makeFolder(folder.path("game\\SKINS"));
+    writeWholeFile(path("b"), "b");
+    EXPECT_EQ(folder.read("game/SKINS/b"), "b");
+    std::filesystem::remove_all(folder.game() / "SKINS");
+    EXPECT_EQ(errorOf([&] { readWholeFile(path("b")); }), 76);
+    EXPECT_FALSE(files().fileExists(path("b")));
+}
+
+#ifndef _WIN32
+// Only where names of other letters are others.
+TEST_F(FilesTest, TheVeryNameComesFirstInTheNextCommandAndWhileOneWaits) {
+    const Path path = folder.path("game\\skins\\a");
+    folder.write("game/Skins/a", "other letters");
+    {
+        const OneCommand command;
+        EXPECT_EQ(readWholeFile(path), "other letters");
+        {
+            const OneCommand::Pause question;
+            folder.write("game/skins/a", "the very name");
+            EXPECT_EQ(readWholeFile(path), "the very name");
+        }
+        EXPECT_EQ(readWholeFile(path), "the very name");
+        std::filesystem::remove_all(folder.game() / "skins");
+        EXPECT_EQ(readWholeFile(path), "other letters");
+    }
+    folder.write("game/skins/a", "once more");
+    const OneCommand command;
+    EXPECT_EQ(readWholeFile(path), "once more");
+}
+#endif
 
 TEST_F(FilesTest, HonoursTheReadOnlyMark) {
     folder.write("game/marked", "keep");
