@@ -1,14 +1,13 @@
 // Drawing a sim as it is worn: a frame, and a click on another skin.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <bit>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "bench/sim_figure.h"
 #include "catalogue/skin_image.h"
 #include "foundation/bytes.h"
 #include "foundation/game.h"
@@ -20,51 +19,13 @@ namespace marlowick {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kFrame = 320;
-constexpr std::size_t kFramePixels = 102400;
-constexpr int kTexture = 256;
-constexpr std::size_t kTexels = 65536;
-
-std::shared_ptr<const Texture> noise() {
-    Texture texture{kTexture, kTexture, std::vector<std::uint32_t>(kTexels)};
-    std::mt19937 random(1);
-    std::generate(texture.pixels.begin(), texture.pixels.end(), [&] { return random() >> 8U; });
-    return std::make_shared<const Texture>(std::move(texture));
-}
-
-// An upright egg of 2 * rings * steps faces.
-FigurePart egg(std::uint32_t rings, std::uint32_t steps, const Vector& centre,
-               const Vector& radii) {
-    FigurePart part;
-    for (std::uint32_t ring = 0; ring <= rings; ++ring) {
-        for (std::uint32_t step = 0; step <= steps; ++step) {
-            const float u = static_cast<float>(step) / static_cast<float>(steps);
-            const float v = static_cast<float>(ring) / static_cast<float>(rings);
-            const Vector out{sineOf(180 * v) * sineOf(360 * u), cosineOf(180 * v),
-                             sineOf(180 * v) * cosineOf(360 * u)};
-            const Vector place{out.x * radii.x, out.y * radii.y, out.z * radii.z};
-            part.vertices.push_back({centre + place, out, u, v});
-            if (ring < rings && step < steps) {
-                const std::uint32_t first = ring * (steps + 1) + step;
-                const std::uint32_t below = first + steps + 1;
-                part.faces.push_back({first, first + 1, below});
-                part.faces.push_back({first + 1, below + 1, below});
-            }
-        }
-    }
-    return part;
-}
-
-// Of 2,000 faces, as high and as wide as a standing sim with its arms.
-Figure sim() {
-    FigurePart part = egg(25, 40, {}, {1, 3, 0.7F});
-    part.texture = noise();
-    return makeFigure({std::move(part)});
-}
+using bench::egg;
+using bench::kFrame;
+using bench::noise;
+using bench::simFigure;
 
 void drawFrame(benchmark::State& state) {
-    const Figure figure = sim();
+    const Figure figure = simFigure();
     Raster raster;
     View view;
     for (auto _ : state) {
@@ -74,29 +35,6 @@ void drawFrame(benchmark::State& state) {
     state.counters["faces"] = static_cast<double>(figure.parts.front().faces.size());
 }
 BENCHMARK(drawFrame)->Unit(benchmark::kMillisecond);
-
-// The least that such a frame takes: its buffers are cleared and each texel is read once.
-void clearFrame(benchmark::State& state) {
-    const auto texture = noise();
-    std::vector<float> nearness(kFramePixels * 4);
-    std::vector<std::uint32_t> colours(kFramePixels * 4);
-    std::vector<std::uint32_t> pixels(kFramePixels);
-    for (auto _ : state) {
-        std::fill(nearness.begin(), nearness.end(), 0.0F);
-        std::fill(colours.begin(), colours.end(), 0U);
-        std::fill(pixels.begin(), pixels.end(), 0U);
-        std::uint32_t sum = 0;
-        for (const std::uint32_t texel : texture->pixels) {
-            sum += texel;
-        }
-        benchmark::DoNotOptimize(sum);
-        benchmark::DoNotOptimize(nearness.data());
-        benchmark::DoNotOptimize(colours.data());
-        benchmark::DoNotOptimize(pixels.data());
-        benchmark::ClobberMemory();
-    }
-}
-BENCHMARK(clearFrame)->Unit(benchmark::kMillisecond);
 
 std::string number(std::size_t value) {
     return gfstrLongToLittleEndian(static_cast<std::int32_t>(value));

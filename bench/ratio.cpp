@@ -220,7 +220,7 @@ bool takeFlag(int& count, char** arguments, std::string_view flag) {
 std::vector<Row> rows() {
     std::vector<Row> all;
     for (const auto page :
-         {userFileRows, archiveRows, lookUpRows, catalogueRows, toolRows, meshRows}) {
+         {userFileRows, archiveRows, lookUpRows, catalogueRows, toolRows, meshRows, frameRows}) {
         for (Row& row : page()) {
             all.push_back(std::move(row));
         }

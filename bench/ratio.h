@@ -46,6 +46,7 @@ std::vector<Row> lookUpRows();
 std::vector<Row> catalogueRows();
 std::vector<Row> toolRows();
 std::vector<Row> meshRows();
+std::vector<Row> frameRows();
 
 template <class Kind>
 std::function<std::unique_ptr<Case>(int)> sized() {

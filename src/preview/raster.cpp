@@ -49,6 +49,9 @@ float finite(float value) {
 // Every other of a pixel's four channels: two can be reckoned with at once.
 constexpr std::uint32_t kTwoChannels = 0x00FF00FFU;
 
+// The three colours of a pixel, taken apart.
+constexpr std::uint64_t kThreeChannels = 0x000000FF00FF00FFU;
+
 // Pixels of a texture are counted in 1/256.
 constexpr int kPixel = 256;
 
@@ -71,15 +74,14 @@ class Sampler {
         const std::uint32_t last = across.amount * down.amount >> 8U;
         const std::uint32_t shares[] = {kPixel - across.amount - down.amount + last,
                                         across.amount - last, down.amount - last, last};
-        std::uint32_t redBlue = 0;
-        std::uint32_t green = 0;
+        std::uint64_t mixed = 0;
         for (int i = 0; i < 4; ++i) {
-            redBlue += (pixels[i] & kTwoChannels) * shares[i];
-            green += (pixels[i] >> 8U & 0xFFU) * shares[i];
+            mixed += threeChannels(pixels[i]) * shares[i];
         }
-        const auto amount = static_cast<std::uint32_t>(within(light, kFullLight));
-        return 0xFF000000U | ((redBlue >> 8U & kTwoChannels) * amount >> 8U & kTwoChannels) |
-               ((green >> 8U) * amount & 0xFF00U);
+        const auto amount = static_cast<std::uint64_t>(within(light, kFullLight));
+        const std::uint64_t lit = (mixed >> 8U & kThreeChannels) * amount >> 8U & kThreeChannels;
+        return 0xFF000000U | static_cast<std::uint32_t>(lit >> 24U & 0xFF00U) |
+               static_cast<std::uint32_t>(lit & kTwoChannels);
     }
 
   private:
@@ -89,6 +91,11 @@ class Sampler {
         std::uint32_t amount;  // of the second, in 1/256
     };
 
+    // Blue, red and green, each with room for its product with 256.
+    static std::uint64_t threeChannels(std::uint32_t pixel) {
+        return (pixel & kTwoChannels) | std::uint64_t{pixel & 0xFF00U} << 24U;
+    }
+
     // What is no number is 0.
     static int within(float value, float most) {
         return static_cast<int>(value > 0 ? std::min(value, most) : 0);
@@ -97,11 +104,11 @@ class Sampler {
     static Place placeOf(float coordinate, int size) {
         constexpr float kFarthest = 1073741824.0F;
         // The middles of the pixels count. Moved to where nothing is below 0.
-        const int place = within(coordinate, kFarthest) + size * kPixel - kPixel / 2;
-        const int pixel = place / kPixel;
+        const auto place =
+            static_cast<std::uint32_t>(within(coordinate, kFarthest) + size * kPixel - kPixel / 2);
+        const int pixel = static_cast<int>(place / kPixel);
         const int first = (size & (size - 1)) == 0 ? pixel & (size - 1) : pixel % size;
-        return {first, first + 1 == size ? 0 : first + 1,
-                static_cast<std::uint32_t>(place) & (kPixel - 1)};
+        return {first, first + 1 == size ? 0 : first + 1, place & (kPixel - 1)};
     }
 
     const std::uint32_t* pixels_;
