@@ -104,6 +104,13 @@ void plainReadThrough(const std::string& path, std::size_t block) {
     ::close(handle);
 }
 
+void plainAppend(const std::string& path, std::string_view content) {
+    const int handle = opened(path, O_WRONLY | O_CREAT | O_APPEND);
+    writeAll(handle, content, path);
+    check(::fsync(handle) == 0, path);
+    ::close(handle);
+}
+
 void plainFlush(const std::string& path) {
     const int handle = opened(path, O_WRONLY);
     check(::fsync(handle) == 0, path);

@@ -60,6 +60,8 @@ void plainCopy(const std::string& source, std::size_t position, std::size_t size
 
 // In blocks, from front to back.
 void plainReadThrough(const std::string& path, std::size_t block);
+// Behind what stands there, which is made if it doesn't exist, and sends it to the disk itself.
+void plainAppend(const std::string& path, std::string_view content);
 // Sends what was written to the disk itself.
 void plainFlush(const std::string& path);
 

@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <cstdio>
+#include <filesystem>
 
 #include "bench/plain_disk.h"
 #include "bench/ratio.h"
@@ -18,6 +19,8 @@
 
 namespace marlowick::bench {
 namespace {
+
+constexpr std::size_t kRecord = 300;  // bytes of text about a file that is kept, about
 
 // A fit man, his formal wear as told.
 std::string wardrobe(const std::string& formal) {
@@ -77,6 +80,18 @@ class Neighbourhood : public Case {
     }
     IffFile& iff() { return iff_; }
     std::string makeKeptFolder() const { return folder_.makeFolder("kept"); }
+    void removeFolders() const {
+        std::filesystem::remove_all(folder_.of("kept"));
+        std::filesystem::remove_all(folder_.of("History"));
+    }
+    // What was rewritten goes back to what it was.
+    void restore() const {
+        for (int number = 1; number <= sims_.bound(); ++number) {
+            if (plainRead(nameOf(number)).text() != content_) {
+                plainWrite(nameOf(number), content_);
+            }
+        }
+    }
     std::string folder() const { return folder_.of("UserData/Characters/"); }
 
   private:
@@ -123,13 +138,19 @@ class ExportSkins : public Neighbourhood {
     }
 };
 
-// Every file is rewritten: the old one copied and flushed, the new one written beside it, flushed,
-// read back and renamed.
+// Every file is rewritten: the old one copied and flushed, a line about it written and flushed, the
+// new one written beside it, flushed, read back and renamed. Each run finds the files as the game
+// left them, and nothing kept: a second repair would find nothing to do.
 class Repair : public Neighbourhood {
   public:
     using Neighbourhood::Neighbourhood;
+    void prepare() override {
+        restore();
+        removeFolders();
+    }
     void floor() override {
         const std::string keptFolder = makeKeptFolder();
+        const std::string record = keptFolder + "/record";
         for (const std::string& name : listed()) {
             const std::string file = folder() + name;
             const std::string beside = file + ".new";
@@ -137,6 +158,7 @@ class Repair : public Neighbourhood {
             const Buffer content = plainRead(file);
             plainWrite(kept, content.text());
             plainFlush(kept);
+            plainAppend(record, std::string(kRecord, 'x'));
             plainWrite(beside, content.text());
             plainFlush(beside);
             benchmark::DoNotOptimize(plainRead(beside).size);
