@@ -67,6 +67,19 @@ void forgetFiles() {
     keptFiles() = KeptFiles(kMostKept, [] { return stampClock() + 60'000'000'000; });
 }
 
+// A question that nobody has asked yet.
+class FirstQuestion : public Case {
+  public:
+    void prepare() override {
+        takeBack();
+        forgetFiles();
+    }
+
+  protected:
+    // What the question before left in the program.
+    virtual void takeBack() {}
+};
+
 // The same question once more, when what the first one read is kept. The floor stays that of the
 // first.
 template <class First>
@@ -76,10 +89,10 @@ class Again : public First {
         First::prepare();
         First::routine();
     }
-    void prepare() override {}
+    void prepare() override { First::takeBack(); }
 };
 
-class ModelCatalogue : public Case {
+class ModelCatalogue : public FirstQuestion {
   public:
     explicit ModelCatalogue(int entries) {
         for (int pack = 1; pack <= 11; ++pack) {
@@ -92,12 +105,11 @@ class ModelCatalogue : public Case {
             game_.archive(nameOf(pack), content);
         }
     }
-    void prepare() override { forgetFiles(); }
     void floor() override { readAll(game_); }
-    void routine() override {
-        resetModelCatalogue();
-        gsBuildModelCatalogue();
-    }
+    void routine() override { gsBuildModelCatalogue(); }
+
+  protected:
+    void takeBack() override { resetModelCatalogue(); }
 
   private:
     static std::string nameOf(int pack) {
@@ -137,7 +149,7 @@ void showEntry(const std::string& archive, std::size_t offset, std::size_t size,
 }
 
 // Fifteen skins in the last of many archives.
-class WardrobeImages : public Case {
+class WardrobeImages : public FirstQuestion {
   public:
     explicit WardrobeImages(int archives) {
         for (int i = 1; i <= archives; ++i) {
@@ -154,7 +166,6 @@ class WardrobeImages : public Case {
         }
         box_.resize(152, 152);
     }
-    void prepare() override { forgetFiles(); }
     void floor() override {
         readAll(game_);
         for (int k = 0; k < kImages; ++k) {
@@ -177,7 +188,7 @@ class WardrobeImages : public Case {
     PictureBox box_;
 };
 
-class SkinPage : public Case {
+class SkinPage : public FirstQuestion {
   public:
     explicit SkinPage(int entries) {
         Entries content;
@@ -189,7 +200,6 @@ class SkinPage : public Case {
         archive_ = SimsPath + "\\GameData\\Textures\\Textures.far";
         box_.resize(64, 64);
     }
-    void prepare() override { forgetFiles(); }
     void floor() override {
         readAll(game_);
         for (int k = 0; k < kCells; ++k) {
@@ -214,7 +224,7 @@ class SkinPage : public Case {
 };
 
 // The game's 31 archives hold so many entries in all; one in twenty is a skin of the model.
-class SkinEntries : public Case {
+class SkinEntries : public FirstQuestion {
   public:
     explicit SkinEntries(int entries) {
         const int each = entries / kArchives;
@@ -228,7 +238,6 @@ class SkinEntries : public Case {
             game_.archive("GameData/Textures/T" + padded(i) + ".far", content);
         }
     }
-    void prepare() override { forgetFiles(); }
     void floor() override { readAll(game_); }
     void routine() override {
         listSkinEntries({"B001FAFIT_01", "falgtfitB"}, skins_);
