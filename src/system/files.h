@@ -24,13 +24,13 @@ namespace marlowick {
 inline constexpr std::string_view kNewFileEnding = ".marlowick-new";
 
 enum class OpenMode {
-    Binary,   // read and write without truncation; made if missing; reading alone where the file
-              // or its folder can't be written
-    Input,    // reading; must exist
-    Output,   // writing; made, or emptied
-    Rewrite,  // writing; made, or written over from its start, and cut behind the last position
-              // when it is closed: a file system that has emptied a file sends it to the disk at
-              // once
+    Binary,     // read and write without truncation; made if missing; reading alone where the file
+                // or its folder can't be written
+    Input,      // reading; must exist
+    Output,     // writing; made, or emptied
+    Rewrite,    // writing; made, or written over from its start, and cut behind the last position
+                // when it is closed: a file system that has emptied a file sends it to the disk at
+                // once
     CreateNew,  // writing; must not exist (58)
     CreateOwn,  // the same in a folder that the program made and fills itself: the name is taken as
                 // it stands, without a search through the folder for another letter case of it
