@@ -70,14 +70,12 @@ std::string_view ArchiveDirectory::baseName(int number) const {
 }
 
 int ArchiveDirectory::firstNamed(std::string_view name) const {
-    if (byName_.empty()) {
-        indexNames();
-    }
-    const std::size_t mask = byName_.size() - 1;
-    for (std::size_t place = blindHash(name) & mask; byName_[place] != 0;
+    const std::vector<std::int32_t>& places = byName();
+    const std::size_t mask = places.size() - 1;
+    for (std::size_t place = blindHash(name) & mask; places[place] != 0;
          place = (place + 1) & mask) {
-        if (equalsIgnoringCase(baseName(byName_[place]), name)) {
-            return byName_[place];
+        if (equalsIgnoringCase(baseName(places[place]), name)) {
+            return places[place];
         }
     }
     return 0;
@@ -108,6 +106,13 @@ std::size_t ArchiveDirectory::size() const {
         size += sizeof(FarEntry) + kBesideAName + directory_.Entries[number].FileName.size();
     }
     return size;
+}
+
+const std::vector<std::int32_t>& ArchiveDirectory::byName() const {
+    if (byName_.empty()) {
+        indexNames();
+    }
+    return byName_;
 }
 
 // Of several entries with one name the first stands for all.

@@ -35,6 +35,7 @@ class ArchiveDirectory {
     std::size_t size() const;
 
   private:
+    const std::vector<std::int32_t>& byName() const;
     void indexNames() const;
     void noteBeginnings() const;
 

@@ -233,7 +233,7 @@ class PosixFile : public File {
   public:
     PosixFile(int handle, bool writable) : handle_(handle), writable_(writable) {}
     ~PosixFile() override {
-        if (isCutAtEnd_ && ::ftruncate(handle_, position()) != 0) {
+        if (isCutAtEnd_ && ::ftruncate(handle_, ::lseek(handle_, 0, SEEK_CUR)) != 0) {
             errno = 0;
         }
         ::close(handle_);
