@@ -80,33 +80,55 @@ Decimal parsed(std::string_view text) {
     return number;
 }
 
+// Digits and exponent of what to_chars wrote in its scientific form into text, which ends at end.
+Decimal scientific(char* text, char* end) {
+    Decimal number;
+    number.negative = *text == '-';
+    char* const mantissa = text + (number.negative ? 1 : 0);
+    const char* const mark = std::find(mantissa, end, 'e');
+    // The first digit takes the place of the point behind it, if there is one.
+    const bool hasPoint = mantissa[1] == '.';
+    char* const digits = mantissa + (hasPoint ? 1 : 0);
+    *digits = *mantissa;
+    number.digits.assign(digits, static_cast<std::size_t>(mark - digits));
+    // A float's exponent is written with two digits.
+    const int exponent = (mark[2] - '0') * 10 + mark[3] - '0';
+    number.exponent = mark[1] == '-' ? -exponent : exponent;
+    return number;
+}
+
 // The digits of a value, so many behind the first one, as the nearest decimal has them.
 Decimal withDecimals(float value, int decimals) {
     std::array<char, kExactDecimals + 16> text;
     char* const begin = text.data();
-    char* const end =
-        std::to_chars(begin, begin + text.size(), value, std::chars_format::scientific, decimals)
-            .ptr;
-    const char* const mantissa = begin + (value < 0 ? 1 : 0);
-    const char* const mark = mantissa + 2 + decimals;
-    Decimal number;
-    number.negative = value < 0;
-    number.digits.reserve(static_cast<std::size_t>(decimals) + 1);
-    number.digits.append(mantissa, 1).append(mantissa + 2, mark);
-    number.exponent = numberOf({mark + 2, static_cast<std::size_t>(end - mark - 2)});
-    number.exponent = mark[1] == '-' ? -number.exponent : number.exponent;
-    return number;
+    return scientific(begin, std::to_chars(begin, begin + text.size(), value,
+                                           std::chars_format::scientific, decimals)
+                                 .ptr);
 }
 
-// Rounded half away from zero. Two digits more than are wanted tell which way to go, unless they
-// are a half, which may itself be rounded.
+// As few digits as tell a value apart from all others, at most nine; of those that do the nearest.
+Decimal fewestDigits(float value) {
+    std::array<char, 32> text;
+    char* const begin = text.data();
+    return scientific(
+        begin, std::to_chars(begin, begin + text.size(), value, std::chars_format::scientific).ptr);
+}
+
+// Rounded half away from zero. The value lies within half a unit of the last of its fewest digits,
+// so they tell which way to go if there are more of them than wanted, unless a single 5 is too
+// many. Else two digits more than are wanted tell, unless they are a half, which may itself be
+// rounded.
 Decimal sevenDigits(float value) {
     if (value == 0) {
         return {};
     }
-    Decimal number = withDecimals(value, kSignificant + 1);
-    if (number.digits.ends_with("50")) {
-        number = withDecimals(value, kExactDecimals);
+    Decimal number = fewestDigits(value);
+    const bool isHalf = number.digits.size() == kSignificant + 1 && number.digits.back() == '5';
+    if (number.digits.size() <= kSignificant || isHalf) {
+        number = withDecimals(value, kSignificant + 1);
+        if (number.digits.ends_with("50")) {
+            number = withDecimals(value, kExactDecimals);
+        }
     }
     roundTo(number, kSignificant);
     return number;
@@ -173,7 +195,7 @@ bool isPlain(const Decimal& number) {
 }
 
 std::string withBareOne(std::string fixed) {
-    if (fixed == "1.0" || fixed == "-1.0") {
+    if (fixed.ends_with("1.0") && (fixed.size() == 3 || (fixed.size() == 4 && fixed[0] == '-'))) {
         fixed.resize(fixed.size() - 2);
     }
     return fixed;

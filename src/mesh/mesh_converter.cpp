@@ -14,66 +14,75 @@
 namespace marlowick {
 namespace {
 
-// Gathers whole lines and sends them to the file a block at a time.
+// Gathers lines and sends those that are whole to the file, a block at a time.
 class LineWriter {
   public:
     explicit LineWriter(File& file) : file_(file) {}
 
-    void line(const std::string& text) {
-        lines_ += text;
+    // Where the text of the next line is put.
+    std::string& text() { return lines_; }
+
+    void endLine() {
         lines_ += "\r\n";
-        if (lines_.size() >= kBlock) {
+        whole_ = lines_.size();
+        if (whole_ >= kBlock) {
             send();
         }
     }
 
     // What a write refused isn't tried a second time.
-    void send() { file_.write(std::exchange(lines_, {})); }
+    void send() {
+        lines_.resize(std::exchange(whole_, 0));
+        const std::string lines = std::exchange(lines_, {});
+        lines_.reserve(lines.capacity());
+        file_.write(lines);
+    }
 
   private:
     File& file_;
     std::string lines_;
+    std::size_t whole_ = 0;  // how much of them is whole lines
 };
 
-std::string integerItem(ItemReader& mesh) {
-    return std::to_string(mesh.number());
+void putInteger(ItemReader& mesh, std::string& text) {
+    text += std::to_string(mesh.number());
 }
 
-std::string floatItem(ItemReader& mesh) {
-    return floatText(mesh.singleFloat());
+void putFloat(ItemReader& mesh, std::string& text) {
+    text += floatText(mesh.singleFloat());
 }
 
-std::string textItem(ItemReader& mesh) {
-    return mesh.countedText();
+void putText(ItemReader& mesh, std::string& text) {
+    text += mesh.countedText();
 }
 
 // A count, and then that many rows.
 struct Section {
-    std::string (*item)(ItemReader&);
+    void (*put)(ItemReader& mesh, std::string& text);
     int itemsPerRow;
 };
 
 constexpr Section kSections[] = {
-    {textItem, 1},     // bones
-    {integerItem, 3},  // faces
-    {integerItem, 5},  // bone bindings
-    {floatItem, 2},    // texture coordinates
-    {integerItem, 2},  // blend records
-    {floatItem, 6},    // vertices: position, then normal
+    {putText, 1},     // bones
+    {putInteger, 3},  // faces
+    {putInteger, 5},  // bone bindings
+    {putFloat, 2},    // texture coordinates
+    {putInteger, 2},  // blend records
+    {putFloat, 6},    // vertices: position, then normal
 };
 
 void convertSection(ItemReader& mesh, LineWriter& output, const Section& section) {
     const std::int32_t count = mesh.number();
-    output.line(std::to_string(count));
+    output.text() += std::to_string(count);
+    output.endLine();
     checkCounter(count);
-    std::string line;
     for (std::int32_t row = 1; row <= count; ++row) {
-        line = section.item(mesh);
+        section.put(mesh, output.text());
         for (int item = 2; item <= section.itemsPerRow; ++item) {
-            line += ' ';
-            line += section.item(mesh);
+            output.text() += ' ';
+            section.put(mesh, output.text());
         }
-        output.line(line);
+        output.endLine();
     }
     // The counter steps past the last row.
     checkCounter(count + 1LL);
@@ -83,8 +92,10 @@ void convert(File& source, File& target) {
     ItemReader mesh(source);
     LineWriter output(target);
     try {
-        output.line(mesh.countedText());  // name
-        output.line(mesh.countedText());  // default texture
+        for (int i = 0; i < 2; ++i) {  // its name and its default texture
+            putText(mesh, output.text());
+            output.endLine();
+        }
         for (const Section& section : kSections) {
             convertSection(mesh, output, section);
         }
