@@ -21,10 +21,17 @@ class ByteReader {
 
     // Exactly count bytes, zeros behind the end; moves behind them.
     std::string take(std::size_t count) {
-        std::string bytes(content_.substr(std::min(position_, content_.size()), count));
-        bytes.resize(count, '\0');
-        position_ += count;
+        std::string bytes;
+        take(bytes, count);
         return bytes;
+    }
+    // The same into a text that stands already, in the memory that it has.
+    void take(std::string& bytes, std::size_t count) {
+        bytes.assign(content_, std::min(position_, content_.size()), count);
+        if (bytes.size() < count) {
+            bytes.resize(count, '\0');
+        }
+        position_ += count;
     }
 
   private:

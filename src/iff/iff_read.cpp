@@ -70,11 +70,11 @@ void readSegment(IffFile& iff, int number, ByteReader& reader) {
     }
     IffSegment& segment = iff.Segments[number];
     segment.Offset = static_cast<std::int32_t>(reader.position()) + 1;
-    segment.Type = reader.take(4);
-    segment.Size = reader.take(4);
-    segment.ID = reader.take(4);
-    segment.Label = reader.take(kLabelSize);
-    segment.Data = reader.take(dataLength(segment.Size, reader.left()));
+    reader.take(segment.Type, 4);
+    reader.take(segment.Size, 4);
+    reader.take(segment.ID, 4);
+    reader.take(segment.Label, kLabelSize);
+    reader.take(segment.Data, dataLength(segment.Size, reader.left()));
 }
 
 void readSegments(IffFile& iff, std::string_view content, std::size_t start,

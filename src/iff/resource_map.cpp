@@ -86,8 +86,8 @@ bool readTypeRow(RsmpType& type, ByteReader& reader, MapReading& reading, bool l
     for (std::int32_t row = 1; row <= type.EntryCount; ++row) {
         CheckpointNumber = 3000;
         RsmpEntry entry;
-        entry.EntryOffset = reader.take(4);
-        entry.EntryID = reader.take(4);
+        reader.take(entry.EntryOffset, 4);
+        reader.take(entry.EntryID, 4);
         entry.EntryLabel = readLabel(reader, reading.mapStart, lastType);
         if (++reading.rows > kMostRows) {
             throw RuntimeError(error::kOutOfMemory);
