@@ -14,6 +14,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
+#include <set>
+#include <utility>
 
 #include "system/files.h"
 #include "system/folder_names_posix.h"
@@ -87,9 +90,36 @@ void forgetKnownFolder() {
     knownFolder() = {};
 }
 
+void flushFolder(const std::string& folder) {
+    const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle >= 0) {
+        ::fsync(handle);
+        ::close(handle);
+    }
+}
+
+// The folders in which files of this command took new names. A name is to last as the bytes do; one
+// that the machine loses before that leaves the old file there, whole, so once a command will do.
+std::set<std::string>& renamedIn() {
+    static std::set<std::string> folders;
+    return folders;
+}
+
+void flushLater(const std::string& folder) {
+    if (folderNames().commands() > 0) {
+        renamedIn().insert(folder);
+    } else {
+        flushFolder(folder);
+    }
+}
+
 void setCommands(int commands) {
     forgetKnownFolder();
     folderNames().setCommands(commands);
+    if (commands == 0) {
+        std::for_each(renamedIn().begin(), renamedIn().end(), flushFolder);
+        renamedIn().clear();
+    }
 }
 
 // A name under which the piece of a path can be opened in a folder, which ends in a slash.
@@ -263,6 +293,7 @@ class PosixFile : public File {
         if (!writable_) {
             throw RuntimeError(error::kPathFileAccess);
         }
+        sizeAtOpening_.reset();
         while (!data.empty()) {
             const ssize_t count = ::write(handle_, data.data(), data.size());
             if (count < 0 && errno == EINTR) {
@@ -287,6 +318,9 @@ class PosixFile : public File {
     std::int64_t position() override { return ::lseek(handle_, 0, SEEK_CUR); }
 
     std::int64_t size() override {
+        if (const auto known = std::exchange(sizeAtOpening_, std::nullopt)) {
+            return *known;
+        }
         struct stat status {};
         if (::fstat(handle_, &status) != 0) {
             throw RuntimeError(error::kDeviceIo);
@@ -295,6 +329,8 @@ class PosixFile : public File {
     }
 
     void refuseWriting() { writable_ = false; }
+    // Answers the first question for the size: most files are opened to be read whole.
+    void setSizeAtOpening(std::int64_t size) { sizeAtOpening_ = size; }
     // What lies behind the last position goes when the file is closed.
     void cutAtEnd() { isCutAtEnd_ = true; }
 
@@ -306,6 +342,7 @@ class PosixFile : public File {
 
   private:
     int handle_;
+    std::optional<std::int64_t> sizeAtOpening_;
     bool writable_;
     bool isCutAtEnd_ = false;
 };
@@ -488,12 +525,7 @@ class PosixFileSystem : public FileSystem {
         }
         folderNames().added(to);
         const std::size_t slash = to.rfind('/');
-        const std::string folder = slash == std::string::npos ? "." : to.substr(0, slash + 1);
-        const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (handle >= 0) {
-            ::fsync(handle);
-            ::close(handle);
-        }
+        flushLater(slash == std::string::npos ? "." : to.substr(0, slash + 1));
     }
 
     bool moveInOneStep(const Path& source, const Path& target) override {
@@ -531,6 +563,7 @@ class PosixFileSystem : public FileSystem {
         if (hasReadOnlyMark(status)) {
             file->refuseWriting();
         }
+        file->setSizeAtOpening(status.st_size);
         return file;
     }
 
