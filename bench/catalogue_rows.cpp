@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <filesystem>
 #include <memory>
 
 #include "bench/archive_file.h"
@@ -13,6 +14,7 @@
 #include "catalogue/skin_lists.h"
 #include "foundation/game.h"
 #include "system/kept_files.h"
+#include "system/one_command.h"
 #include "widgets/picture_box.h"
 
 namespace marlowick::bench {
@@ -250,10 +252,52 @@ class SkinEntries : public FirstQuestion {
     List<FarSkinEntry> skins_;
 };
 
+// So many loose files in one of the folders of skins, each a skin or a model that fits.
+class LooseFiles : public FirstQuestion {
+  public:
+    LooseFiles(int count, const std::string& start, const std::string& ending) {
+        for (int i = 1; i <= count; ++i) {
+            plainWrite(game_.of("game/GameData/Skins/" + start + padded(i) + ending), "");
+        }
+    }
+    void floor() override {
+        for (const auto& entry :
+             std::filesystem::directory_iterator(game_.of("game/GameData/Skins"))) {
+            benchmark::DoNotOptimize(entry.path().native().size());
+        }
+    }
+
+  private:
+    Game game_;
+};
+
+class LooseSkins : public LooseFiles {
+  public:
+    explicit LooseSkins(int count) : LooseFiles(count, "b001fafitlgt_", ".bmp") {}
+    void routine() override {
+        const OneCommand command;
+        benchmark::DoNotOptimize(skinCandidates({"B001FAFIT_01", "falgtfitB"}).size());
+    }
+};
+
+class LooseModels : public LooseFiles {
+  public:
+    explicit LooseModels(int count) : LooseFiles(count, "b001fafit_", ".cmx") {}
+    void routine() override {
+        const OneCommand command;
+        listPersonModels("falgtfitB", models_);
+        benchmark::DoNotOptimize(models_.bound());
+    }
+
+  private:
+    List<std::string> models_;
+};
+
 }  // namespace
 
 std::vector<Row> catalogueRows() {
     const std::vector<int> growth = {320, 3200, 32'000, 320'000};
+    const std::vector<int> looseGrowth = {32, 320, 3200, 32'000};
     return {{.name = "The model catalogue from 11 archives of # entries",
              .toReach = 2.0,
              .sizes = {5000},
@@ -294,7 +338,15 @@ std::vector<Row> catalogueRows() {
              .toReach = 1.5,
              .sizes = {155'000},
              .smallSize = 310,
-             .make = sized<Again<SkinEntries>>()}};
+             .make = sized<Again<SkinEntries>>()},
+            {.name = "The loose skins of a model, so many in a folder",
+             .smallSize = 5,
+             .growth = looseGrowth,
+             .make = sized<LooseSkins>()},
+            {.name = "The loose models that fit, so many in a folder",
+             .smallSize = 5,
+             .growth = looseGrowth,
+             .make = sized<LooseModels>()}};
 }
 
 }  // namespace marlowick::bench

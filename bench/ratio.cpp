@@ -107,6 +107,9 @@ std::string titleOf(const Row& row, int size) {
 
 void registerRows(bool small) {
     for (const Row& row : rows()) {
+        if (row.sizes.empty()) {
+            continue;
+        }
         for (const int size : small ? std::vector<int>{row.smallSize} : row.sizes) {
             benchmark::RegisterBenchmark(
                 titleOf(row, size).c_str(),
@@ -139,10 +142,11 @@ double exponentOf(const std::vector<std::pair<double, double>>& points) {
 // What grows must grow no faster than the work, but for what measuring adds.
 constexpr double kMostExponent = 1.1;
 
-void printGrowth(bool small) {
+// Of the rows whose names hold the text.
+void printGrowth(bool small, std::string_view wanted) {
     std::printf("%-66s %s\n", "", "exponent, and milliseconds a size");
     for (const Row& row : rows()) {
-        if (row.growth.empty()) {
+        if (row.growth.empty() || row.name.find(wanted) == std::string::npos) {
             continue;
         }
         std::vector<std::pair<double, double>> points;
@@ -185,6 +189,9 @@ void printMemory(bool small) {
     std::printf("%-66s %s\n", "", "peak MiB above the memory before");
     std::fflush(stdout);
     for (const Row& row : rows()) {
+        if (row.sizes.empty()) {
+            continue;
+        }
         const int size = small ? row.smallSize : row.sizes.back();
         const pid_t child = fork();
         if (child == 0) {
@@ -236,7 +243,7 @@ int run(int count, char** arguments) {
     const bool growth = takeFlag(count, arguments, "--growth");
     const bool memory = takeFlag(count, arguments, "--memory");
     if (growth) {
-        printGrowth(small);
+        printGrowth(small, count > 1 ? arguments[1] : "");
         return 0;
     }
     if (memory) {

@@ -29,8 +29,8 @@ class Case {
 // A row of the table, with one case a size.
 struct Row {
     std::string name;
-    double toReach = 0;  // the ratio
-    std::vector<int> sizes;
+    double toReach = 0;            // the ratio
+    std::vector<int> sizes = {};   // none for a row of which only the growth counts
     int smallSize = 0;             // for a look whether the row still runs
     std::vector<int> growth = {};  // sizes a power of ten apart, to fit how the cost grows
     std::function<std::unique_ptr<Case>(int size)> make;

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # run.sh [SECONDS [TARGET...]]: builds the fuzz targets with clang and runs each, or those that are
 # named, for so many seconds, 60 unless told otherwise, from the seeds of the sample game, those of
-# fuzz/seeds and what earlier runs have found. An input that a target fails on stays in
-# build/fuzz/crashes.
+# fuzz/seeds, the corpus that is kept in fuzz/corpus and what earlier runs have found. An input that a
+# target fails on stays in build/fuzz/crashes. keep.sh puts what was found into the kept corpus.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -24,6 +24,9 @@ for name in "${names[@]}"; do
     done
     corpus=build/fuzz/corpus/$name
     mkdir -p "$corpus"
+    if [ -f "fuzz/corpus/$name.tar.gz" ]; then
+        tar -xzf "fuzz/corpus/$name.tar.gz" -C "$corpus"
+    fi
     echo "== $name, $seconds s"
     "$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=1024 -max_len=65536 \
         -print_final_stats=1 -artifact_prefix="build/fuzz/crashes/$name-" \
