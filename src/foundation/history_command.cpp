@@ -104,7 +104,9 @@ KeepResult HistoryCommand::keep(const Path& file, const std::optional<FileState>
                                 std::string_view changes, const std::function<void()>& afterBlock) {
     const std::optional<KeptPlace> place = keptPlaceOf(history_.places(), file);
     if (!place) {
-        return {KeepAnswer::NoPlace};
+        return isUnkeepableSim(history_.places(), file)
+                   ? KeepResult{KeepAnswer::CantWrite, RuntimeError(error::kBadFileName)}
+                   : KeepResult{KeepAnswer::NoPlace};
     }
     if (broken_) {
         return {KeepAnswer::CantWrite, *broken_};

@@ -29,7 +29,7 @@ enum class KeepAnswer {
     Unchanged,   // the new bytes are the old ones: there is nothing to keep
     AboveBound,  // an archive that is larger than all that is kept of archives
     NoPlace,     // a file anywhere else than the three kinds lie
-    CantWrite,   // the disk is full, or the folder can't be written
+    CantWrite,   // the disk is full, the folder can't be written, or the sim's path can't be there
 };
 
 struct KeepResult {

@@ -7,6 +7,7 @@
 #include "foundation/game.h"
 #include "system/folder_order.h"
 #include "system/game_text.h"
+#include "system/places.h"
 
 namespace marlowick {
 namespace {
@@ -37,6 +38,7 @@ constexpr Form kForms[] = {
      3},
     {KeptKind::Ensemble, {{{"ens", "", false}, {"", ".ens", true}, {}}}, 2},
 };
+constexpr const Form& kUserFiles = kForms[0];
 
 bool fits(std::string_view name, const Piece& piece) {
     const std::string lower = lowerCase(name);
@@ -47,22 +49,24 @@ bool fits(std::string_view name, const Piece& piece) {
            lower.starts_with(piece.start) && lower.ends_with(piece.end);
 }
 
-// Windows drops dots and blanks at the end of a name: such a text means another file than it says.
-bool isPlainName(const std::string& name) {
-    return isFileName(name) && !name.ends_with('.') && !name.ends_with(' ');
-}
-
 bool fits(const std::vector<std::string>& pieces, const Form& form) {
     if (pieces.size() != form.count) {
         return false;
     }
     for (std::size_t i = 0; i < form.count; ++i) {
-        const std::string name = utf8ToGameText(pieces[i]);
-        if (pieces[i].size() > kLongestPiece || !isPlainName(name) || !fits(name, form.pieces[i])) {
+        if (!fits(utf8ToGameText(pieces[i]), form.pieces[i])) {
             return false;
         }
     }
     return true;
+}
+
+// Whether each piece can be a file's name, and means that file alone.
+bool areNames(const std::vector<std::string>& pieces) {
+    return std::all_of(pieces.begin(), pieces.end(), [](const std::string& piece) {
+        const std::string name = utf8ToGameText(piece);
+        return piece.size() <= kLongestPiece && isFileName(name) && isNameToItsEnd(name);
+    });
 }
 
 bool isSeparator(char c) {
@@ -119,6 +123,21 @@ Path below(Path folder, const KeptPlace& place) {
     return folder;
 }
 
+// The last pieces of a file's path, if the file lies where those of a form do, whatever its name;
+// else none.
+std::vector<std::string> piecesBelow(const HistoryPlaces& places, const Form& form,
+                                     const Path& file) {
+    const std::vector<std::string> pieces = piecesOf(file.text());
+    if (pieces.size() < form.count) {
+        return {};
+    }
+    const auto split = pieces.end() - static_cast<std::ptrdiff_t>(form.count);
+    const std::vector<std::string> name(split, pieces.end());
+    const bool isBelow =
+        areSame({pieces.begin(), split}, piecesOf(folderOf(places, form.kind).text()));
+    return isBelow && fits(name, form) ? name : std::vector<std::string>();
+}
+
 }  // namespace
 
 HistoryPlaces historyPlaces() {
@@ -131,7 +150,7 @@ std::optional<KeptPlace> keptPlace(std::string_view utf8) {
     }
     const std::vector<std::string> pieces = piecesOf(utf8);
     for (const Form& form : kForms) {
-        if (fits(pieces, form)) {
+        if (fits(pieces, form) && areNames(pieces)) {
             return KeptPlace{form.kind, joined(pieces)};
         }
     }
@@ -139,19 +158,18 @@ std::optional<KeptPlace> keptPlace(std::string_view utf8) {
 }
 
 std::optional<KeptPlace> keptPlaceOf(const HistoryPlaces& places, const Path& file) {
-    const std::vector<std::string> pieces = piecesOf(file.text());
     for (const Form& form : kForms) {
-        if (pieces.size() < form.count) {
-            continue;
-        }
-        const auto split = pieces.end() - static_cast<std::ptrdiff_t>(form.count);
-        const std::vector<std::string> name(split, pieces.end());
-        if (areSame({pieces.begin(), split}, piecesOf(folderOf(places, form.kind).text())) &&
-            fits(name, form)) {
-            return KeptPlace{form.kind, joined(name)};
+        const std::vector<std::string> pieces = piecesBelow(places, form, file);
+        if (!pieces.empty() && areNames(pieces)) {
+            return KeptPlace{form.kind, joined(pieces)};
         }
     }
     return std::nullopt;
+}
+
+bool isUnkeepableSim(const HistoryPlaces& places, const Path& file) {
+    const std::vector<std::string> pieces = piecesBelow(places, kUserFiles, file);
+    return !pieces.empty() && !areNames(pieces);
 }
 
 Path placeInGame(const HistoryPlaces& places, const KeptPlace& place) {

@@ -44,6 +44,10 @@ std::optional<KeptPlace> keptPlace(std::string_view utf8);
 // The place of a file by its full path; nothing for a file anywhere else.
 std::optional<KeptPlace> keptPlaceOf(const HistoryPlaces& places, const Path& file);
 
+// True for a sim or pet of the open game under a name that can't be kept: Windows takes the folder
+// "UserData4 " for "UserData4".
+bool isUnkeepableSim(const HistoryPlaces& places, const Path& file);
+
 // Where the file itself lies, and where its old bytes lie in the folder of a command. The forms of
 // the three kinds begin with different folders, so that no two files meet there.
 Path placeInGame(const HistoryPlaces& places, const KeptPlace& place);

@@ -68,6 +68,10 @@ bool isSamePlace(const Path& left, const Path& right) {
     return one && other && one->st_dev == other->st_dev && one->st_ino == other->st_ino;
 }
 
+bool isNameToItsEnd(std::string_view /*gameName*/) {
+    return true;
+}
+
 std::optional<std::string> rootOf(const std::string& path) {
     return path.starts_with('\\') ? std::optional<std::string>("") : std::nullopt;
 }

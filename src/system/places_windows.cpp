@@ -109,6 +109,10 @@ bool isSamePlace(const Path& left, const Path& right) {
     return Place(left.text()).isSameAs(Place(right.text()));
 }
 
+bool isNameToItsEnd(std::string_view gameName) {
+    return !gameName.ends_with('.') && !gameName.ends_with(' ');
+}
+
 std::optional<std::string> rootOf(const std::string& path) {
     const char letter = path.empty() ? '\0' : upperByte(path[0]);
     if (path.size() < 3 || letter < 'A' || letter > 'Z' || path[1] != ':' || path[2] != '\\') {

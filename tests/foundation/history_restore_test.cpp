@@ -457,6 +457,26 @@ TEST_F(HistoryRestoreTest, NoOtherMachineIsAsked) {
 }
 
 #ifndef _WIN32
+// The neighbourhood of nearly the same name is another one.
+TEST_F(HistoryRestoreTest, ANeighbourhoodWhoseNameEndsInABlankOrADotHasAWayBack) {
+    for (const std::string& name : {"UserData4 "s, "UserData4."s}) {
+        const std::string sim = "saves/" + name + "/Characters/user00001.iff";
+        folder.write("saves/UserData4/Characters/user00001.iff", "a neighbour's");
+        folder.write(sim, "first");
+        saveOver(folder.path(sim), "second");
+        const int number = history.entries().at(0).number;
+        EXPECT_EQ(inHistory(entry(number).folder + "/" + name + "/Characters/user00001.iff"),
+                  "first");
+        EXPECT_EQ(itemOf(number).step, RestoreStep::PutBack);
+        EXPECT_TRUE(restore(number));
+        EXPECT_EQ(folder.read(sim), "first");
+        EXPECT_EQ(folder.read("saves/UserData4/Characters/user00001.iff"), "a neighbour's");
+    }
+    history.setBounds({0, 0, 0});
+    history.prune();
+    EXPECT_EQ(folders().size(), 1U);
+}
+
 TEST_F(HistoryRestoreTest, AGameUnderAnotherNameIsTheSameGame) {
     std::filesystem::create_directory_symlink(folder.root() / "saves", folder.root() / "alias");
     HistoryAbout about;

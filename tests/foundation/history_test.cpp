@@ -308,6 +308,25 @@ TEST_F(HistoryTest, AYesToAFileWithoutAPlaceHoldsForThatFileAlone) {
     EXPECT_EQ(history.entries().size(), 1U);
 }
 
+// A step on a sim is never without a way back unless the person says so, once for the command.
+TEST_F(HistoryTest, ASimWhoseNameCannotBeKeptIsAskedFor) {
+    std::vector<KeepResult> asked;
+    bool reply = false;
+    HistoryCommand repair(history, "Repair", "", [&](const KeepResult& result) {
+        asked.push_back(result);
+        return reply;
+    });
+    const Path saves = folder.path("saves");
+    EXPECT_FALSE(repair.keepOrAsk(saves + "\\UserData?\\Characters\\user1.iff", stateOf("x")));
+    reply = true;
+    EXPECT_TRUE(repair.keepOrAsk(saves + "\\UserData?\\Characters\\user1.iff", stateOf("x")));
+    EXPECT_TRUE(repair.keepOrAsk(saves + "\\UserData?\\Characters\\user2.iff", stateOf("x")));
+    ASSERT_EQ(asked.size(), 2U);
+    EXPECT_EQ(asked[0].answer, KeepAnswer::CantWrite);
+    EXPECT_EQ(asked[0].failure.number(), 52);
+    EXPECT_FALSE(folder.exists("program/History"));
+}
+
 TEST_F(HistoryTest, WithoutAnybodyToAskTheCommandEnds) {
     HistoryCommand save(history, "Save", "", {});
     EXPECT_FALSE(save.keepOrAsk(folder.path("elsewhere.iff"), stateOf("x")));
