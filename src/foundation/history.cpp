@@ -1,5 +1,6 @@
 #include "foundation/history.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -11,7 +12,7 @@
 namespace marlowick {
 namespace {
 
-int newestNumber(const Path& history) {
+std::int64_t newestNumber(const Path& history) {
     const std::vector<HistoryFolder> folders = historyFolders(history);
     return folders.empty() ? 0 : folders.front().number;
 }
@@ -68,11 +69,10 @@ std::string History::openFolder(std::string_view command, std::string_view simNa
     if (!files().folderExists(places_.history)) {
         files().makeFolder(places_.history);
     }
-    const int newest = newestNumber(places_.history);
-    if (newest >= kLastHistoryNumber) {
-        throw RuntimeError(error::kOverflow);
-    }
-    std::string folder = historyFolderName(newest + 1, localTime(), command, simName);
+    const std::int64_t newest = newestNumber(places_.history);
+    // Only a person's own folder has the last number, and mustn't be in the way.
+    const std::int64_t number = std::min(newest + 1, kLastHistoryNumber);
+    std::string folder = historyFolderName(number, localTime(), command, simName);
     const Path path = places_.history.child(folder);
     files().makeFolder(path);
     if (newest == 0 && historyFolders(places_.history).size() != 1) {

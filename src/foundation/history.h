@@ -7,6 +7,7 @@
 // trusted: a folder or a text in it may be a person's own, cut short, or made to do harm.
 #pragma once
 
+#include <cstdint>
 #include <set>
 #include <string>
 #include <string_view>
@@ -21,7 +22,7 @@ namespace marlowick {
 
 // One command, as its folder tells of it.
 struct HistoryEntry {
-    int number = 0;
+    std::int64_t number = 0;
     std::string folder;       // its name in "History", a game text
     std::string when;         // local, "2026-11-21 14.15.33"; empty if the name doesn't tell
     bool isReadable = false;  // else about is empty
@@ -53,8 +54,8 @@ class History {
     void prune();
 
     // Makes the folder of a new command, with a number above all others, and gives its name in
-    // "History", which is made if it is missing. Raises what the file system raises, and 6 behind
-    // the last number. Pruning leaves the folder alone until it is closed. For HistoryCommand.
+    // "History", which is made if it is missing. Raises what the file system raises. Pruning leaves
+    // the folder alone until it is closed. For HistoryCommand.
     std::string openFolder(std::string_view command, std::string_view simName);
     void closeFolder(const std::string& folder);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <memory>
 #include <utility>
 
@@ -14,7 +13,7 @@ namespace marlowick {
 namespace {
 
 constexpr std::size_t kFewestDigits = 6;
-constexpr std::size_t kMostDigits = 9;
+constexpr std::size_t kMostDigits = 18;
 constexpr std::size_t kLongestName = 40;
 constexpr std::string_view kTimeForm = "dddd-dd-dd dd.dd.dd";
 
@@ -73,24 +72,24 @@ void walk(const Path& folder, const std::string& way, int depth, const Work& wor
 
 }  // namespace
 
-std::string historyFolderName(int number, const std::tm& time, std::string_view command,
+std::string historyFolderName(std::int64_t number, const std::tm& time, std::string_view command,
                               std::string_view simName) {
-    std::array<char, 16> digits{};
-    std::snprintf(digits.data(), digits.size(), "%06d", number);
+    std::string digits = std::to_string(number);
+    digits.insert(0, kFewestDigits - std::min(digits.size(), kFewestDigits), '0');
     std::array<char, 32> stamp{};
     std::strftime(stamp.data(), stamp.size(), "%Y-%m-%d %H.%M.%S", &time);
-    std::string name = std::string(digits.data()) + " " + stamp.data();
+    std::string name = digits + " " + stamp.data();
     for (const std::string& part : {cleaned(command), cleaned(simName)}) {
         name += part.empty() ? part : " " + part;
     }
     return name;
 }
 
-int historyNumber(std::string_view folder) {
+std::int64_t historyNumber(std::string_view folder) {
     const std::size_t digits = digitsOf(folder);
     const bool isOne = digits >= kFewestDigits && digits <= kMostDigits &&
                        folder.substr(digits, 1) == " " && isFileName(folder);
-    return isOne ? std::stoi(std::string(folder.substr(0, digits))) : 0;
+    return isOne ? std::stoll(std::string(folder.substr(0, digits))) : 0;
 }
 
 std::string historyTime(std::string_view folder) {
@@ -105,7 +104,7 @@ std::string historyTime(std::string_view folder) {
 std::vector<HistoryFolder> historyFolders(const Path& history) {
     std::vector<HistoryFolder> folders;
     for (FolderEntry& entry : files().list(history)) {
-        const int number = entry.isFolder ? historyNumber(entry.name) : 0;
+        const std::int64_t number = entry.isFolder ? historyNumber(entry.name) : 0;
         if (number > 0) {
             folders.push_back({number, std::move(entry.name)});
         }

@@ -38,23 +38,26 @@ std::int64_t sum(std::int64_t left, std::int64_t right) {
     return right > kMost - left ? kMost : left + right;
 }
 
-// Taken from the newest command to the oldest.
+// Taken from the newest command to the oldest. The newest stays, and so does the newest that can be
+// read: what can't be must not be all that is left.
 class Bound {
   public:
     explicit Bound(std::int64_t bytes) : bytes_(bytes) {}
 
     // Whether the next command is too much; those behind it are then too.
-    bool isTooMuch(std::int64_t bytes) {
+    bool isTooMuch(std::int64_t bytes, bool isReadable) {
         total_ = sum(total_, bytes);
-        const bool tooMuch = !isNewest_ && total_ > bytes_;
+        const bool stays = isNewest_ || (isReadable && isNewestReadable_);
         isNewest_ = false;
-        return tooMuch;
+        isNewestReadable_ = isNewestReadable_ && !isReadable;
+        return !stays && total_ > bytes_;
     }
 
   private:
     std::int64_t bytes_;
     std::int64_t total_ = 0;
     bool isNewest_ = true;
+    bool isNewestReadable_ = true;
 };
 
 void removeEntry(const Path& entry) {
@@ -86,18 +89,8 @@ bool hasKeptFiles(const Path& entry) {
     return has;
 }
 
-// Of a command that ended in the middle of its first record: it replaced nothing, but what it kept
-// counts like any other old bytes, and goes when it is the oldest.
-std::int64_t keptBytes(const Path& entry) {
-    std::int64_t bytes = 0;
-    forEachKeptFile(
-        entry, [&](const Path& file) { bytes = sum(bytes, sizeOnDisk(file).value_or(0)); },
-        [](const Path& /*folder*/) {});
-    return bytes;
-}
-
 // A folder without "about.json", or with an empty one, is what an end in the middle of making or
-// taking away left. One that holds anything else may be a person's, and stays.
+// taking away left. One without it that holds anything else may be a person's, and stays.
 void clearLeftover(const Path& entry) {
     if (!isRealFolder(entry)) {
         return;
@@ -118,6 +111,21 @@ void clearLeftover(const Path& entry) {
 
 }  // namespace
 
+// Of a command that ended in the middle of its first record, it replaced nothing, and of one whose
+// "about.json" can't be read, perhaps since the machine stopped: what it kept counts like any other
+// old bytes, and goes when it is the oldest.
+void HistoryPruner::weighKeptFiles(const Path& entry, const Path& game, Weight& weight) {
+    const auto weighFile = [&](const Path& file) {
+        weight.bytes = sum(weight.bytes, sizeOnDisk(file).value_or(0));
+        const std::string name = file.text().substr(entry.text().size());
+        const std::optional<KeptPlace> place = keptPlace(name.substr(1));
+        if (place && place->kind == KeptKind::Archive) {
+            weight.archives.push_back(upperCase(utf8ToGameText(game.text() + name)));
+        }
+    };
+    forEachKeptFile(entry, weighFile, [](const Path& /*folder*/) {});
+}
+
 HistoryPruner::Weight HistoryPruner::weigh(const Path& history, const std::string& folder,
                                            bool measure) {
     const Path entry = history.child(folder);
@@ -128,11 +136,12 @@ HistoryPruner::Weight HistoryPruner::weigh(const Path& history, const std::strin
     const std::optional<HistoryAbout> about = historyAbout(entry);
     weight.isReadable = about.has_value();
     if (!about) {
+        weighKeptFiles(entry, {}, weight);
         return weight;
     }
     weight.isEmpty = about->records.empty() && (about->isWhole || !hasKeptFiles(entry));
     if (about->records.empty() && !weight.isEmpty) {
-        weight.bytes = keptBytes(entry);
+        weighKeptFiles(entry, about->game, weight);
     }
     for (const HistoryRecord& record : about->records) {
         if (!record.place) {
@@ -188,7 +197,8 @@ void HistoryPruner::prune(const Path& history, const HistoryBounds& bounds,
                 isOld = ++versions[archive] > bounds.versionsOfAnArchive && isOld;
             }
             Bound& bound = weight.archives.empty() ? ofFiles : ofArchives;
-            if (weight.isReadable && (weight.isEmpty || isOld || bound.isTooMuch(weight.bytes))) {
+            if (weight.aboutSize >= 0 &&
+                (weight.isEmpty || isOld || bound.isTooMuch(weight.bytes, weight.isReadable))) {
                 folders.push_back(weight.folder);
             }
         }

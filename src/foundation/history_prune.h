@@ -12,6 +12,7 @@
 namespace marlowick {
 
 // The oldest commands go first; of each of the two kinds the newest may be larger than its bound.
+// Those whose "about.json" can't be read weigh what they kept, and go with the others.
 struct HistoryBounds {
     std::int64_t files = 1LL << 30U;     // bytes of sims, pets and ensembles
     std::int64_t archives = 1LL << 30U;  // bytes of archives
@@ -29,7 +30,7 @@ class HistoryPruner {
     // What one command weighs.
     struct Weight {
         std::string folder;
-        std::int64_t aboutSize = 0;
+        std::int64_t aboutSize = 0;  // below 0: it has none, and is no command
         bool isReadable = false;
         bool isMeasured = false;  // bytes are those on the disk, not those that "about.json" tells
         std::int64_t bytes = 0;
@@ -39,6 +40,7 @@ class HistoryPruner {
 
     std::vector<Weight> weighed(const Path& history, const std::set<std::string>& open,
                                 bool measure);
+    static void weighKeptFiles(const Path& entry, const Path& game, Weight& weight);
     static Weight weigh(const Path& history, const std::string& folder, bool measure);
 
     // Of the commands that are kept, so that not each is read again for each command: checked

@@ -109,7 +109,7 @@ class LaterChanges {
 
   private:
     struct Change {
-        int number;
+        std::int64_t number;
         std::optional<FileState> after;
     };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -40,7 +41,7 @@ struct RestoreItem {
     bool isChangedSince = false;
     // The numbers of the later commands that changed the file, the newest first: what they did goes
     // back too.
-    std::vector<int> later;
+    std::vector<std::int64_t> later;
 };
 
 // What taking back the files of some records (indexes into the entry's, all of them for an empty

@@ -157,7 +157,7 @@ std::string restoreQuestion(const HistoryEntry& entry, const std::vector<Restore
         pathsOf(plan, [](const RestoreItem& item) {
             return changes(item.step) && item.step != RestoreStep::MakeAnew && item.isChangedSince;
         }));
-    std::set<int> later;
+    std::set<std::int64_t> later;
     for (const RestoreItem& item : plan) {
         if (changes(item.step)) {
             later.insert(item.later.begin(), item.later.end());

@@ -8,8 +8,8 @@ namespace {
 class HistoryPruneTest : public test::HistoryTest {
   protected:
     // The numbers of the commands that are kept, the newest first.
-    std::vector<int> numbers() const {
-        std::vector<int> numbers;
+    std::vector<std::int64_t> numbers() const {
+        std::vector<std::int64_t> numbers;
         for (const HistoryEntry& entry : history.entries()) {
             numbers.push_back(entry.number);
         }
@@ -38,7 +38,7 @@ class HistoryPruneTest : public test::HistoryTest {
         std::filesystem::create_directories(folder.program() / "ENS");
     }
 
-    using Numbers = std::vector<int>;
+    using Numbers = std::vector<std::int64_t>;
 };
 
 TEST_F(HistoryPruneTest, TheBoundsOfTheGameAreOneGibibyteEachAndTwoOfAnArchive) {
@@ -199,6 +199,58 @@ TEST_F(HistoryPruneTest, ACommandThatCannotBeReadStaysWithAllItsBytes) {
     }
 }
 
+// A machine that stops may leave an empty file, and a disk that fails anything.
+TEST_F(HistoryPruneTest, ACommandThatCannotBeReadGoesWhenItIsTheOldest) {
+    makeGame();
+    folder.write("program/History/000001 empty/about.json", "");
+    folder.write("program/History/000001 empty/UserData/Characters/user00001.iff", "0123456789");
+    folder.write("program/History/000002 broken/about.json", "rubbish");
+    folder.write("program/History/000002 broken/ENS/x.ens", "0123456789");
+    folder.write("program/History/000003 none/ENS/x.ens", "a person's");
+    save(simPath(1), {10, 10});
+    prune({40, 0, 0});
+    EXPECT_EQ(numbers(), (Numbers{5, 4, 2, 1}));
+    prune({39, 0, 0});
+    EXPECT_EQ(numbers(), (Numbers{5, 4, 2}));
+    EXPECT_FALSE(folder.exists("program/History/000001 empty"));
+    prune({29, 0, 0});
+    EXPECT_EQ(numbers(), (Numbers{5, 4}));
+    EXPECT_FALSE(folder.exists("program/History/000002 broken"));
+    prune({0, 0, 0});
+    EXPECT_EQ(numbers(), Numbers{5});
+    EXPECT_EQ(inHistory("000003 none/ENS/x.ens"), "a person's");
+}
+
+TEST_F(HistoryPruneTest, ACommandThatCannotBeReadIsNeverAllThatStays) {
+    makeGame();
+    save(simPath(1), {10, 10});
+    folder.write("program/History/000003 empty/about.json", "");
+    folder.write("program/History/000003 empty/UserData/Characters/user00001.iff",
+                 std::string(500, 'x'));
+    prune({50, 0, 0});
+    EXPECT_EQ(numbers(), (Numbers{3, 2}));
+    save(simPath(1), {10});
+    prune({50, 0, 0});
+    EXPECT_EQ(numbers(), Numbers{4});
+}
+
+TEST_F(HistoryPruneTest, AnArchivesCommandThatCannotBeReadCountsAmongArchives) {
+    makeGame();
+    save(simPath(1), {10, 10});
+    save(archivePath("a.far"), {50});
+    for (const std::string name : {"000004 empty", "000005 empty", "000006 empty"}) {
+        folder.write("program/History/" + name + "/about.json", "");
+        folder.write("program/History/" + name + "/gamedata/textures/a.far", std::string(100, 'x'));
+    }
+    prune({20, 350, 3});
+    EXPECT_EQ(numbers(), (Numbers{6, 5, 4, 3, 2, 1}));
+    prune({20, 350, 2});
+    EXPECT_EQ(numbers(), (Numbers{6, 5, 3, 2, 1}));
+    prune({20, 199, 2});
+    EXPECT_EQ(numbers(), (Numbers{6, 3, 2, 1}));
+    EXPECT_EQ(folders().size(), 4U);
+}
+
 // A kill between the steps of a command's beginning leaves these.
 TEST_F(HistoryPruneTest, TheBeginningsOfACommandThatKeptNothingGo) {
     makeGame();
@@ -228,6 +280,21 @@ TEST_F(HistoryPruneTest, WhatACommandKeptBeforeItsRecordWasCutCountsAndGoes) {
 }
 
 #ifndef _WIN32
+// What it kept is the way back of a step that isn't done yet.
+TEST_F(HistoryPruneTest, ACommandThatRunsIsNotTakenAwayEvenIfItCannotBeRead) {
+    makeGame();
+    history.setBounds({0, 0, 0});
+    folder.write(simName(1), "old");
+    HistoryCommand running(history, "Repair", "", {});
+    EXPECT_EQ(running.keep(simPath(1), stateOf("new")).answer, KeepAnswer::Kept);
+    folder.write("program/History/" + folders().at(0) + "/about.json", "");
+    folder.write(simName(2), "old");
+    saveOver(simPath(2), "new");
+    EXPECT_EQ(inHistory(folders().at(0) + "/UserData/Characters/user00001.iff"), "old");
+    running.end();
+    EXPECT_EQ(numbers(), Numbers{2});
+}
+
 TEST_F(HistoryPruneTest, HistoryItselfMayBeKeptOnAnotherDiskThroughALink) {
     makeGame();
     std::filesystem::create_directory(folder.root() / "elsewhere");

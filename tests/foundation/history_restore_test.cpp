@@ -26,7 +26,7 @@ class HistoryRestoreTest : public test::HistoryTest {
         std::filesystem::create_directories(folder.program() / "ENS");
     }
 
-    HistoryEntry entry(int number) const {
+    HistoryEntry entry(std::int64_t number) const {
         for (HistoryEntry& entry : history.entries()) {
             if (entry.number == number) {
                 return entry;
@@ -36,17 +36,17 @@ class HistoryRestoreTest : public test::HistoryTest {
         return {};
     }
 
-    std::vector<RestoreItem> planOf(int number, bool movedToo = false) const {
+    std::vector<RestoreItem> planOf(std::int64_t number, bool movedToo = false) const {
         return restorePlan(history, entry(number), history.entries(), {}, movedToo);
     }
-    RestoreItem itemOf(int number) const {
+    RestoreItem itemOf(std::int64_t number) const {
         const std::vector<RestoreItem> plan = planOf(number);
         EXPECT_EQ(plan.size(), 1U);
         return plan.empty() ? RestoreItem() : plan[0];
     }
 
     // Takes a whole command back, as a command; false if it ended early.
-    bool restore(int number, const GoOnWithout& goOnWithout = {}) {
+    bool restore(std::int64_t number, const GoOnWithout& goOnWithout = {}) {
         HistoryCommand command(history, "Restore", "", goOnWithout);
         for (const RestoreItem& item : planOf(number)) {
             if (!restoreFile(item, {command})) {
@@ -132,11 +132,11 @@ TEST_F(HistoryRestoreTest, TellsWhichLaterCommandsGoBackWithIt) {
     saveOver(simPath(2), "other second");
     saveOver(simPath(1), "third");
     saveOver(simPath(1), "fourth");
-    EXPECT_EQ(itemOf(1).later, (std::vector<int>{4, 3}));
+    EXPECT_EQ(itemOf(1).later, (std::vector<std::int64_t>{4, 3}));
     EXPECT_FALSE(itemOf(1).isChangedSince);
-    EXPECT_EQ(itemOf(3).later, std::vector<int>{4});
-    EXPECT_EQ(itemOf(4).later, std::vector<int>{});
-    EXPECT_EQ(itemOf(2).later, std::vector<int>{});
+    EXPECT_EQ(itemOf(3).later, std::vector<std::int64_t>{4});
+    EXPECT_EQ(itemOf(4).later, std::vector<std::int64_t>{});
+    EXPECT_EQ(itemOf(2).later, std::vector<std::int64_t>{});
     folder.write(simName(1), "second");
     EXPECT_TRUE(itemOf(1).isChangedSince);
 }
@@ -423,7 +423,7 @@ TEST_F(HistoryRestoreTest, OfAMovedGameTheLaterCommandsInItsNewPlaceCount) {
     const std::vector<RestoreItem> plan = planOf(1, true);
     ASSERT_EQ(plan.size(), 1U);
     EXPECT_EQ(plan[0].step, RestoreStep::PutBack);
-    EXPECT_EQ(plan[0].later, std::vector<int>{2});
+    EXPECT_EQ(plan[0].later, std::vector<std::int64_t>{2});
     EXPECT_FALSE(plan[0].isChangedSince);
 }
 
@@ -464,7 +464,7 @@ TEST_F(HistoryRestoreTest, ANeighbourhoodWhoseNameEndsInABlankOrADotHasAWayBack)
         folder.write("saves/UserData4/Characters/user00001.iff", "a neighbour's");
         folder.write(sim, "first");
         saveOver(folder.path(sim), "second");
-        const int number = history.entries().at(0).number;
+        const std::int64_t number = history.entries().at(0).number;
         EXPECT_EQ(inHistory(entry(number).folder + "/" + name + "/Characters/user00001.iff"),
                   "first");
         EXPECT_EQ(itemOf(number).step, RestoreStep::PutBack);

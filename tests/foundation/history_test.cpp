@@ -18,8 +18,9 @@ TEST(HistoryFolderNameTest, HasNumberTimeCommandAndName) {
     EXPECT_EQ(historyFolderName(123, timeOf(21, 14), "Save", "Mara Quill"),
               "000123 2026-11-21 14.15.33 Save Mara Quill");
     EXPECT_EQ(historyFolderName(7, timeOf(1, 0), "Save", ""), "000007 2026-11-01 00.15.33 Save");
-    EXPECT_EQ(historyFolderName(123456789, timeOf(21, 14), "", ""),
-              "123456789 2026-11-21 14.15.33");
+    EXPECT_EQ(historyFolderName(999999, timeOf(21, 14), "", ""), "999999 2026-11-21 14.15.33");
+    EXPECT_EQ(historyFolderName(1000000000, timeOf(21, 14), "", ""),
+              "1000000000 2026-11-21 14.15.33");
 }
 
 // Whatever a sim is called, the name is one that any system takes for a folder's.
@@ -58,10 +59,12 @@ TEST(HistoryFolderNameTest, TakesOfANameWhatAFolderMayBeCalled) {
 
 TEST(HistoryFolderNameTest, OnlySuchAFolderIsACommands) {
     EXPECT_EQ(historyNumber("000123 x"), 123);
-    EXPECT_EQ(historyNumber("999999999 x"), 999999999);
-    for (const char* name :
-         {"", "123 x", "00012 x", "000123", "000123x", "0000000123 x", "9999999999 x", "x000123 y",
-          " 000123 y", "-00123 y", "000000 x", "000123 x?", "000123 x:y"}) {
+    EXPECT_EQ(historyNumber("0000000123 x"), 123);
+    EXPECT_EQ(historyNumber("1000000000 x"), 1000000000);
+    EXPECT_EQ(historyNumber("999999999999999999 x"), 999999999999999999);
+    for (const char* name : {"", "123 x", "00012 x", "000123", "000123x", "1000000000000000000 x",
+                             "00000000000000000123 x", "99999999999999999999 x", "x000123 y",
+                             " 000123 y", "-00123 y", "000000 x", "000123 x?", "000123 x:y"}) {
         EXPECT_EQ(historyNumber(name), 0) << name;
     }
     EXPECT_EQ(historyTime("000123 2026-11-21 14.15.33"), "2026-11-21 14.15.33");
@@ -170,13 +173,45 @@ TEST_F(HistoryTest, ANewCommandComesBehindTheHighestNumberThatIsThere) {
     EXPECT_TRUE(folder.exists("program/History/000042 2026-11-21 14.15.33 Save/about.json"));
 }
 
-TEST_F(HistoryTest, BehindTheLastNumberNothingCanBeKept) {
+// By the number alone, however many digits it has.
+TEST_F(HistoryTest, TheNumberGrowsBeyondItsDigits) {
+    folder.write("program/History/999999 mine/about.json", "{}");
     folder.write("program/History/999999999 mine/about.json", "{}");
     folder.write(simName(1), "1");
-    HistoryCommand save(history, "Save", "", {});
-    const KeepResult result = save.keep(simPath(1), stateOf("2"));
-    EXPECT_EQ(result.answer, KeepAnswer::CantWrite);
-    EXPECT_EQ(result.failure.number(), 6);
+    saveOver(simPath(1), "2");
+    saveOver(simPath(1), "3");
+    std::vector<std::string> told;
+    for (const HistoryEntry& entry : history.entries()) {
+        told.push_back(entry.folder);
+    }
+    EXPECT_EQ(told, (std::vector<std::string>{"1000000001 2026-11-21 14.15.33 Save",
+                                              "1000000000 2026-11-21 14.15.33 Save",
+                                              "999999999 mine", "999999 mine"}));
+    EXPECT_EQ(history.entries().at(0).when, "2026-11-21 14.15.33");
+    history.setBounds({1, 0, 0});
+    history.prune();
+    EXPECT_EQ(folders(), std::vector<std::string>{"1000000001 2026-11-21 14.15.33 Save"});
+}
+
+// A person's own folders; whatever they are called, saves are kept.
+TEST_F(HistoryTest, AbsurdNumbersAreNotInTheWay) {
+    folder.write("program/History/99999999999999999999 x/about.json", "{}");
+    folder.write(simName(1), "1");
+    saveOver(simPath(1), "2");
+    EXPECT_TRUE(folder.exists("program/History/000001 2026-11-21 14.15.33 Save/about.json"));
+    folder.write("program/History/999999999999999999 mine/about.json", "{}");
+    setClock([] { return timeOf(21, 15); });
+    saveOver(simPath(1), "3");
+    setClock([] { return timeOf(21, 16); });
+    saveOver(simPath(1), "4");
+    std::vector<std::string> told;
+    for (const HistoryEntry& entry : history.entries()) {
+        told.push_back(entry.folder);
+    }
+    EXPECT_EQ(told, (std::vector<std::string>{"999999999999999999 mine",
+                                              "999999999999999999 2026-11-21 16.15.33 Save",
+                                              "999999999999999999 2026-11-21 15.15.33 Save",
+                                              "000001 2026-11-21 14.15.33 Save"}));
 }
 
 TEST_F(HistoryTest, WhatDoesNotChangeIsNotKept) {
