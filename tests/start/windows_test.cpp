@@ -9,6 +9,8 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <filesystem>
+#include <optional>
+#include <string>
 
 #include "browser/frmMain.h"
 #include "foundation/error_trap.h"
@@ -81,14 +83,22 @@ TEST_F(OnlyCopyTest, AFolderThatMayNotBeWrittenIsNoExcuse) {
 // The program itself, in a folder of its own, on no screen.
 class RunningCopy {
   public:
-    explicit RunningCopy(const test::TestFolder& folder) {
+    // told: the file that gets the text of its first message, which is answered with Enter; empty
+    // if nobody answers.
+    explicit RunningCopy(const test::TestFolder& folder, const std::string& told = {}) {
         const std::filesystem::path program = folder.program() / "Marlowick";
-        std::filesystem::copy_file(MARLOWICK_PROGRAM, program,
-                                   std::filesystem::copy_options::overwrite_existing);
+        if (!std::filesystem::exists(program)) {
+            std::filesystem::copy_file(MARLOWICK_PROGRAM, program);
+        }
         QProcessEnvironment own = QProcessEnvironment::systemEnvironment();
         own.insert("QT_QPA_PLATFORM", "offscreen");
         own.insert("HOME", QString::fromStdString(folder.root().string()));
         own.insert("XDG_CONFIG_HOME", QString::fromStdString(folder.root().string()));
+        if (!told.empty()) {
+            own.insert("QT_PLUGIN_PATH", MARLOWICK_TEST_PLUGINS);
+            own.insert("QT_QPA_GENERIC_PLUGINS",
+                       QString::fromStdString("answering:" + (folder.root() / told).string()));
+        }
         process_.setProcessEnvironment(own);
         process_.start(QString::fromStdString(program.string()), QStringList());
         EXPECT_TRUE(process_.waitForStarted());
@@ -99,7 +109,17 @@ class RunningCopy {
     RunningCopy(const RunningCopy&) = delete;
     RunningCopy& operator=(const RunningCopy&) = delete;
 
-    bool isRunning() const { return process_.state() == QProcess::Running; }
+    bool isRunning() {
+        process_.waitForFinished(0);
+        return process_.state() == QProcess::Running;
+    }
+    // What it ended with by itself; nothing if it goes on for half a minute.
+    std::optional<int> exitCode() {
+        const bool isOver = process_.waitForFinished(30000);
+        return isOver && process_.exitStatus() == QProcess::NormalExit
+                   ? std::optional(process_.exitCode())
+                   : std::nullopt;
+    }
     // At once, without a chance to clear anything away.
     void kill() {
         process_.kill();
@@ -109,6 +129,18 @@ class RunningCopy {
   private:
     QProcess process_;
 };
+
+TEST_F(OnlyCopyTest, ASecondRealCopyEndsBehindItsMessageAndTheFirstGoesOn) {
+    RunningCopy first(folder);
+    RunningCopy second(folder, "told.txt");
+    EXPECT_EQ(second.exitCode(), 0);
+    EXPECT_EQ(folder.read("told.txt"),
+              "Already Running\nMarlowick is running already, from the folder\n" +
+                  folder.program().string() +
+                  "\nTwo at a time would mix up their files. Please use the one that is open.");
+    EXPECT_TRUE(first.isRunning());
+    EXPECT_EQ(lockFolder(ProgramFolder).answer, LockAnswer::HeldByOther);
+}
 
 TEST_F(OnlyCopyTest, ARealCopyLocksTheFolderUntilItIsKilled) {
     RunningCopy first(folder);
