@@ -1,7 +1,6 @@
 #include "browser/frmSetPath.h"
 
 #include <QLayout>
-#include <QScreen>
 
 #include "foundation/open_game.h"
 #include "system/files.h"
@@ -73,8 +72,8 @@ void frmSetPath::Form_Load() {
         showNeighbourhoods(chosen, true);
     }
     listGames();
-    // On a small screen the window takes what there is inside of a frame, and what it needs.
-    const QSize fitting = size().boundedTo(screen()->availableSize() - QSize(16, 40));
+    // On a small screen the window takes what there is, and what it needs.
+    const QSize fitting = sizeOnScreen(*this);
     resize(fitting.expandedTo({0, layout()->totalMinimumHeightForWidth(fitting.width())}));
     ui->txtLocation->selectAll();
     ui->txtLocation->setFocus();

@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -96,8 +95,7 @@ frmManageFARs::~frmManageFARs() = default;
 
 void frmManageFARs::buildControls() {
     ui->setupUi(this);
-    // The largest of the windows: on a small screen it takes what there is inside of a frame.
-    resize(size().boundedTo(screen()->availableSize() - QSize(16, 40)));
+    resize(sizeOnScreen(*this));
     mudtEdit = {};
     ui->picError->setPicture(brokenFileCard({96, 96}));
     QSizePolicy policy = ui->picStatus->sizePolicy();

@@ -162,6 +162,7 @@ bool frmHistory::showOf(const Editor& editor) {
 
 void frmHistory::buildControls() {
     ui->setupUi(this);
+    resize(sizeOnScreen(*this));
     setEscapeButton(ui->cmdClose);
     for (ClickList* list : {ui->lstEntries, ui->lstFiles}) {
         list->setIconSize({kFaceSize, kFaceSize});

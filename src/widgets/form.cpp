@@ -6,6 +6,7 @@
 #include <QLayout>
 #include <QList>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <cstdlib>
 #include <utility>
@@ -46,6 +47,10 @@ void setBottomForm(FormEvents* form) {
 
 QWidget* frontWindow() {
     return formStack().isEmpty() ? nullptr : dynamic_cast<QWidget*>(formStack().last());
+}
+
+QSize sizeOnScreen(const QWidget& window) {
+    return window.size().boundedTo(window.screen()->availableSize() - QSize(16, 40));
 }
 
 void FormEvents::onClick(QAbstractButton* button, std::string event,

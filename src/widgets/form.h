@@ -44,6 +44,10 @@ void setBottomForm(FormEvents* form);
 // The window on top of the stack; nullptr before the first one.
 QWidget* frontWindow();
 
+// The size of a window that isn't shown yet; on a small screen no more than that has room for
+// inside of a frame and beside a task bar.
+QSize sizeOnScreen(const QWidget& window);
+
 // Base of the modal windows. The object lives as long as the program and keeps its public
 // properties; each showing starts with fresh controls.
 class ModalForm : public QDialog, public FormEvents {

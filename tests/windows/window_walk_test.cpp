@@ -458,25 +458,41 @@ TEST_F(WindowWalkTest, Pet) {
 }
 
 TEST_F(WindowWalkTest, EarlierVersions) {
+    const std::string longName = std::string(90, 'e') + ".ENS";
     const auto walk = [](QWidget& window) {
         look(window);
+        EXPECT_LE(window.height(), window.screen()->availableSize().height());
         EXPECT_EQ(tabOrder(window, "txtFilter"),
                   (QStringList{"txtFilter", "lstEntries", "lstFiles", "spnFiles", "spnArchives",
                                "spnVersions", "cmdRestore", "cmdClose"}));
         window.resize(window.minimumSizeHint());
         look(window);
+        // What a screen of 1366 to 768 has room for at twice the size, with a frame and a task bar.
+        const QSize small(667, 344);
+        EXPECT_LE(window.minimumSizeHint().width(), small.width());
+        EXPECT_LE(window.minimumSizeHint().height(), small.height());
+        window.resize(small);
+        find<QListWidget>(window, "lstEntries")->setCurrentRow(2);
+        EXPECT_FALSE(find<QLabel>(window, "lblState")->text().isEmpty());
+        look(window);
+        EXPECT_TRUE(window.rect().contains(find<QPushButton>(window, "cmdClose")->geometry()));
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     };
-    folder.write("program/ENS/" + std::string(90, 'e') + ".ENS", "old");
+    folder.write("program/ENS/" + longName, "old");
     {
-        HistoryCommand command(earlierVersions(), "Delete ensemble", std::string(90, 'e') + ".ENS",
-                               {});
-        ASSERT_TRUE(
-            command.keepOrAsk(ensembleFolder().child(std::string(90, 'e') + ".ENS"), std::nullopt));
+        HistoryCommand command(earlierVersions(), "Delete ensemble", longName, {});
+        ASSERT_TRUE(command.keepOrAsk(ensembleFolder().child(longName), std::nullopt));
     }
+    folder.write("program/History/000002 other/about.json",
+                 "{\"version\":1,\"command\":\"Save\",\"name\":\"Bob\",\"game\":\"//far/game\","
+                 "\"neighbourhoods\":\"//far/saves\",\"files\":[{\"path\":"
+                 "\"UserData/Characters/user00001.iff\",\"before\":null,\"after\":{\"size\":3,"
+                 "\"sha256\":\"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad\""
+                 "}}]}");
     script.whenShown("frmHistory", walk);
     theWindow<frmHistory>().showAll();
+    EXPECT_TRUE(script.isDone());
 }
 
 TEST_F(WindowWalkTest, Ensembles) {
