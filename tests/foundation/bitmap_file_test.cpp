@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "support/bitmap_builder.h"
 #include "support/counting_files.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
@@ -12,27 +13,11 @@
 namespace marlowick {
 namespace {
 
+using test::BitmapHead;
+using test::bitmapHead;
 using test::errorOf;
 using test::little16;
 using test::little32;
-
-struct Head {
-    unsigned width = 3;
-    unsigned height = 2;
-    unsigned depth = 24;
-    unsigned compression = 0;
-    unsigned offset = 54;
-    unsigned size = 40;
-    unsigned colours = 0;
-};
-
-// 54 bytes; every field that states a size in bytes is wrong.
-std::string headOf(const Head& head) {
-    return "BM" + little32(1) + little32(0) + little32(head.offset) + little32(head.size) +
-           little32(head.width) + little32(head.height) + little16(1) + little16(head.depth) +
-           little32(head.compression) + little32(77) + little32(0) + little32(0) +
-           little32(head.colours) + little32(0);
-}
 
 class BitmapFileTest : public ::testing::Test {
   protected:
@@ -46,8 +31,8 @@ class BitmapFileTest : public ::testing::Test {
     }
 
     // The bytes behind the head: so many are enough, and one less isn't.
-    void expectNeeded(const Head& head, std::size_t bytes) {
-        const std::string file = headOf(head) + std::string(bytes, 'x');
+    void expectNeeded(const BitmapHead& head, std::size_t bytes) {
+        const std::string file = bitmapHead(head) + std::string(bytes, 'x');
         EXPECT_EQ(failureOf(file), 0) << bytes;
         EXPECT_EQ(failureOf(file.substr(0, file.size() - 1)), 481) << bytes;
     }
@@ -56,22 +41,23 @@ class BitmapFileTest : public ::testing::Test {
 };
 
 TEST_F(BitmapFileTest, TheRowsEndABitmapWhateverItsSizesSay) {
-    const std::string bitmap = headOf({}) + "row one..pad" + "row two..pad";
+    const std::string bitmap = bitmapHead({}) + "row one..pad" + "row two..pad";
     EXPECT_EQ(read(bitmap), bitmap);
     EXPECT_EQ(read(bitmap + std::string(100, 'x')), bitmap);
 }
 
 TEST_F(BitmapFileTest, TheLastRowMayLackItsPadAndNothingElse) {
-    const std::string rows = headOf({}) + "row one..pad" + "row two..";
+    const std::string rows = bitmapHead({}) + "row one..pad" + "row two..";
     EXPECT_EQ(read(rows), rows + std::string(3, '\0'));
     EXPECT_EQ(read(rows + "p"), rows + "p" + std::string(2, '\0'));
     EXPECT_EQ(failureOf(rows.substr(0, rows.size() - 1)), 481);
 }
 
 TEST_F(BitmapFileTest, OnlyTheFirstBytesCountIfToldSo) {
-    const std::string bitmap = headOf({}) + "row one..pad" + "row two..pad";
+    const std::string bitmap = bitmapHead({}) + "row one..pad" + "row two..pad";
     EXPECT_EQ(read(bitmap + "old rows", 78), bitmap);
-    EXPECT_EQ(read(bitmap, 75), headOf({}) + "row one..pad" + "row two.." + std::string(3, '\0'));
+    EXPECT_EQ(read(bitmap, 75),
+              bitmapHead({}) + "row one..pad" + "row two.." + std::string(3, '\0'));
     EXPECT_EQ(failureOf(bitmap, 74), 481);
     EXPECT_EQ(failureOf(bitmap, 0), 481);
 }
@@ -92,23 +78,23 @@ TEST_F(BitmapFileTest, RowsBeginWhereTheHeadSaysButNeverWithinIt) {
     expectNeeded({.depth = 8, .offset = 0}, 1024 + 4 + 3);
     expectNeeded({.depth = 8, .offset = 0, .colours = 10}, 40 + 4 + 3);
     expectNeeded({.depth = 32, .compression = 3}, 12 + 12 + 12);
-    expectNeeded({.offset = 0, .size = 108}, 68 + 12 + 9);
-    EXPECT_EQ(failureOf(headOf({.offset = 0xFFFFFFFF}) + std::string(1000, 'x')), 481);
+    expectNeeded({.offset = 0, .headSize = 108}, 68 + 12 + 9);
+    EXPECT_EQ(failureOf(bitmapHead({.offset = 0xFFFFFFFF}) + std::string(1000, 'x')), 481);
 }
 
 // Some writers cut the palette and tell of all its colours.
 TEST_F(BitmapFileTest, APaletteEndsWhereTheRowsBegin) {
     constexpr unsigned kSixteen = 54 + 16 * 4;
     for (const unsigned stated : {0U, 17U, 256U, 0xFFFFFFFFU}) {
-        const Head head{.depth = 8, .offset = kSixteen, .colours = stated};
+        const BitmapHead head{.depth = 8, .offset = kSixteen, .colours = stated};
         expectNeeded(head, 16 * 4 + 4 + 3);
         const std::string bytes(16 * 4 + 8, 'x');
-        EXPECT_EQ(read(headOf(head) + bytes),
-                  headOf({.depth = 8, .offset = kSixteen, .colours = 16}) + bytes);
+        EXPECT_EQ(read(bitmapHead(head) + bytes),
+                  bitmapHead({.depth = 8, .offset = kSixteen, .colours = 16}) + bytes);
     }
-    const Head fewer{.depth = 8, .offset = kSixteen, .colours = 15};
-    EXPECT_EQ(read(headOf(fewer) + std::string(16 * 4 + 8, 'x')),
-              headOf(fewer) + std::string(16 * 4 + 8, 'x'));
+    const BitmapHead fewer{.depth = 8, .offset = kSixteen, .colours = 15};
+    EXPECT_EQ(read(bitmapHead(fewer) + std::string(16 * 4 + 8, 'x')),
+              bitmapHead(fewer) + std::string(16 * 4 + 8, 'x'));
 }
 
 TEST_F(BitmapFileTest, RowsFromTheTopDownCountAlike) {
@@ -123,21 +109,22 @@ TEST_F(BitmapFileTest, TheOldestBitmapsHaveAShortHead) {
 }
 
 TEST_F(BitmapFileTest, WhatHasNoRowsIsNoBitmap) {
-    for (const Head& head :
-         {Head{.width = 0}, Head{.height = 0}, Head{.width = 0xFFFFFFFD}, Head{.depth = 0},
-          Head{.depth = 99}, Head{.size = 16}, Head{.size = 0xFFFFFFFF},
-          Head{.width = 0x7FFFFFFF, .height = 0x7FFFFFFF}, Head{.height = 0x80000000}}) {
-        EXPECT_EQ(failureOf(headOf(head) + std::string(200, 'x')), 481);
+    for (const BitmapHead& head :
+         {BitmapHead{.width = 0}, BitmapHead{.height = 0}, BitmapHead{.width = 0xFFFFFFFD},
+          BitmapHead{.depth = 0}, BitmapHead{.depth = 99}, BitmapHead{.headSize = 16},
+          BitmapHead{.headSize = 0xFFFFFFFF}, BitmapHead{.width = 0x7FFFFFFF, .height = 0x7FFFFFFF},
+          BitmapHead{.height = 0x80000000}}) {
+        EXPECT_EQ(failureOf(bitmapHead(head) + std::string(200, 'x')), 481);
     }
     for (const char* content : {"", "BM", "BMx", "no picture at all, but a text of some length"}) {
         EXPECT_EQ(failureOf(content), 481) << content;
     }
-    EXPECT_EQ(failureOf(headOf({}).substr(0, 53)), 481);
-    EXPECT_EQ(failureOf("x" + headOf({}).substr(1) + std::string(200, 'x')), 481);
+    EXPECT_EQ(failureOf(bitmapHead({}).substr(0, 53)), 481);
+    EXPECT_EQ(failureOf("x" + bitmapHead({}).substr(1) + std::string(200, 'x')), 481);
 }
 
 TEST_F(BitmapFileTest, NoMoreIsReadThanTheRowsNeed) {
-    folder.write("a.bmp", headOf({}) + std::string(24, 'x'));
+    folder.write("a.bmp", bitmapHead({}) + std::string(24, 'x'));
     std::filesystem::resize_file(folder.root() / "a.bmp", 70U << 20U);
     test::CountingFiles counting;
     EXPECT_EQ(readBitmap(folder.path("a.bmp"), kWholeFile).size(), 78U);
@@ -145,7 +132,7 @@ TEST_F(BitmapFileTest, NoMoreIsReadThanTheRowsNeed) {
 }
 
 TEST_F(BitmapFileTest, RowsOfMoreThanCanBeShownAreNotRead) {
-    folder.write("a.bmp", headOf({.width = 10000, .height = 10000}));
+    folder.write("a.bmp", bitmapHead({.width = 10000, .height = 10000}));
     std::filesystem::resize_file(folder.root() / "a.bmp", 54 + 10000 * 30000);
     test::CountingFiles counting;
     EXPECT_EQ(errorOf([&] { readBitmap(folder.path("a.bmp"), kWholeFile); }), 481);
@@ -153,8 +140,8 @@ TEST_F(BitmapFileTest, RowsOfMoreThanCanBeShownAreNotRead) {
 }
 
 TEST_F(BitmapFileTest, ACompressedBitmapIsGivenAsFarAsItCouldReach) {
-    const Head head{.width = 3, .height = 2, .depth = 8, .compression = 1, .offset = 1078};
-    const std::string file = headOf(head) + std::string(1024, 'p') + "runs";
+    const BitmapHead head{.width = 3, .height = 2, .depth = 8, .compression = 1, .offset = 1078};
+    const std::string file = bitmapHead(head) + std::string(1024, 'p') + "runs";
     EXPECT_EQ(read(file), file);
     // Four bytes for each of 3 by 2 pixels, for each end of a row and for the end of all.
     EXPECT_EQ(read(file + std::string(1000, 'x')).size(), 1078U + 4 * 4 * 3);

@@ -7,33 +7,16 @@
 #include <iostream>
 
 #include "foundation/bitmap_file.h"
+#include "support/bitmap_builder.h"
 #include "support/error_recorder.h"
 #include "support/test_folder.h"
-#include "support/user_file_builder.h"
 #include "widgets/picture_box.h"
 
 namespace marlowick {
 namespace {
 
+using test::bitmapHead;
 using test::errorOf;
-using test::little16;
-using test::little32;
-
-struct Head {
-    unsigned width = 4;
-    unsigned height = 4;
-    unsigned depth = 24;
-    unsigned compression = 0;
-    unsigned offset = 54;
-    unsigned colours = 0;
-};
-
-std::string headOf(const Head& head) {
-    return "BM" + little32(0) + little32(0) + little32(head.offset) + little32(40) +
-           little32(head.width) + little32(head.height) + little16(1) + little16(head.depth) +
-           little32(head.compression) + little32(0) + little32(2835) + little32(2835) +
-           little32(head.colours) + little32(0);
-}
 
 class HostileBitmapsTest : public ::testing::Test {
   protected:
@@ -58,7 +41,7 @@ class HostileBitmapsTest : public ::testing::Test {
 };
 
 TEST_F(HostileBitmapsTest, AreTruncatedAnywhere) {
-    const std::string whole = headOf({}) + std::string(48, '\x40');
+    const std::string whole = bitmapHead({4, 4}) + std::string(48, '\x40');
     ASSERT_EQ(errorOfShowing(whole), 0);
     EXPECT_EQ(image.size(), QSize(4, 4));
     for (std::size_t length = 0; length < whole.size(); ++length) {
@@ -72,7 +55,7 @@ TEST_F(HostileBitmapsTest, TellOfHugeSizesInASmallFile) {
         for (const unsigned height : {0U, 1U, 4U, 32767U, 65536U, 1U << 20U, 0x7FFFFFFFU,
                                       0x80000000U, 0x80000001U, 0xFFFFFFFFU}) {
             const bool isSmall = width - 1 < 4U && (height - 1 < 4U || height == 0xFFFFFFFFU);
-            const std::string file = headOf({width, height}) + std::string(48, 'x');
+            const std::string file = bitmapHead({width, height}) + std::string(48, 'x');
             EXPECT_EQ(errorOfShowing(file), isSmall ? 0 : 481) << width << " x " << height;
         }
     }
@@ -83,29 +66,29 @@ TEST_F(HostileBitmapsTest, HaveTheirRowsFromTheTopDown) {
     for (const char* row : {"\x01", "\x02", "\x03", "\x04"}) {
         rows += std::string(12, *row);
     }
-    ASSERT_EQ(errorOfShowing(headOf({4, static_cast<unsigned>(-4)}) + rows), 0);
+    ASSERT_EQ(errorOfShowing(bitmapHead({4, static_cast<unsigned>(-4)}) + rows), 0);
     EXPECT_EQ(image.pixel(0, 0), qRgb(1, 1, 1));
     EXPECT_EQ(image.pixel(0, 3), qRgb(4, 4, 4));
-    ASSERT_EQ(errorOfShowing(headOf({4, 4}) + rows), 0);
+    ASSERT_EQ(errorOfShowing(bitmapHead({4, 4}) + rows), 0);
     EXPECT_EQ(image.pixel(0, 0), qRgb(4, 4, 4));
 }
 
 TEST_F(HostileBitmapsTest, HaveOddDepths) {
     for (unsigned depth = 0; depth <= 70; ++depth) {
         const std::string file =
-            headOf({.depth = depth, .offset = 54 + 1024}) + std::string(1024 + 400, 'x');
+            bitmapHead({.depth = depth, .offset = 54 + 1024}) + std::string(1024 + 400, 'x');
         const bool isKnown =
             depth == 1 || depth == 4 || depth == 8 || depth == 16 || depth == 24 || depth == 32;
         EXPECT_EQ(errorOfShowing(file), isKnown ? 0 : 481) << depth;
     }
-    EXPECT_EQ(errorOfShowing(headOf({.depth = 0xFFFF}) + std::string(400, 'x')), 481);
+    EXPECT_EQ(errorOfShowing(bitmapHead({.depth = 0xFFFF}) + std::string(400, 'x')), 481);
 }
 
 TEST_F(HostileBitmapsTest, HavePalettesThatAreNotThere) {
     for (const unsigned colours : {1U, 255U, 256U, 257U, 0xFFFFU, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
-        errorOfShowing(headOf({.depth = 8, .offset = 54, .colours = colours}) +
+        errorOfShowing(bitmapHead({.depth = 8, .offset = 54, .colours = colours}) +
                        std::string(16, 'x'));
-        errorOfShowing(headOf({.depth = 8, .offset = 54 + 1024, .colours = colours}) +
+        errorOfShowing(bitmapHead({.depth = 8, .offset = 54 + 1024, .colours = colours}) +
                        std::string(1024 + 16, 'x'));
     }
 }
@@ -114,7 +97,7 @@ TEST_F(HostileBitmapsTest, HavePalettesThatAreNotThere) {
 TEST_F(HostileBitmapsTest, AreRunLengthCodedAndLie) {
     const std::string palette(1024, 'p');
     const auto runs = [&](unsigned width, unsigned height, const std::string& data) {
-        return headOf({width, height, 8, 1, 1078}) + palette + data;
+        return bitmapHead({width, height, 8, 1, 1078}) + palette + data;
     };
     const std::string end("\0\1", 2);
     ASSERT_EQ(errorOfShowing(runs(4, 2, "\4\7" + std::string("\0\0", 2) + "\4\11" + end)), 0);
@@ -132,18 +115,18 @@ TEST_F(HostileBitmapsTest, AreRunLengthCodedAndLie) {
         errorOfShowing(runs(4, static_cast<unsigned>(-2), data));
     }
     // Rows that begin where the file has ended already are none.
-    EXPECT_EQ(errorOfShowing(headOf({4, 2, 8, 1, 5000}) + palette + "\4\7" + end), 481);
-    EXPECT_EQ(errorOfShowing(headOf({4, 2, 8, 1, 0x7FFFFFFF}) + palette + "\4\7" + end), 481);
+    EXPECT_EQ(errorOfShowing(bitmapHead({4, 2, 8, 1, 5000}) + palette + "\4\7" + end), 481);
+    EXPECT_EQ(errorOfShowing(bitmapHead({4, 2, 8, 1, 0x7FFFFFFF}) + palette + "\4\7" + end), 481);
     EXPECT_EQ(errorOfShowing(runs(4, 2, "")), 481);
     // Two pixels a byte.
-    errorOfShowing(headOf({16000, 16000, 4, 2, 118}) + std::string(64, 'p') + "\4\7" + end);
-    errorOfShowing(headOf({4, 4, 24, 1, 54}) + std::string(48, 'x'));
-    errorOfShowing(headOf({4, 4, 4, 1, 118}) + std::string(64 + 48, 'x'));
-    errorOfShowing(headOf({4, 4, 16, 2, 54}) + std::string(48, 'x'));
+    errorOfShowing(bitmapHead({16000, 16000, 4, 2, 118}) + std::string(64, 'p') + "\4\7" + end);
+    errorOfShowing(bitmapHead({4, 4, 24, 1, 54}) + std::string(48, 'x'));
+    errorOfShowing(bitmapHead({4, 4, 4, 1, 118}) + std::string(64 + 48, 'x'));
+    errorOfShowing(bitmapHead({4, 4, 16, 2, 54}) + std::string(48, 'x'));
 }
 
 TEST_F(HostileBitmapsTest, AreDamagedAnywhere) {
-    const std::string whole = headOf({.depth = 8, .compression = 1, .offset = 1078}) +
+    const std::string whole = bitmapHead({.depth = 8, .compression = 1, .offset = 1078}) +
                               std::string(1024, 'p') + "\4\7" + std::string("\0\1", 2);
     unsigned state = 7;
     for (int round = 0; round < 300; ++round) {

@@ -107,6 +107,25 @@ class EditorTest : public WindowTest {
         EXPECT_FALSE(fileContent() == content);
     }
 
+    // In the window of earlier versions that comes next: the chosen one is put back.
+    void restoreAndClose() {
+        script.whenShown("frmHistory", [](QWidget& history) {
+            click(history, "cmdRestore");
+            click(history, "cmdClose");
+        });
+        script.answer(QMessageBox::Yes);
+        script.answer();
+    }
+
+    // A window without changes asks for nothing more when its file gets the first content again.
+    void restoreWithoutChanges(QWidget& window) {
+        const std::size_t before = script.messages().size();
+        restoreAndClose();
+        click(window, "cmdHistory");
+        EXPECT_EQ(script.messages().size(), before + 2);
+        EXPECT_TRUE(fileContent() == content);
+    }
+
     // The file was made by a command, which is taken back while the window has it open.
     void takeAway() {
         std::filesystem::remove(folder.root() / file_);
@@ -116,12 +135,7 @@ class EditorTest : public WindowTest {
         }
         folder.write(file_, content);
         open([this](QWidget& window) {
-            script.whenShown("frmHistory", [](QWidget& history) {
-                click(history, "cmdRestore");
-                click(history, "cmdClose");
-            });
-            script.answer(QMessageBox::Yes);
-            script.answer();
+            restoreAndClose();
             click(window, "cmdHistory");
             EXPECT_FALSE(window.isVisible());
         });

@@ -337,16 +337,7 @@ TEST_F(EditPetTest, WithoutChangesARestoreAsksNothingMore) {
     open([this](QWidget& window) { saveAndAgree(window); });
     EXPECT_FALSE(fileContent() == content);
     open([&](QWidget& window) {
-        const std::size_t before = script.messages().size();
-        script.whenShown("frmHistory", [](QWidget& history) {
-            click(history, "cmdRestore");
-            click(history, "cmdClose");
-        });
-        script.answer(QMessageBox::Yes);
-        script.answer();
-        click(window, "cmdHistory");
-        EXPECT_EQ(script.messages().size(), before + 2);
-        EXPECT_TRUE(fileContent() == content);
+        restoreWithoutChanges(window);
         click(window, "cmdCancel");
     });
 }
