@@ -20,8 +20,8 @@ std::optional<Path> placeOf(const Path& path);
 // True if both paths lead to one and the same folder or file.
 bool isSamePlace(const Path& left, const Path& right);
 
-// True if a game text that can be a file's name leads to no file of another name. Windows drops dots
-// and blanks at its end.
+// True if a game text that can be a file's name leads to no file of another name. Windows drops
+// dots and blanks at its end.
 bool isNameToItsEnd(std::string_view gameName);
 
 // The path and a name in it that comes from a text of another program, as UTF-8; nothing if that

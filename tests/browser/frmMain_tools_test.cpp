@@ -137,6 +137,24 @@ TEST_F(MainToolsTest, ARepairThatCannotBeKeptAsksOnceAndEnterLeavesEverySimAlone
     EXPECT_EQ(simsWith(32, "s001faskn_own,BODY=own", 3), 0);
 }
 
+#ifndef _WIN32
+// Windows makes no folder of such a name.
+TEST_F(MainToolsTest, ARepairKeepsTheSimsOfANeighbourhoodWhoseNameEndsInABlank) {
+    const std::string sim = "game/UserData4 /Characters/user00001.iff";
+    const std::string content = simFile(damagedRows());
+    folder.write(sim, content);
+    frmMain& window = showFirst();
+    script.answer(QMessageBox::Yes);
+    script.answer();
+    chooseCommand(window, "smenuFix");
+    EXPECT_FALSE(folder.read(sim) == content);
+    const std::vector<HistoryEntry> entries = History(historyPlaces()).entries();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_TRUE(folder.read("program/History/" + entries[0].folder +
+                            "/UserData4 /characters/user00001.iff") == content);
+}
+#endif
+
 TEST_F(MainToolsTest, TheRepairsWorkOnAllPagesAndTellWhenTheyAreDone) {
     makeDamaged(51);
     frmMain& window = showFirst();
