@@ -89,8 +89,8 @@ class FileSystem {
     // path itself.
     virtual Path asOnDisk(const Path& path) { return path; }
     // Gives source the name of target in one step, replacing what stands there, also if that is
-    // read-only. Both lie in one folder. The name is on the disk itself when the call returns or, on
-    // Linux and its kin, when the command ends in which it is called.
+    // read-only. Both lie in one folder. The name is on the disk itself when the call returns or,
+    // on Linux and its kin, when the command ends in which it is called.
     virtual void rename(const Path& source, const Path& target) = 0;
     // Gives source a name in another folder, where nothing stands under it, if the system can do
     // that in one step without touching the content. False, with nothing changed, if it can't: the
