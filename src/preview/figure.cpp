@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 
 namespace marlowick {
 namespace {
@@ -68,9 +69,21 @@ FigureBounds boundsOf(const std::vector<FigurePart>& parts) {
     return bounds;
 }
 
+void makeLevels(std::vector<FigurePart>& parts) {
+    std::map<const Texture*, std::shared_ptr<const TextureLevels>> made;
+    for (FigurePart& part : parts) {
+        std::shared_ptr<const TextureLevels>& levels = made[part.texture.get()];
+        if (!levels) {
+            levels = std::make_shared<const TextureLevels>(levelsOf(*part.texture));
+        }
+        part.levels = levels;
+    }
+}
+
 }  // namespace
 
 Figure makeFigure(std::vector<FigurePart> parts) {
+    makeLevels(parts);
     FigureBounds bounds = boundsOf(parts);
     return {std::move(parts), std::move(bounds)};
 }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "preview/texture_levels.h"
 #include "preview/vector.h"
 
 namespace marlowick {
@@ -31,7 +32,8 @@ using FigureFace = std::array<std::uint32_t, 3>;
 struct FigurePart {
     std::vector<FigureVertex> vertices;
     std::vector<FigureFace> faces;
-    std::shared_ptr<const Texture> texture;  // never nullptr, never empty
+    std::shared_ptr<const Texture> texture;            // never nullptr, never empty
+    std::shared_ptr<const TextureLevels> levels = {};  // of the texture, by makeFigure
 };
 
 // The room that a figure takes while it turns about its upright axis: rings about that axis, so
@@ -51,7 +53,7 @@ struct Figure {
     FigureBounds bounds;  // of all vertices that a face uses
 };
 
-// Puts parts together.
+// Puts parts together, and makes what is drawn of their textures; parts with one texture share it.
 Figure makeFigure(std::vector<FigurePart> parts);
 
 }  // namespace marlowick
