@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
-#include <limits>
+#include <cstring>
 
 namespace marlowick {
 namespace {
 
-constexpr int kSamples = 2;  // a pixel, each way: what smooths the edges
+constexpr int kSamples = 2;  // a pixel, each way, as many as a cell has: what smooths the edges
 constexpr int kGridBits = 4;
 constexpr int kGrid = 1 << kGridBits;  // places a sample, each way, that a vertex can have
 constexpr int kMiddle = kGrid / 2;
@@ -25,16 +26,29 @@ constexpr float kAmbient = 0.46F;
 // Reaches a little round the edge of what it shines on.
 constexpr float kReach = 0.35F;
 constexpr float kFullLight = 256;
+// In 1/256 pixels of a texture: no place counts as further right or down.
+constexpr float kFarthestPixel = 1073741824.0F;
 // A face seen from behind: the lining of a skirt.
 constexpr float kLining = 0.55F;
 constexpr float kLiningDepth = 0.9995F;
+
+// Of a texture a pixel takes at most so many pixels; of what would be more a halved copy is taken.
+constexpr float kMostCovered = 4;
+// With more than this, each sample takes its own.
+constexpr float kMostCoveredAtOnce = 2;
+constexpr std::uint32_t kSampled = 1;  // of a number of a triangle
+
+// A tile of the picture, each way in samples: where a face is further away than all of a tile, it
+// isn't seen there.
+constexpr int kTile = 8;
 
 constexpr std::int64_t kWorkASample = 48;
 constexpr std::int64_t kWorkAFace = 16;
 constexpr std::int64_t kLeastWork = 4 << 20U;
 
-float lightOn(const Vector& normal) {
-    const float facing = std::max(0.0F, (dot(normal, kLight) + kReach) / (1 + kReach));
+// How a surface that looks that much towards the light is lit.
+float lightOf(float towards) {
+    const float facing = std::max(0.0F, (towards + kReach) * (1 / (1 + kReach)));
     return std::min(kFullLight, (kAmbient + (1 - kAmbient) * facing) * kFullLight);
 }
 
@@ -49,179 +63,134 @@ float finite(float value) {
 // Every other of a pixel's four channels: two can be reckoned with at once.
 constexpr std::uint32_t kTwoChannels = 0x00FF00FFU;
 
-// The three colours of a pixel, taken apart.
-constexpr std::uint64_t kThreeChannels = 0x000000FF00FF00FFU;
-
 // Pixels of a texture are counted in 1/256.
 constexpr int kPixel = 256;
 
-// Takes the texture at a point, mixed from the four pixels around it.
-class Sampler {
-  public:
-    explicit Sampler(const Texture& texture)
-        : pixels_(texture.pixels.data()), width_(texture.width), height_(texture.height) {}
+constexpr std::uint16_t kFull = 255;
+constexpr Words kOpaque = {0, 0, 0, kFull, 0, 0, 0, kFull};
 
-    // The point is in 1/256 of the texture's pixels, light in 1/256; both may be a little off their
-    // bounds, as what is interpolated is.
-    std::uint32_t colour(float x, float y, float light) const {
-        const Place across = placeOf(x, width_);
-        const Place down = placeOf(y, height_);
-        const std::uint32_t* upper = pixels_ + static_cast<std::ptrdiff_t>(down.first) * width_;
-        const std::uint32_t* lower = pixels_ + static_cast<std::ptrdiff_t>(down.second) * width_;
-        const std::uint32_t pixels[] = {upper[across.first], upper[across.second],
-                                        lower[across.first], lower[across.second]};
-        // The shares of the four add up to 256.
-        const std::uint32_t last = across.amount * down.amount >> 8U;
-        const std::uint32_t shares[] = {kPixel - across.amount - down.amount + last,
-                                        across.amount - last, down.amount - last, last};
-        std::uint64_t mixed = 0;
-        for (int i = 0; i < 4; ++i) {
-            mixed += threeChannels(pixels[i]) * shares[i];
-        }
-        const auto amount = static_cast<std::uint64_t>(within(light, kFullLight));
-        const std::uint64_t lit = (mixed >> 8U & kThreeChannels) * amount >> 8U & kThreeChannels;
-        return 0xFF000000U | static_cast<std::uint32_t>(lit >> 24U & 0xFF00U) |
-               static_cast<std::uint32_t>(lit & kTwoChannels);
-    }
+// Which of a corner's items is which.
+enum Item : std::uint8_t { kAcross, kDown, kLit, kNear };
 
-  private:
-    struct Place {
-        int first;
-        int second;
-        std::uint32_t amount;  // of the second, in 1/256
-    };
+using EightBytes = std::uint8_t __attribute__((vector_size(8)));
 
-    // Blue, red and green, each with room for its product with 256.
-    static std::uint64_t threeChannels(std::uint32_t pixel) {
-        return (pixel & kTwoChannels) | std::uint64_t{pixel & 0xFF00U} << 24U;
-    }
+// Two pixels that lie side by side, a channel a lane.
+Words channelsOfTwo(const std::uint32_t* pixels) {
+    std::uint64_t both = 0;
+    std::memcpy(&both, pixels, sizeof both);
+    const auto bytes = std::bit_cast<Bytes>(Longs{both, 0});
+    return std::bit_cast<Words>(__builtin_shufflevector(bytes, Bytes{}, 0, 16, 1, 17, 2, 18, 3, 19,
+                                                        4, 20, 5, 21, 6, 22, 7, 23));
+}
 
-    // What is no number is 0.
-    static int within(float value, float most) {
-        return static_cast<int>(value > 0 ? std::min(value, most) : 0);
-    }
+// One of a few words, in all lanes.
+template <int word>
+Words everywhere(const Words& words) {
+    return __builtin_shufflevector(words, words, word, word, word, word, word, word, word, word);
+}
 
-    static Place placeOf(float coordinate, int size) {
-        constexpr float kFarthest = 1073741824.0F;
-        // The middles of the pixels count. Moved to where nothing is below 0.
-        const auto place =
-            static_cast<std::uint32_t>(within(coordinate, kFarthest) + size * kPixel - kPixel / 2);
-        const int pixel = static_cast<int>(place / kPixel);
-        const int first = (size & (size - 1)) == 0 ? pixel & (size - 1) : pixel % size;
-        return {first, first + 1 == size ? 0 : first + 1, place & (kPixel - 1)};
-    }
+// So far on the way from one to the other, in 1/256. What leaves its 16 bits on the way comes back.
+Words between(const Words& from, const Words& to, const Words& part) {
+    return (from * kPixel + (to - from) * part + kPixel / 2) / kPixel;
+}
 
-    const std::uint32_t* pixels_;
-    int width_;
-    int height_;
+// The pixel of a row or column; those beyond its end repeat it.
+std::uint32_t wrapped(std::uint32_t pixel, int size, bool isPowerOfTwo) {
+    const auto count = static_cast<std::uint32_t>(size);
+    return isPowerOfTwo ? pixel & (count - 1) : pixel % count;
+}
+
+// The texture at a place, mixed from the four pixels around it, in some light, in the lower lanes.
+// Across and down are in 1/256 of the level's pixels, so much further right and down that the
+// middles of pixels count; light is in 1/256.
+Words colourAt(const TextureLevel& level, const Ints& place) {
+    const auto across = static_cast<std::uint32_t>(place[kAcross]) / kPixel;
+    const auto down = static_cast<std::uint32_t>(place[kDown]) / kPixel;
+    const std::uint32_t* upper = level.pixels.data() +
+                                 wrapped(down, level.height, level.isPowerOfTwo) * level.stride() +
+                                 wrapped(across, level.width, level.isPowerOfTwo);
+    const auto parts =
+        std::bit_cast<Words>(place & Ints{kPixel - 1, kPixel - 1, 2 * kPixel - 1, 0});
+    const Words left = between(channelsOfTwo(upper), channelsOfTwo(upper + level.stride()),
+                               everywhere<2 * kDown>(parts));
+    const Words right = __builtin_shufflevector(left, left, 4, 5, 6, 7, 4, 5, 6, 7);
+    return between(left, right, everywhere<2 * kAcross>(parts)) * everywhere<2 * kLit>(parts) /
+           kPixel;
+}
+
+std::uint32_t pixelOf(const Words& channels) {
+    const auto bytes = __builtin_convertvector(channels, EightBytes);
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, &bytes, sizeof pixel);
+    return pixel;
+}
+
+// Where a side of a triangle crosses two rows of samples, one below the other; then the next two.
+struct Side {
+    Doubles crossing;
+    Doubles step;
+
+    void goDown() { crossing += step; }
 };
 
-}  // namespace
+// From that row on. A side crosses a row at the first sample whose middle doesn't lie left of it:
+// the whole part of what is told. The side isn't level.
+template <class Point>
+Side sideOf(const Point& from, const Point& to, int row) {
+    const std::int64_t x = to.x - from.x;
+    const std::int64_t y = to.y - from.y;
+    const std::int64_t below = static_cast<std::int64_t>(row) * kGrid + kMiddle - from.y;
+    const std::int64_t crossing = (from.x - kMiddle) * y + below * x;
+    // That over 16 y. Made less by half of one it is never a whole number, and further from one
+    // than all errors of the reckoning.
+    const double part = 1 / static_cast<double>(y * kGrid);
+    const double first = (static_cast<double>(crossing) - (y < 0 ? -0.5 : 0.5)) * part + 1;
+    const double step = static_cast<double>(x * kGrid) * part;
+    return {Doubles{first, first + step}, Doubles{2 * step, 2 * step}};
+}
 
-struct Raster::Camera {
-    Turn turn;
-    Vector centre;
-    float distance = 0;
-    float scale = 0;  // samples, of what is one wide at a distance of one
-    float x = 0;      // where the centre of the figure goes, in samples
-    float y = 0;
-};
-
-namespace {
-
-// Tells row by row which samples of an area lie in a triangle whose corners come clockwise. A
-// sample on the line between two triangles belongs to the one below it or to its right.
+// Tells which samples of two rows lie in a triangle whose corners come clockwise, the uppermost one
+// first. A sample on the line between two triangles belongs to the one below it or to its right.
 class Spans {
   public:
-    Spans(int left, int top, int width, int rows) : left_(left), top_(top), rows_(rows) {
-        begins_.fill({0, 0});
-        ends_.fill({width - 1.0, 0});
-    }
-
-    // What lies to the right of the way from one corner to the next is inside.
+    // From a row on, in a picture of so many samples a row.
     template <class Point>
-    void addSide(const Point& from, const Point& to) {
-        const std::int64_t x = to.x - from.x;
-        const std::int64_t y = to.y - from.y;
-        const std::int64_t px = static_cast<std::int64_t>(left_) * kGrid + kMiddle - from.x;
-        const std::int64_t py = static_cast<std::int64_t>(top_) * kGrid + kMiddle - from.y;
-        const bool owns = y < 0 || (y == 0 && x > 0);
-        // 0 and above at a sample that is inside; first at the area's first one.
-        const std::int64_t inside = x * py - y * px - (owns ? 0 : 1);
-        if (y == 0) {
-            addFlatSide(inside, x * kGrid);
-            return;
+    Spans(const Point& top, const Point& next, const Point& last, int row, int width)
+        : begin_(last.y > top.y ? sideOf(top, last, row) : uprightAt(0)),
+          end_(next.y > top.y ? sideOf(top, next, row) : uprightAt(width)),
+          otherBegin_(uprightAt(0)),
+          otherEnd_(uprightAt(width)) {
+        if (next.y != last.y) {
+            (next.y > last.y ? otherBegin_ : otherEnd_) = sideOf(next, last, row);
         }
-        const auto right = static_cast<double>(-y * kGrid);
-        Edge edge{-static_cast<double>(inside) / right, -static_cast<double>(x * kGrid) / right};
-        // Where a row crosses the side is an integer or further from one than this, which is more
-        // than the error of the reckoning.
-        constexpr double kNothing = 1.0 / (1 << 24U);
-        edge.crossing += y < 0 ? -kNothing : kNothing;
-        Edge& place = y < 0 ? begins_[begin_++ % 2] : ends_[end_++ % 2];
-        place = edge;
     }
 
-    int firstRow() const { return firstRow_; }
-    int rows() const { return rows_; }
+    // The first sample of both rows and the one behind the last, each twice. What lies left of the
+    // picture may come out as its first sample. Rows above and below the triangle have no samples
+    // between, unless one of its sides is level.
+    Ints first() const { return wholeTwice(larger(begin_.crossing, otherBegin_.crossing)); }
+    Ints end() const { return wholeTwice(smaller(end_.crossing, otherEnd_.crossing)); }
 
-    // The samples of a row, counted from the area's left; last is included.
-    int first(int row) const {
-        const double exact =
-            std::clamp(std::max(begins_[0].at(row), begins_[1].at(row)), 0.0, kFar);
-        const int whole = static_cast<int>(exact);
-        return whole + (exact > whole ? 1 : 0);
-    }
-    int last(int row) const {
-        const double exact = std::clamp(std::min(ends_[0].at(row), ends_[1].at(row)), -1.0, kFar);
-        return static_cast<int>(exact + 1) - 1;
+    void goDown() {
+        begin_.goDown();
+        otherBegin_.goDown();
+        end_.goDown();
+        otherEnd_.goDown();
     }
 
   private:
-    struct Edge {
-        double crossing;  // of the first row
-        double step;      // what a row adds
+    static Side uprightAt(double x) { return {Doubles{x, x}, Doubles{}}; }
 
-        double at(int row) const { return crossing + row * step; }
-    };
-    static constexpr double kFar = 1 << 20U;
-
-    // A level side begins or ends all rows at once.
-    void addFlatSide(std::int64_t inside, std::int64_t down) {
-        if (down > 0) {
-            firstRow_ = inside < 0 ? 1 : 0;
-        } else {
-            rows_ = inside < 0
-                        ? 0
-                        : static_cast<int>(std::min<std::int64_t>(rows_, inside / -down + 1));
-        }
-    }
-
-    int left_;
-    int top_;
-    int firstRow_ = 0;
-    int rows_;
-    std::size_t begin_ = 0;
-    std::size_t end_ = 0;
-    std::array<Edge, 2> begins_;
-    std::array<Edge, 2> ends_;
+    Side begin_;
+    Side end_;
+    Side otherBegin_;
+    Side otherEnd_;
 };
 
-struct RowOfPlane {
-    float start;
-    float right;
-
-    float at(int column) const { return start + right * static_cast<float>(column); }
-};
-
-// Something that is interpolated over a triangle.
-struct Plane {
-    float start;  // at the first sample of the first row
-    float right;  // what a step of a sample adds
-    float down;
-
-    RowOfPlane at(int row) const { return {start + down * static_cast<float>(row), right}; }
-};
+// The first row or column of samples whose middles don't lie before a place.
+int firstSample(std::int32_t place) {
+    return (place + kMiddle - 1) >> kGridBits;
+}
 
 // Above 0 for corners that come clockwise, in the grid's places.
 template <class Point>
@@ -230,13 +199,47 @@ std::int64_t doubledArea(const Point& a, const Point& b, const Point& c) {
            static_cast<std::int64_t>(b.y - a.y) * (c.x - a.x);
 }
 
-// Of four pixels, each channel on its own.
-std::uint32_t average(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t d) {
-    const std::uint32_t even = (a & kTwoChannels) + (b & kTwoChannels) + (c & kTwoChannels) +
-                               (d & kTwoChannels) + 0x00020002U;
-    const std::uint32_t odd = (a >> 8U & kTwoChannels) + (b >> 8U & kTwoChannels) +
-                              (c >> 8U & kTwoChannels) + (d >> 8U & kTwoChannels) + 0x00020002U;
-    return (even >> 2U & kTwoChannels) | (odd >> 2U & kTwoChannels) << 8U;
+// The texture's pixels that a pixel of the picture covers; from one sample to the next, places in
+// the texture, in 1/256 of its pixels, change by these.
+float coveredPixels(const Floats& right, const Floats& down) {
+    constexpr float kPart = float{kSamples * kSamples} / (kPixel * kPixel);
+    return std::abs(right[kAcross] * down[kDown] - right[kDown] * down[kAcross]) * kPart;
+}
+
+// Of the samples of a pixel: the upper left one is 1, the one to its right 2, those below 4 and 8.
+constexpr unsigned kAllSamples = 15;
+
+// Some of a pixel's samples: how many, and their middle, from the first one of the four.
+struct Group {
+    std::uint16_t count;
+    float x;
+    float y;
+};
+
+using Groups = std::array<Group, std::size_t{kAllSamples} + 1>;
+
+constexpr Groups groupsOfSamples() {
+    Groups groups = {};
+    for (unsigned samples = 1; samples <= kAllSamples; ++samples) {
+        const auto count = static_cast<float>(std::popcount(samples));
+        groups[samples] = {static_cast<std::uint16_t>(std::popcount(samples)),
+                           static_cast<float>(std::popcount(samples & 10U)) / count,
+                           static_cast<float>(std::popcount(samples & 12U)) / count};
+    }
+    return groups;
+}
+constexpr Groups kGroups = groupsOfSamples();
+
+// The place of a float on the grid, rounded.
+std::int32_t onGrid(float place) {
+    const float exact = place * kGrid + 0.5F;
+    const auto whole = static_cast<std::int32_t>(exact);
+    return whole - (exact < static_cast<float>(whole) ? 1 : 0);
+}
+
+// The pixels of so many samples each way.
+std::size_t cellsOf(int width, int height) {
+    return static_cast<std::size_t>(width / kSamples) * static_cast<std::size_t>(height / kSamples);
 }
 
 // A pixel before another one, both multiplied by their alpha.
@@ -255,38 +258,65 @@ std::uint32_t over(std::uint32_t pixel, std::uint32_t behind) {
 
 }  // namespace
 
+struct Raster::Camera {
+    Turn turn;
+    Vector light;  // where it comes from, as the figure sees it
+    Vector centre;
+    float distance = 0;
+    float scale = 0;  // samples, of what is one wide at a distance of one
+    float x = 0;      // where the centre of the figure goes, in samples
+    float y = 0;
+};
+
 const std::vector<std::uint32_t>& Raster::draw(const Figure& figure, const View& view, int width,
                                                int height, std::uint32_t background) {
-    prepare(width, height);
+    prepare(figure, width, height);
     const Camera camera = cameraFor(figure.bounds, view);
-    corners_.clear();
     for (const FigurePart& part : figure.parts) {
         project(part, camera);
     }
-    // What is seen from behind comes last: it is hidden almost everywhere.
-    for (const bool fronts : {true, false}) {
-        const Corner* corners = corners_.data();
-        for (const FigurePart& part : figure.parts) {
-            drawFaces(part, corners, fronts);
-            corners += part.vertices.size();
-        }
+    const Corner* corners = corners_.data();
+    for (const FigurePart& part : figure.parts) {
+        drawFronts(part, corners);
+        corners += part.vertices.size();
     }
+    // What is seen from behind comes last: it is hidden almost everywhere.
+    drawBacks();
     resolve(background);
     return pixels_;
 }
 
-void Raster::prepare(int width, int height) {
+// All memory is taken before anything is drawn, so that what fails leaves clear cells.
+void Raster::prepare(const Figure& figure, int width, int height) {
     const bool hasArea = width > 0 && height > 0;
     width_ = hasArea ? width * kSamples : 0;
     height_ = hasArea ? height * kSamples : 0;
-    const std::size_t samples =
-        static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
-    pixels_.resize(samples / kSamples / kSamples);
-    // Between two pictures the buffers are clear.
-    nearness_.resize(samples);
-    colours_.resize(samples);
+    const std::size_t pixels = cellsOf(width_, height_);
+    pixels_.resize(pixels);
+    // Between two pictures the cells are clear.
+    cells_.resize(pixels);
+    tiles_ = width_ / kTile;
+    farthest_.assign(static_cast<std::size_t>(tiles_) * static_cast<std::size_t>(height_ / kTile),
+                     0);
+    std::size_t vertices = 0;
+    std::size_t faces = 0;
+    for (const FigurePart& part : figure.parts) {
+        vertices += part.vertices.size();
+        faces += part.faces.size();
+    }
+    corners_.clear();
+    corners_.reserve(vertices);
+    backs_.clear();
+    backs_.reserve(faces);
+    triangles_.clear();
+    triangles_.reserve(faces);
     touched_ = {width_, height_, 0, 0};
-    work_ = std::max(kLeastWork, static_cast<std::int64_t>(samples) * kWorkASample);
+    work_ = std::max(kLeastWork,
+                     static_cast<std::int64_t>(pixels) * kWorkASample * kSamples * kSamples);
+}
+
+Raster::Cell* Raster::cellAt(int x, int y) {
+    return cells_.data() + cellsOf(width_, y) + x / kSamples;
 }
 
 Raster::Camera Raster::cameraFor(const FigureBounds& bounds, const View& view) const {
@@ -294,6 +324,8 @@ Raster::Camera Raster::cameraFor(const FigureBounds& bounds, const View& view) c
     const float zoom = std::clamp(finite(view.zoom), 1.0F, kNearestZoom);
     Camera camera;
     camera.turn = turnAboutX(pitch) * turnAboutY(finite(view.yaw));
+    camera.light = camera.turn.rows[0] * kLight.x + camera.turn.rows[1] * kLight.y +
+                   camera.turn.rows[2] * kLight.z;
     camera.centre = bounds.centre;
     camera.distance = bounds.size * kDistance;
     // How far the rings reach on a picture at a distance of one.
@@ -342,19 +374,16 @@ void Raster::project(const FigurePart& part, const Camera& camera) {
             const float x = camera.x + camera.scale * place.x * nearness;
             const float y = camera.y - camera.scale * place.y * nearness;
             if (std::abs(x) < kFarOut && std::abs(y) < kFarOut) {
-                corner = {static_cast<std::int32_t>(std::floor(x * kGrid + 0.5F)),
-                          static_cast<std::int32_t>(std::floor(y * kGrid + 0.5F)),
-                          nearness,
-                          (vertex.u + moveU) * wide * nearness,
-                          (vertex.v + moveV) * tall * nearness,
-                          lightOn(camera.turn * vertex.normal)};
+                const Floats items = {(vertex.u + moveU) * wide, (vertex.v + moveV) * tall,
+                                      lightOf(dot(vertex.normal, camera.light)), 1};
+                corner = {items * nearness, onGrid(x), onGrid(y), nearness};
             }
         }
         corners_.push_back(corner);
     }
 }
 
-void Raster::drawFaces(const FigurePart& part, const Corner* corners, bool fronts) {
+void Raster::drawFronts(const FigurePart& part, const Corner* corners) {
     for (const FigureFace& face : part.faces) {
         const Corner& a = corners[face[0]];
         const Corner& b = corners[face[1]];
@@ -363,102 +392,232 @@ void Raster::drawFaces(const FigurePart& part, const Corner* corners, bool front
         if (work_ < 0) {
             return;
         }
-        if (!(a.nearness > 0 && b.nearness > 0 && c.nearness > 0)) {
+        if (!(a.near > 0 && b.near > 0 && c.near > 0)) {
             continue;
         }
         const std::int64_t area = doubledArea(a, b, c);
-        if (fronts && area > 0) {
-            drawTriangle(a, b, c, *part.texture, true);
-        } else if (!fronts && area < 0) {
-            drawTriangle(a, c, b, *part.texture, false);
+        if (area > 0) {
+            drawTriangle(a, b, c, *part.levels);
+        } else if (area < 0) {
+            backs_.push_back({&a, &c, &b, part.levels.get()});
         }
     }
 }
 
-void Raster::drawTriangle(const Corner& a, const Corner& b, const Corner& c, const Texture& texture,
-                          bool isFront) {
-    // The samples whose middles can lie inside.
-    const auto firstSample = [](std::int32_t place) { return (place + kMiddle - 1) >> kGridBits; };
-    const Area area = {std::max(0, firstSample(std::min({a.x, b.x, c.x}))),
-                       std::max(0, firstSample(std::min({a.y, b.y, c.y}))),
-                       std::min(width_, firstSample(std::max({a.x, b.x, c.x}) + 1)),
-                       std::min(height_, firstSample(std::max({a.y, b.y, c.y}) + 1))};
-    if (area.left >= area.right || area.top >= area.bottom) {
+void Raster::drawBacks() {
+    if (backs_.empty()) {
         return;
     }
-    Spans spans(area.left, area.top, area.right - area.left, area.bottom - area.top);
-    spans.addSide(a, b);
-    spans.addSide(b, c);
-    spans.addSide(c, a);
-    const float part = 1 / static_cast<float>(doubledArea(a, b, c));
-    const auto planeOf = [&](float Corner::*item) {
-        const float toB = b.*item - a.*item;
-        const float toC = c.*item - a.*item;
-        const float right =
-            (toB * static_cast<float>(c.y - a.y) - toC * static_cast<float>(b.y - a.y)) * part;
-        const float down =
-            (toC * static_cast<float>(b.x - a.x) - toB * static_cast<float>(c.x - a.x)) * part;
-        const float x = static_cast<float>(area.left * kGrid + kMiddle - a.x);
-        const float y = static_cast<float>(area.top * kGrid + kMiddle - a.y);
-        return Plane{a.*item + right * x + down * y, right * kGrid, down * kGrid};
+    findFarthest();
+    const auto lining = [](const Corner& corner) {
+        constexpr Floats kShares = {kLiningDepth, kLiningDepth, kLiningDepth * kLining,
+                                    kLiningDepth};
+        return Corner{corner.items * kShares, corner.x, corner.y, corner.near * kLiningDepth};
     };
-    const Plane nearness = planeOf(&Corner::nearness);
-    const Plane u = planeOf(&Corner::u);
-    const Plane v = planeOf(&Corner::v);
-    const Plane light = planeOf(&Corner::light);
-    const float lightShare = isFront ? 1 : kLining;
-    const float depthShare = isFront ? 1 : kLiningDepth;
-    const Sampler sampler(texture);
+    for (const Back& back : backs_) {
+        work_ -= kWorkAFace;
+        if (work_ < 0) {
+            return;
+        }
+        if (!isHidden(back)) {
+            drawTriangle(lining(*back.a), lining(*back.b), lining(*back.c), *back.texture);
+        }
+    }
+}
 
-    for (int row = spans.firstRow(); row < spans.rows(); ++row) {
-        const int first = spans.first(row);
-        const int last = std::min(spans.last(row), area.right - area.left - 1);
-        work_ -= std::max(0, last - first + 1) + 1;
-        const std::size_t start =
-            static_cast<std::size_t>(area.top + row) * static_cast<std::size_t>(width_) +
-            static_cast<std::size_t>(area.left);
-        const RowOfPlane nearRow = nearness.at(row);
-        const RowOfPlane uRow = u.at(row);
-        const RowOfPlane vRow = v.at(row);
-        const RowOfPlane lightRow = light.at(row);
-        float* const shown = nearness_.data() + start;
-        std::uint32_t* const colours = colours_.data() + start;
-        for (int x = first; x <= last; ++x) {
-            const float near = nearRow.at(x);
-            if (near * depthShare > shown[x]) {
-                shown[x] = near;
-                const float distance = 1 / near;
-                colours[x] = sampler.colour(uRow.at(x) * distance, vRow.at(x) * distance,
-                                            lightRow.at(x) * lightShare);
+Raster::Area Raster::areaOf(const Corner& a, const Corner& b, const Corner& c) const {
+    return {std::max(0, firstSample(std::min({a.x, b.x, c.x}))),
+            std::max(0, firstSample(std::min({a.y, b.y, c.y}))),
+            std::min(width_, firstSample(std::max({a.x, b.x, c.x}))),
+            std::min(height_, firstSample(std::max({a.y, b.y, c.y})))};
+}
+
+std::size_t Raster::tileAt(int x, int y) const {
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(tiles_) +
+           static_cast<std::size_t>(x);
+}
+
+void Raster::findFarthest() {
+    const int right = std::min(tiles_, touched_.right / kTile);
+    const int bottom = std::min(height_ / kTile, touched_.bottom / kTile);
+    for (int y = touched_.top / kTile; y < bottom; ++y) {
+        for (int x = touched_.left / kTile; x < right; ++x) {
+            constexpr int kPixels = kTile / kSamples;
+            const Cell* row = cellAt(x * kTile, y * kTile);
+            Floats least = row->nearness;
+            for (int i = 0; i < kPixels; ++i, row += width_ / kSamples) {
+                for (int j = 0; j < kPixels; ++j) {
+                    least = smaller(least, row[j].nearness);
+                }
+            }
+            farthest_[tileAt(x, y)] = std::min({least[0], least[1], least[2], least[3]});
+        }
+    }
+}
+
+bool Raster::isHidden(const Back& back) const {
+    const Area area = areaOf(*back.a, *back.b, *back.c);
+    if (area.right > tiles_ * kTile || area.bottom > height_ / kTile * kTile) {
+        return false;
+    }
+    const float nearest = std::max({back.a->near, back.b->near, back.c->near});
+    for (int y = area.top / kTile; y * kTile < area.bottom; ++y) {
+        for (int x = area.left / kTile; x * kTile < area.right; ++x) {
+            if (farthest_[tileAt(x, y)] < nearest) {
+                return false;
             }
         }
     }
-    touched_ = {std::min(touched_.left, area.left), std::min(touched_.top, area.top),
-                std::max(touched_.right, area.right), std::max(touched_.bottom, area.bottom)};
+    return true;
+}
+
+void Raster::drawTriangle(const Corner& a, const Corner& b, const Corner& c,
+                          const TextureLevels& texture) {
+    const Area area = areaOf(a, b, c);
+    if (area.left >= area.right || area.top >= area.bottom) {
+        return;
+    }
+    const float part = 1 / static_cast<float>(doubledArea(a, b, c));
+    const Floats toB = (b.items - a.items) * part;
+    const Floats toC = (c.items - a.items) * part;
+    Planes planes;
+    planes.right = toB * static_cast<float>(c.y - a.y) - toC * static_cast<float>(b.y - a.y);
+    planes.down = toC * static_cast<float>(b.x - a.x) - toB * static_cast<float>(c.x - a.x);
+    planes.start = a.items + planes.right * static_cast<float>(area.left * kGrid + kMiddle - a.x) +
+                   planes.down * static_cast<float>(area.top * kGrid + kMiddle - a.y);
+    planes.right *= float{kGrid};
+    planes.down *= float{kGrid};
+    // How the items change at a corner once they are divided by the nearness.
+    const Floats there = a.items / a.near;
+    float covered = coveredPixels((planes.right - there * planes.right[kNear]) / a.near,
+                                  (planes.down - there * planes.down[kNear]) / a.near);
+    std::size_t level = 0;
+    for (; covered > kMostCovered && level + 1 < texture.size(); ++level) {
+        covered /= 4;
+    }
+    const auto number = static_cast<std::int32_t>(2 * (triangles_.size() + 1) +
+                                                  (covered > kMostCoveredAtOnce ? kSampled : 0));
+    const bool isSeen = b.y < a.y && b.y <= c.y ? drawSamples(b, c, a, area, planes, number)
+                        : c.y < a.y             ? drawSamples(c, a, b, area, planes, number)
+                                                : drawSamples(a, b, c, area, planes, number);
+    if (isSeen) {
+        touched_ = {std::min(touched_.left, area.left), std::min(touched_.top, area.top),
+                    std::max(touched_.right, area.right), std::max(touched_.bottom, area.bottom)};
+        keep(planes, area, texture, level);
+    }
+}
+
+void Raster::keep(const Planes& planes, const Area& area, const TextureLevels& texture,
+                  std::size_t number) {
+    const TextureLevel& level = texture[number];
+    const auto across = static_cast<float>(level.width);
+    const auto down = static_cast<float>(level.height);
+    const Floats scale = {across / static_cast<float>(texture[0].width),
+                          down / static_cast<float>(texture[0].height), 1, 1};
+    // The middles of pixels count. Moved to where nothing is below 0.
+    constexpr float kHalf = float{kPixel} / 2;
+    const Floats shift = {across * kPixel - kHalf, down * kPixel - kHalf, 0, 0};
+    const auto onLevel = [&](const Floats& items) { return items * scale + shift * items[kNear]; };
+    triangles_.push_back({{onLevel(planes.start), onLevel(planes.right), onLevel(planes.down)},
+                          static_cast<float>(area.left),
+                          static_cast<float>(area.top),
+                          &level});
+}
+
+bool Raster::drawSamples(const Corner& top, const Corner& next, const Corner& last,
+                         const Area& area, const Planes& planes, std::int32_t number) {
+    const int firstRow = area.top / kSamples * kSamples;
+    Spans spans(top, next, last, firstRow, width_);
+    const float right = planes.right[kNear];
+    const float down = planes.down[kNear];
+    const Floats twoRight = Floats{} + right * kSamples;
+    const Floats twoDown = Floats{} + down * kSamples;
+    Floats nearRow = planes.start[kNear] + right * Floats{0, 1, 0, 1} +
+                     down * (Floats{0, 0, 1, 1} - static_cast<float>(area.top - firstRow));
+    const int cellsARow = width_ / kSamples;
+    Cell* row = cellAt(0, firstRow);
+    std::int64_t work = area.bottom - area.top;
+    Ints changed = {};  // how often, the first of the samples and so on
+    // Of a level side the others don't tell which rows lie beyond it.
+    const bool isLevel = top.y == next.y || top.y == last.y || next.y == last.y;
+    for (int y = firstRow; y < area.bottom; y += kSamples) {
+        const Ints before = spans.first() - 1;
+        Ints end = spans.end();
+        spans.goDown();
+        if (isLevel) {
+            const Ints rows = y + Ints{0, 0, 1, 1};
+            end &= (rows >= area.top) & (rows < area.bottom);
+        }
+        int x = std::max(area.left, std::min(before[0], before[2]) + 1) / kSamples * kSamples;
+        const int behind = std::min(area.right, std::max(end[0], end[2]));
+        work += std::max(0, behind - x);
+        Floats near = nearRow + right * static_cast<float>(x - area.left);
+        Ints columns = x + Ints{0, 1, 0, 1};
+        for (Cell* cell = row + x / kSamples; x < behind; x += kSamples, ++cell) {
+            // Nothing is nearer than 0.
+            const auto inside = std::bit_cast<Floats>(std::bit_cast<Ints>(near) &
+                                                      (columns > before) & (end > columns));
+            const Ints nearer = inside > cell->nearness;
+            cell->nearness = larger(inside, cell->nearness);
+            cell->shown ^= (cell->shown ^ number) & nearer;
+            changed -= nearer;
+            near += twoRight;
+            columns += kSamples;
+        }
+        nearRow += twoDown;
+        row += cellsARow;
+    }
+    work_ -= kSamples * work;
+    return bitsOf(changed != 0) != 0;
 }
 
 void Raster::resolve(std::uint32_t background) {
     std::fill(pixels_.begin(), pixels_.end(), background);
+    const int left = touched_.left / kSamples;
+    const int right = (touched_.right + 1) / kSamples;
     for (int y = touched_.top / kSamples; y * kSamples < touched_.bottom; ++y) {
-        for (int x = touched_.left / kSamples; x * kSamples < touched_.right; ++x) {
-            const std::size_t upper =
-                static_cast<std::size_t>(y * kSamples) * static_cast<std::size_t>(width_) +
-                static_cast<std::size_t>(x * kSamples);
-            const std::size_t lower = upper + static_cast<std::size_t>(width_);
-            const std::uint32_t pixel =
-                average(colours_[upper], colours_[upper + 1], colours_[lower], colours_[lower + 1]);
-            std::uint32_t& result =
-                pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_ / kSamples) +
-                        static_cast<std::size_t>(x)];
-            result = over(pixel, result);
+        Cell* cells = cellAt(0, y * kSamples);
+        std::uint32_t* result = pixels_.data() + cellsOf(width_, y * kSamples);
+        for (int x = left; x < right; ++x) {
+            const auto shown = std::bit_cast<std::array<std::uint64_t, 2>>(cells[x].shown);
+            const auto one = static_cast<std::uint32_t>(shown[0]);
+            const auto across = static_cast<float>(x * kSamples);
+            const auto down = static_cast<float>(y * kSamples);
+            if (shown[0] != shown[1] || shown[0] >> 32U != one || (one & kSampled) != 0) {
+                result[x] = over(mixed(cells[x].shown, across, down), result[x]);
+            } else if (one != 0) {
+                constexpr float kToMiddle = 0.5F;
+                result[x] = pixelOf(colourOf(one, across + kToMiddle, down + kToMiddle) | kOpaque);
+            }
         }
+        std::fill(cells + left, cells + std::max(left, right), Cell{});
     }
-    for (int y = touched_.top; y < touched_.bottom; ++y) {
-        const auto start = static_cast<std::ptrdiff_t>(y) * width_ + touched_.left;
-        const auto count = touched_.right - touched_.left;
-        std::fill_n(colours_.begin() + start, count, 0U);
-        std::fill_n(nearness_.begin() + start, count, 0.0F);
+}
+
+Words Raster::colourOf(std::uint32_t number, float x, float y) const {
+    const Shown& shown = triangles_[number / 2 - 1];
+    const Floats items =
+        shown.planes.start + shown.planes.right * (x - shown.x) + shown.planes.down * (y - shown.y);
+    const Floats there = items / items[kNear];
+    // What is interpolated can be a little off its bounds; what is no number is 0.
+    constexpr Floats kMost = {kFarthestPixel, kFarthestPixel, kFullLight, 1};
+    return colourAt(*shown.level,
+                    __builtin_convertvector(smaller(larger(there, Floats{}), kMost), Ints));
+}
+
+std::uint32_t Raster::mixed(const Ints& shown, float x, float y) const {
+    const auto numbers = std::bit_cast<std::array<std::uint32_t, 4>>(shown);
+    Words sum = {2, 2, 2, 2};
+    for (unsigned rest = bitsOf(shown != 0); rest != 0;) {
+        const std::uint32_t number = numbers[static_cast<std::size_t>(std::countr_zero(rest))];
+        const unsigned samples = (number & kSampled) != 0
+                                     ? rest & ~(rest - 1)
+                                     : bitsOf(shown == static_cast<std::int32_t>(number));
+        rest &= ~samples;
+        const Group& group = kGroups[samples];
+        sum += (colourOf(number, x + group.x, y + group.y) | kOpaque) * group.count;
     }
+    return pixelOf(sum / 4);
 }
 
 }  // namespace marlowick

@@ -1,10 +1,12 @@
 // Draws a figure into pixels, without help of any graphics card: the same pixels on every system.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "preview/figure.h"
+#include "preview/lanes.h"
 #include "preview/vector.h"
 
 namespace marlowick {
@@ -34,12 +36,37 @@ class Raster {
     // A vertex on the picture, in sixteenths of a sample from the upper left corner. What is
     // divided by the distance can be interpolated between vertices.
     struct Corner {
+        // The place in the texture, across and down, in 1/256 of its pixels and never below 0; the
+        // light, 0 to 256; and 1: all times the nearness.
+        Floats items = {};
         std::int32_t x = 0;
         std::int32_t y = 0;
-        float nearness = 0;  // 1 / distance; 0 for a vertex that can't be drawn
-        float u = 0;         // in 1/256 of the texture's pixels, times nearness; never below 0
-        float v = 0;         // likewise
-        float light = 0;     // 0 to 256
+        float near = 0;  // 1 / distance; 0 for a vertex that can't be drawn
+    };
+    // What is interpolated over a triangle: a corner's items, as they change from sample to sample.
+    struct Planes {
+        Floats start;  // at one sample
+        Floats right;  // what a step of a sample adds
+        Floats down;
+    };
+    // A triangle of which a sample shows something; its planes' places are of the level's pixels.
+    struct Shown {
+        Planes planes;
+        float x;  // of the start, in samples
+        float y;
+        const TextureLevel* level;
+    };
+    // The four samples of a pixel: the upper two, then the lower two.
+    struct Cell {
+        Floats nearness = {};  // of what it shows, 0 where that is nothing
+        Ints shown = {};       // which triangle; 0 where nothing is
+    };
+    // A face seen from behind; its corners come clockwise.
+    struct Back {
+        const Corner* a;
+        const Corner* b;
+        const Corner* c;
+        const TextureLevels* texture;
     };
     // In samples; right and bottom aren't included.
     struct Area {
@@ -49,22 +76,46 @@ class Raster {
         int bottom = 0;
     };
 
-    void prepare(int width, int height);
+    void prepare(const Figure& figure, int width, int height);
     Camera cameraFor(const FigureBounds& bounds, const View& view) const;
     void project(const FigurePart& part, const Camera& camera);
-    void drawFaces(const FigurePart& part, const Corner* corners, bool fronts);
+    // Keeps for later what is seen from behind.
+    void drawFronts(const FigurePart& part, const Corner* corners);
+    void drawBacks();
+    std::size_t tileAt(int x, int y) const;
+    void findFarthest();
+    // Whether all samples that a face may have show something that is nearer than all of it.
+    bool isHidden(const Back& back) const;
+    // The samples whose middles can lie inside.
+    Area areaOf(const Corner& a, const Corner& b, const Corner& c) const;
     // The corners come clockwise.
-    void drawTriangle(const Corner& a, const Corner& b, const Corner& c, const Texture& texture,
-                      bool isFront);
+    void drawTriangle(const Corner& a, const Corner& b, const Corner& c,
+                      const TextureLevels& texture);
+    // The same from the uppermost corner on. Whether a sample was nearer than what it showed.
+    bool drawSamples(const Corner& top, const Corner& next, const Corner& last, const Area& area,
+                     const Planes& planes, std::int32_t number);
+    // A triangle that starts in the area's first sample, with a level of its texture.
+    void keep(const Planes& planes, const Area& area, const TextureLevels& texture,
+              std::size_t number);
     void resolve(std::uint32_t background);
+    // What a triangle shows at a place, in samples.
+    Words colourOf(std::uint32_t number, float x, float y) const;
+    // A pixel whose samples don't show the same; the first of them is at that place.
+    std::uint32_t mixed(const Ints& shown, float x, float y) const;
+    // The pixel of a sample.
+    Cell* cellAt(int x, int y);
 
     int width_ = 0;  // of the buffers, in samples, two a pixel each way
     int height_ = 0;
-    Area touched_;                        // what isn't cleared
-    std::int64_t work_ = 0;               // samples that may yet be looked at
-    std::vector<Corner> corners_;         // of all parts, one behind the other
-    std::vector<float> nearness_;         // of what a sample shows, 0 where that is nothing
-    std::vector<std::uint32_t> colours_;  // 0xFFRRGGBB, 0 where nothing is
+    Area touched_;                 // what isn't cleared
+    std::int64_t work_ = 0;        // samples that may yet be looked at
+    std::vector<Corner> corners_;  // of all parts, one behind the other
+    std::vector<Back> backs_;
+    std::vector<Shown> triangles_;  // the first one is number 2 or, to be sampled, 3; and so on
+    std::vector<Cell> cells_;       // of each pixel
+    // Of each tile of the picture that lies in it whole, the least nearness; else 0.
+    int tiles_ = 0;  // a row
+    std::vector<float> farthest_;
     std::vector<std::uint32_t> pixels_;
 };
 

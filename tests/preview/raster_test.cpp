@@ -99,6 +99,167 @@ TEST_F(RasterTest, TrianglesThatMeetLeaveNoGapAndShareNoPixel) {
     }
 }
 
+// Each face alone, and all of them together: the samples that it has of a pixel are as many
+// quarters of its alpha.
+TEST_F(RasterTest, EverySampleOfAMeshBelongsToOneTriangle) {
+    FigurePart fan{{vertex(0.137F, -0.211F, 0.05F)}, {}, kWhite};
+    constexpr std::uint32_t kFaces = 23;
+    for (std::uint32_t i = 0; i < kFaces; ++i) {
+        const float angle = static_cast<float>(i) * 360 / kFaces;
+        fan.vertices.push_back(vertex(sineOf(angle), cosineOf(angle), 0));
+        fan.faces.push_back({0, i + 1, (i + 1) % kFaces + 1});
+    }
+    const Figure whole = makeFigure({fan});
+    for (const View& view : {View{}, View{17, 9, 1}, View{-31, -20, 1.7F}, View{3, 0, 8}}) {
+        std::vector<unsigned> samples(kSize * kSize);
+        for (const FigureFace& face : fan.faces) {
+            Figure alone = whole;
+            alone.parts[0].faces = {face};
+            pixels = raster.draw(alone, view, kSize, kSize);
+            for (std::size_t i = 0; i < pixels.size(); ++i) {
+                samples[i] += ((pixels[i] >> 24U) + 1) / 64;
+            }
+        }
+        pixels = raster.draw(whole, view, kSize, kSize);
+        for (std::size_t i = 0; i < pixels.size(); ++i) {
+            ASSERT_EQ(samples[i], ((pixels[i] >> 24U) + 1) / 64) << i % kSize << ' ' << i / kSize;
+        }
+        EXPECT_EQ(alpha(55, 55), 255U);
+    }
+}
+
+// The square spans from 9.65 to 90.35, so 0.0124 is a pixel's middle, at 50.5: of the four samples
+// two lie at 50.25 and two at 50.75.
+TEST_F(RasterTest, APixelOfTwoTrianglesShowsBothByTheirShares) {
+    const auto red = texture(1, 1, {0x00FF0000});
+    const auto green = texture(1, 1, {0x0000FF00});
+    constexpr float kPlace = 0.0124F;
+    FigurePart left = square(red);
+    left.vertices[1].position.x = left.vertices[2].position.x = kPlace;
+    FigurePart right = square(green);
+    right.vertices[0].position.x = right.vertices[3].position.x = kPlace;
+    draw({left, right});
+    for (const int y : {15, 49, 50, 84}) {
+        EXPECT_EQ(at(49, y), 0xFF980000U) << y;
+        EXPECT_EQ(at(50, y), 0xFF4C4C00U) << y;
+        EXPECT_EQ(at(51, y), 0xFF009800U) << y;
+    }
+    // A red one before a green one, of which its corner leaves three of the pixel's samples: 152 /
+    // 4 and 3 * 152 / 4.
+    FigurePart corner = square(red, 0.001F);
+    for (FigureVertex& point : corner.vertices) {
+        point.position.x = std::max(point.position.x, kPlace);
+        point.position.y = std::min(point.position.y, -kPlace);
+    }
+    draw({square(green), corner});
+    EXPECT_EQ(at(50, 50), 0xFF267200U);
+    EXPECT_EQ(at(51, 51), 0xFF980000U);
+    EXPECT_EQ(at(49, 50), 0xFF009800U);
+    EXPECT_EQ(at(50, 49), 0xFF009800U);
+}
+
+TEST_F(RasterTest, WhatIsHiddenLeavesNoTrace) {
+    std::vector<std::uint32_t> noise(64 * 64);
+    std::uint32_t state = 7;
+    for (std::uint32_t& pixel : noise) {
+        state = state * 1664525 + 1013904223;
+        pixel = state >> 8U;
+    }
+    const auto picture = texture(64, 64, noise);
+    // Behind it: a front, a lining, and many small ones of both.
+    FigurePart lining = square(kWhite, -0.3F, 0.6F);
+    lining.faces = {{0, 2, 1}, {0, 3, 2}};
+    FigurePart crumbs{{}, {}, kWhite};
+    for (std::uint32_t i = 0; i < 300; ++i) {
+        const float x = static_cast<float>(i % 20) * 0.08F - 0.8F;
+        const float y = static_cast<float>(i / 20) * 0.1F - 0.7F;
+        crumbs.vertices.insert(
+            crumbs.vertices.end(),
+            {vertex(x, y, -0.1F), vertex(x + 0.07F, y, -0.1F), vertex(x, y - 0.07F, -0.1F)});
+        crumbs.faces.push_back(i % 2 == 0 ? FigureFace{3 * i, 3 * i + 1, 3 * i + 2}
+                                          : FigureFace{3 * i, 3 * i + 2, 3 * i + 1});
+    }
+    Figure figure = makeFigure({square(kWhite, -0.2F, 0.7F), lining, crumbs, square(picture)});
+    for (const View& view : {View{}, View{4, -5, 1}, View{-5, 3, 2.5F}, View{0, 0, 8}}) {
+        figure.parts =
+            makeFigure({square(kWhite, -0.2F, 0.7F), lining, crumbs, square(picture)}).parts;
+        pixels = raster.draw(figure, view, 101, 97);
+        figure.parts.erase(figure.parts.begin(), figure.parts.begin() + 3);
+        EXPECT_EQ(pixels, raster.draw(figure, view, 101, 97)) << view.yaw;
+    }
+}
+
+// Three pixels of the texture and more fall on one of the picture: of as many black as white ones
+// that leaves (2 * 255 + 2) / 4 = 128 in the first halved copy, 76 of which are lit.
+TEST_F(RasterTest, AChequeredTextureIsEvenFromAfar) {
+    std::vector<std::uint32_t> chequers(256 * 256);
+    for (std::size_t i = 0; i < chequers.size(); ++i) {
+        chequers[i] = (i + i / 256) % 2 == 0 ? 0x00FFFFFFU : 0U;
+    }
+    const FigurePart part = square(texture(256, 256, chequers));
+    for (const float yaw : {0.0F, 0.5F, 7.0F, 20.0F, 40.0F}) {
+        draw({part}, {yaw, 0, 1});
+        for (int y = 20; y < 80; ++y) {
+            for (int x = 25; x < 75; ++x) {
+                ASSERT_EQ(at(x, y), 0xFF4C4C4CU) << yaw << ": " << x << ' ' << y;
+            }
+        }
+    }
+}
+
+// 152 of the texture's pixels fall on 80.7 of the picture. The four samples of a pixel lie 0.94 of
+// the texture's from each other, where chequers are nearly each other's opposite.
+TEST_F(RasterTest, AChequeredTextureIsEvenWhereNoHalvedCopyIsTaken) {
+    constexpr std::size_t kSide = 152;
+    std::vector<std::uint32_t> chequers(kSide * kSide);
+    for (std::size_t i = 0; i < chequers.size(); ++i) {
+        chequers[i] = (i + i / kSide) % 2 == 0 ? 0x00FFFFFFU : 0U;
+    }
+    draw({square(texture(kSide, kSide, chequers))});
+    for (int y = 20; y < 80; ++y) {
+        for (int x = 20; x < 80; ++x) {
+            ASSERT_NEAR(red(x, y), kLit / 2, 4) << x << ' ' << y;
+        }
+    }
+}
+
+// One and a half of the texture's pixels fall on one of the picture: too few for a halved copy, in
+// which these stripes, of two pixels each, would be grey.
+TEST_F(RasterTest, WhatIsALittleLargerThanThePictureStaysSharp) {
+    constexpr std::size_t kSide = 128;
+    std::vector<std::uint32_t> stripes(kSide * kSide);
+    for (std::size_t i = 0; i < stripes.size(); ++i) {
+        stripes[i] = (i % kSide + 1) / 2 % 2 == 0 ? 0x00FFFFFFU : 0U;
+    }
+    draw({square(texture(kSide, kSide, stripes))});
+    unsigned darkest = 255;
+    unsigned brightest = 0;
+    for (int x = 40; x < 60; ++x) {
+        darkest = std::min(darkest, red(x, 50));
+        brightest = std::max(brightest, red(x, 50));
+    }
+    EXPECT_LT(darkest, 30U);
+    EXPECT_GT(brightest, kLit - 30);
+}
+
+// Two times three stripes in 80.7 pixels, each 13.45 wide from 9.65 on.
+TEST_F(RasterTest, TexturesOfOddSizesRepeat) {
+    FigurePart twice = square(texture(3, 1, {0x00FF0000, 0x0000FF00, 0x000000FF}));
+    for (FigureVertex& corner : twice.vertices) {
+        corner.u = corner.u * 2 - 1;
+    }
+    draw({twice});
+    for (const int left : {0, 40}) {
+        EXPECT_NEAR(at(left + 16, 50) >> 16U & 0xFFU, kLit, 9);
+        EXPECT_NEAR(at(left + 29, 50) >> 8U & 0xFFU, kLit, 9);
+        EXPECT_NEAR(at(left + 43, 50) & 0xFFU, kLit, 9);
+    }
+    // Where it begins anew, the last one and the first one mix: at 50, half of each.
+    EXPECT_NEAR(at(50, 50) & 0xFFU, kLit / 2, 7);
+    EXPECT_NEAR(at(50, 50) >> 16U & 0xFFU, kLit / 2, 7);
+    EXPECT_EQ(at(50, 50) >> 8U & 0xFFU, 0U);
+}
+
 TEST_F(RasterTest, WhatIsNearerHidesWhatIsFurther) {
     const auto red = texture(1, 1, {0x00FF0000});
     const auto blue = texture(1, 1, {0x000000FF});
@@ -118,6 +279,13 @@ TEST_F(RasterTest, AFaceSeenFromBehindIsALining) {
     EXPECT_EQ(alpha(50, 50), 255U);
     EXPECT_LT(red(50, 50), kLit * 2 / 3);
     EXPECT_GT(red(50, 50), kLit / 3);
+    // It may lie before a front, which comes first.
+    FigurePart lining = square(kWhite, 0.3F, 0.4F);
+    lining.faces = {{0, 2, 1}, {0, 3, 2}};
+    draw({square(kWhite), lining});
+    EXPECT_EQ(at(20, 20), kLitWhite);
+    EXPECT_LT(red(40, 50), kLit * 2 / 3);
+    EXPECT_LT(red(60, 55), kLit * 2 / 3);
     // Where a front lies in the same place, it is what is seen, whichever comes first.
     FigurePart both = square(kWhite);
     both.faces = {{0, 2, 1}, {0, 3, 2}, {0, 1, 2}, {0, 2, 3}};
@@ -387,7 +555,7 @@ TEST_F(RasterTest, ThePixelsAreTheSameOnEverySystem) {
             sum = (sum ^ (pixel >> shift & 0xFFU)) * 16777619U;
         }
     }
-    EXPECT_EQ(sum, 3246550577U);
+    EXPECT_EQ(sum, 1709580643U);
 }
 
 }  // namespace
