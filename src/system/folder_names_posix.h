@@ -3,7 +3,7 @@
 // memory where that is known to be true:
 //
 // - Where the kernel tells of every change in the folder, each is taken over before the next
-// answer.
+//   answer, but for names that were moved away, which are found out when they are the answer.
 // - While a command runs, or holds the folder, what this program puts there is entered. A name that
 //   has gone meanwhile is never an answer; one that another program makes there meanwhile may be
 //   missed.

@@ -15,7 +15,9 @@ namespace marlowick {
 namespace {
 
 constexpr std::uint32_t kAppeared = IN_CREATE | IN_MOVED_TO;
-constexpr std::uint32_t kGone = IN_DELETE | IN_MOVED_FROM;
+// Two names that are exchanged are told of as one renaming there and one back: the name that the
+// second leaves still stands there. So a name that is moved away isn't taken for gone.
+constexpr std::uint32_t kGone = IN_DELETE;
 
 // Missing from the headers.
 constexpr std::uint32_t kNtfs = 0x7366746E;

@@ -28,7 +28,7 @@ class FolderWatch {
     struct Change {
         enum class Kind {
             Appeared,  // a name in the folder
-            Gone,      // a name in the folder
+            Gone,      // a name in the folder; of one that is moved away nothing is told
             Ended,     // the folder itself is gone, and nothing more will be told of it
         };
         int number = 0;
