@@ -4,6 +4,7 @@
 
 #include "system/file_stamp.h"
 #include "system/files.h"
+#include "system/files_posix.h"
 
 namespace marlowick {
 namespace {
@@ -22,8 +23,11 @@ bool isThere(const Path& path, struct stat& status) {
 
 std::optional<FileStamp> fileStamp(const Path& path) {
     struct stat status {};
-    // Most paths are written as they stand on the disk: then one look is enough.
-    if (!isThere(path, status) && !isThere(files().followLinks(path), status)) {
+    // Most paths are written as they stand on the disk: then one look is enough. The file that is
+    // opened behind it has to be this one.
+    if (isThere(path, status)) {
+        openAsItIsWritten(path);
+    } else if (!isThere(files().followLinks(path), status)) {
         return std::nullopt;
     }
     if (S_ISDIR(status.st_mode)) {

@@ -2,6 +2,8 @@
 // letter case, as the game's own platform does, and takes the owner's write
 // permission for the read-only mark.
 
+#include "system/files_posix.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -78,6 +80,8 @@ struct KnownFolder {
         return !written.empty() && path.starts_with(written) &&
                path.find('/', written.size()) == std::string_view::npos;
     }
+    // Another program may meanwhile have moved it, or made one that stands there as it is written.
+    bool stillLeadsThere() const { return !isPresent(written) && isPresent(native); }
 };
 
 KnownFolder& knownFolder() {
@@ -172,7 +176,10 @@ Resolved resolveFolder(const std::string& folder) {
     }
     KnownFolder& known = knownFolder();
     if (folder == known.written) {
-        return {known.native, true};
+        if (known.stillLeadsThere()) {
+            return {known.native, true};
+        }
+        forgetKnownFolder();
     }
     Resolved found = resolveFromEnd(folder);
     if (found.isThere && found.native != folder && folderNames().commands() > 0) {
@@ -542,8 +549,9 @@ class PosixFileSystem : public FileSystem {
     }
 
   private:
-    // Most files stand there as the path is written, and may be opened: then there is one walk to
-    // them. Nothing if this one doesn't. A pipe without anybody at its other end isn't waited for.
+    // Most files stand there as the path is written, or in the folder that it led to before, and
+    // may be opened: then there is one walk to them. Nothing if this one doesn't. A pipe without
+    // anybody at its other end isn't waited for.
     static std::unique_ptr<File> openAsWritten(const Path& path, OpenMode mode) {
         const int access = mode == OpenMode::Input ? O_RDONLY : O_RDWR;
         std::string native = nativeText(path);
@@ -580,6 +588,12 @@ class PosixFileSystem : public FileSystem {
 };
 
 }  // namespace
+
+void openAsItIsWritten(const Path& path) {
+    if (knownFolder().holds(nativeText(path))) {
+        forgetKnownFolder();
+    }
+}
 
 void keepSystemBoxesAway() {}
 

@@ -6,6 +6,7 @@
 #include "support/game_files.h"
 #include "support/kept_at_once.h"
 #include "support/user_file_builder.h"
+#include "system/one_command.h"
 #include "system/streams.h"
 
 namespace marlowick {
@@ -112,6 +113,24 @@ TEST_F(ArchiveDirectoryTest, AnArchiveThatAnotherIsRenamedOverIsSeen) {
     std::filesystem::rename(folder.game() / "b.far", folder.game() / "a.far");
     EXPECT_EQ(read(), "Two.bmp");
 }
+
+#ifndef _WIN32
+// Of two folders whose names differ in case, neither is kept as the other one.
+TEST_F(ArchiveDirectoryTest, AFolderThatIsMovedToTheVeryNameIsSeen) {
+    archiveOf("PACK/a.far", {"One.bmp"});
+    archiveOf("other/a.far", {"Two.bmp"});
+    const auto found = [this] {
+        return std::string(readArchiveDirectory(folder.path("game\\pack\\a.far"))->baseName(1));
+    };
+    {
+        const OneCommand command;
+        EXPECT_EQ(found(), "One.bmp");
+        std::filesystem::rename(folder.game() / "other", folder.game() / "pack");
+        EXPECT_EQ(found(), "Two.bmp");
+    }
+    EXPECT_EQ(found(), "Two.bmp");
+}
+#endif
 
 TEST_F(ArchiveDirectoryTest, AnArchiveThatIsGoneHasNoEntries) {
     archiveOf("a.far", {"One.bmp"});

@@ -1,7 +1,9 @@
 #include "system/folder_names_posix.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 
@@ -74,6 +76,26 @@ TEST_F(FolderNamesTest, KnowsWhatOthersDidInTheFolder) {
             fs::remove(place / "FACE.BMP");
         }
     }
+}
+
+// The kernel tells of two renamings, there and back, behind which one name would be left.
+TEST_F(FolderNamesTest, TwoNamesThatAreExchangedBothStayThere) {
+    make("A");
+    make("B");
+    EXPECT_EQ(find("a"), "A");
+    const auto exchange = [this](const char* one, const char* other) {
+        return ::renameat2(AT_FDCWD, (place / one).c_str(), AT_FDCWD, (place / other).c_str(),
+                           RENAME_EXCHANGE) == 0;
+    };
+    if (!exchange("A", "B")) {
+        GTEST_SKIP() << "the file system can't exchange names";
+    }
+    EXPECT_EQ(find("a"), "A");
+    EXPECT_EQ(find("b"), "B");
+    ASSERT_TRUE(exchange("B", "A"));
+    fs::remove(place / "A");
+    EXPECT_EQ(find("a"), "");
+    EXPECT_EQ(find("b"), "B");
 }
 
 TEST_F(FolderNamesTest, AnotherFolderOfTheSameNameIsAnotherFolder) {
@@ -214,6 +236,32 @@ TEST_F(FolderNamesTest, ACommandOnAWatchedFolderSeesWhatOthersMake) {
     const OneCommand::Pause pause;
     fs::remove(place / "B");
     EXPECT_FALSE(files().fileExists(folder.path("place/b")));
+}
+
+// The folder of a path is found once a command. Meanwhile another program gives it another name.
+TEST_F(FolderNamesTest, ACommandFollowsAFolderToANameInOtherLetters) {
+    make("a");
+    const OneCommand command;
+    EXPECT_EQ(readWholeFile(folder.path("pLACE/a")), "x");
+    fs::path current = place;
+    for (const char* name : {"PLACE", "Place", "place"}) {
+        fs::rename(current, folder.root() / name);
+        current = folder.root() / name;
+        EXPECT_TRUE(files().fileExists(folder.path("pLACE/a")));
+        EXPECT_EQ(readWholeFile(folder.path("pLACE/a")), "x");
+    }
+}
+
+TEST_F(FolderNamesTest, ACommandSeesAFolderThatIsMadeAsItIsWritten) {
+    folder.write("place/a", "other letters");
+    const OneCommand command;
+    EXPECT_EQ(readWholeFile(folder.path("PLACE/a")), "other letters");
+    EXPECT_FALSE(files().fileExists(folder.path("PLACE/b")));
+    folder.write("PLACE/a", "as written");
+    folder.write("PLACE/b", "new");
+    EXPECT_EQ(readWholeFile(folder.path("PLACE/b")), "new");
+    EXPECT_TRUE(files().fileExists(folder.path("PLACE/b")));
+    EXPECT_EQ(readWholeFile(folder.path("PLACE/a")), "as written");
 }
 
 TEST_F(FolderNamesTest, AWatchedFolderThatIsHeldMissesNothing) {
