@@ -46,13 +46,20 @@ const WornFiles::Listing& WornFiles::listing(const Path& folder) {
 }
 
 std::shared_ptr<const ArchiveDirectory> WornFiles::archive(const Path& path) {
-    std::shared_ptr<const ArchiveDirectory>& result = archives_[path.text()];
-    if (!result) {
+    Directory& result = archives_[path.text()];
+    if (!result.entries) {
+        result.stamp = fileStamp(path);
         QuietDirectory found = lookAtArchiveDirectory(path, kept_);
-        result = found.isWhole ? std::move(found.directory)
-                               : std::make_shared<const ArchiveDirectory>(FarDirectory());
+        result.entries = found.isWhole ? std::move(found.directory)
+                                       : std::make_shared<const ArchiveDirectory>(FarDirectory());
     }
-    return result;
+    return result.entries;
+}
+
+bool WornFiles::fitsItsDirectory(const FilePlace& place) const {
+    const auto directory = archives_.find(place.file.text());
+    return place.entry == 0 ||
+           (directory != archives_.end() && directory->second.stamp == fileStamp(place.file));
 }
 
 std::optional<FilePlace> WornFiles::looseFile(const Path& folder, const std::string& name) {

@@ -57,20 +57,32 @@ class WornFiles {
     // place, else as FileSystem::open.
     std::string read(const FilePlace& place, std::int64_t most);
 
-    // What make makes of the place's bytes, kept as KeptFiles does.
+    // What make makes of the place's bytes, kept as KeptFiles does, but for an archive that has
+    // changed since this question read its directory.
     template <class Value>
     std::shared_ptr<const Value> made(const FilePlace& place, const std::string& what,
                                       std::int64_t most,
                                       const std::function<Made<Value>(const std::string&)>& make) {
         const std::string whole = what + "\\" + std::to_string(place.entry);
-        return kept_.get<Value>(place.file, whole, [&] { return make(read(place, most)); });
+        return kept_.get<Value>(place.file, whole, [&] {
+            Made<Value> result = make(read(place, most));
+            result.isWhole = result.isWhole && fitsItsDirectory(place);
+            return result;
+        });
     }
 
   private:
     // A folder's files by their names in upper case.
     using Listing = std::unordered_multimap<std::string, std::string>;
 
+    // A directory in use, and its archive's state before it was read.
+    struct Directory {
+        std::optional<FileStamp> stamp;
+        std::shared_ptr<const ArchiveDirectory> entries;
+    };
+
     const Listing& listing(const Path& folder);
+    bool fitsItsDirectory(const FilePlace& place) const;
     std::shared_ptr<const ArchiveDirectory> archive(const Path& path);
     std::optional<FilePlace> looseFile(const Path& folder, const std::string& name);
     std::optional<FilePlace> archived(const Path& path, const std::string& name);
@@ -82,8 +94,8 @@ class WornFiles {
 
     KeptFiles& kept_;
     std::unordered_map<std::string, Listing> listings_;
-    // The directories in use, so that each is checked once a question.
-    std::unordered_map<std::string, std::shared_ptr<const ArchiveDirectory>> archives_;
+    // So that each is checked once a question.
+    std::unordered_map<std::string, Directory> archives_;
     std::optional<std::vector<Path>> modelArchives_;
     std::optional<std::vector<Path>> skinArchives_;
 };

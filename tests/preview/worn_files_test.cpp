@@ -4,6 +4,7 @@
 
 #include "support/archive_builder.h"
 #include "support/error_recorder.h"
+#include "support/kept_at_once.h"
 #include "support/test_folder.h"
 
 namespace marlowick {
@@ -34,6 +35,28 @@ TEST_F(WornFilesTest, ReadsTheEntriesThatAnArchiveHasAndNoOthers) {
     EXPECT_EQ(errorOf([&] { files.read({archive, 2, "two"}, 4); }), 7);
     EXPECT_EQ(errorOf([&] { files.read({archive, 3, "three"}, 5); }), 9);
     EXPECT_EQ(errorOf([&] { files.read({archive, -1, "none"}, 5); }), 9);
+}
+
+// What is read with the directory of before serves that question alone.
+TEST_F(WornFilesTest, WhatIsReadOfAnArchiveThatChangedSinceItsDirectoryIsNotKept) {
+    kept = KeptFiles(kMostKept, [] { return stampClock() + 60'000'000'000; });
+    folder.write("game/x.far", test::archiveFile({{"one", "first"}, {"two", "other"}}));
+    const FilePlace place{folder.path("game\\x.far"), 2, "two"};
+    const auto content = [&place](WornFiles& question) {
+        return *question.made<std::string>(place, "content", 100, [](const std::string& bytes) {
+            return Made<std::string>{bytes, bytes.size()};
+        });
+    };
+    EXPECT_EQ(files.read(place, 100), "other");
+    test::letTheClockMove();
+    folder.write("game/x.far", test::archiveFile({{"one", "1"}, {"two", "new"}}));
+    content(files);
+    WornFiles next(kept);
+    EXPECT_EQ(content(next), "new");
+    const std::size_t bytes = kept.bytes();
+    WornFiles again(kept);
+    EXPECT_EQ(content(again), "new");
+    EXPECT_EQ(kept.bytes(), bytes);
 }
 
 #ifndef _WIN32
