@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::size_t kRecordHead = 16;
 constexpr std::size_t kPiece = 1 << 20;
+constexpr std::int64_t kMostExpected = 100'000;  // entries
 
 // The head of a record; the reader's own bytes move on with what is taken next.
 std::array<char, kRecordHead> copied(std::string_view head) {
@@ -27,8 +28,10 @@ std::array<char, kRecordHead> copied(std::string_view head) {
 
 // Takes the records that lie whole in the file.
 void takeRecords(FarDirectory& directory, BufferedReader& manifest, std::int32_t count) {
-    // As many as the file has room for, whatever it claims.
-    const auto most = std::min<std::int64_t>(count, manifest.left() / std::int64_t{kRecordHead});
+    // As many as the file has room for, whatever it claims; beyond what games have, room is made as
+    // the records come.
+    const auto most =
+        std::min<std::int64_t>({count, manifest.left() / std::int64_t{kRecordHead}, kMostExpected});
     directory.Entries.reserve(static_cast<int>(most));
     for (std::int32_t number = 1; number <= count; ++number) {
         const std::optional<std::string_view> head = manifest.take(kRecordHead);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -61,6 +62,24 @@ TEST(FarDirectoryMemoryTest, ADirectoryTakesAtMostEightTimesItsFileAndASmallAmou
     EXPECT_LE(memoryOf("VmHWM:") - before, kAlways + kTimes * size);
     EXPECT_EQ(directory.Entries.bound(), static_cast<int>(kCount));
     EXPECT_EQ(directory.Entries[static_cast<int>(kCount)].FileName, "x");
+}
+
+// Not even memory that stays untouched: there are systems that count it.
+TEST(FarDirectoryMemoryTest, ADirectoryThatClaimsMoreEntriesThanItHasTakesNoRoomForThem) {
+    constexpr long kData = 64L << 20U;  // bytes behind the directory
+    test::TestFolder folder;
+    folder.write("game/a.far", test::archiveHead(16) + test::little32(0x7FFFFFFF) +
+                                   test::archiveRecord(0, 0, 16, "x") + std::string(12, '\0') +
+                                   test::little32(0x7FFFFFFF));
+    std::filesystem::resize_file(folder.game() / "a.far", kData);
+    const long before = memoryOf("VmSize:");
+    if (before == 0) {
+        GTEST_SKIP() << "the kernel keeps no account";
+    }
+    FarDirectory directory;
+    readFarDirectory(directory, folder.path("game\\a.far"));
+    EXPECT_LE(memoryOf("VmSize:") - before, kAlways);
+    EXPECT_EQ(directory.Entries.bound(), 1);
 }
 
 }  // namespace
