@@ -101,8 +101,11 @@ class SaveArchive : public Case {
         edit_.mstrFarFile = path_;
         gsReadFARdir(edit_.mudtFarDir, path_);
     }
-    // What the last run has kept goes, so that no run prunes.
+    // Each save changes the archive, by one letter of a name: of one that stays what it is nothing
+    // is kept. What the last run has kept goes, so that no run prunes.
     void prepare() override {
+        char& letter = edit_.mudtFarDir.Entries[1].FileName.back();
+        letter = letter == 'p' ? 'q' : 'p';
         for (const char* name : {"first", "kept", "second", "History"}) {
             std::filesystem::remove_all(folder_.of(name));
         }

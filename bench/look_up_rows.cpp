@@ -29,13 +29,14 @@ class LookUp : public Case {
         }
     }
     void floor() override {
-        std::vector<std::string> names;
+        // One behind the other: a text for each would take a third of the time.
+        std::string names;
         DIR* const handle = ::opendir(root_.c_str());
         while (const dirent* const entry = ::readdir(handle)) {
-            names.emplace_back(entry->d_name);
+            names.append(entry->d_name).push_back('\0');
         }
         ::closedir(handle);
-        benchmark::DoNotOptimize(names.size());
+        benchmark::DoNotOptimize(names.data());
         for (const std::string& name : wanted_) {
             struct stat status {};
             benchmark::DoNotOptimize(::stat((root_ + name).c_str(), &status));

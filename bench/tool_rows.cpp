@@ -49,6 +49,8 @@ class Neighbourhood : public Case {
         add(iff, "CTSS", "\x07\xD0", std::string("\xFD\xFF\1\0\1name\0\0", 11));
         add(iff, "STR#", std::string("\0\xC8", 2), wardrobe("f001maskn_01,BODY=f001masknlgt_01"));
         add(iff, "BMP_", "\x07\xD1", std::string(30'000, 'x'));
+        add(iff, "OBJD", std::string("\0\x80", 2), std::string(200, 'x'));
+        iff.Segments[iff.Segments.bound()].Label.replace(0, 4, "user");
         gsWriteIFF(iff, Path(nameOf(1)));
         content_ = readWholeFile(Path(nameOf(1)));
         for (int number = 2; number <= count; ++number) {
