@@ -188,11 +188,8 @@ Resolved resolveFolder(const std::string& folder) {
     return found;
 }
 
-// From the end, as most folders stand there as they are written.
-Resolved resolveFromEnd(const std::string& native) {
-    if (!knownFolder().holds(native) && isPresent(native)) {
-        return {native, true};
-    }
+// By the folder. isAbsent: it is known already that nothing stands under the path as it is written.
+Resolved resolveInFolder(const std::string& native, bool isAbsent) {
     const std::size_t end = native.find_last_not_of('/');
     if (end == std::string::npos) {
         return {native, false};
@@ -200,10 +197,24 @@ Resolved resolveFromEnd(const std::string& native) {
     const std::size_t slash = native.rfind('/', end);
     const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
     const std::string rest = native.substr(end + 1);
+    const std::string written = native.substr(0, start);
     const std::string piece = native.substr(start, end + 1 - start);
-    Resolved folder = resolveFolder(native.substr(0, start));
-    const std::string name = folder.isThere ? openableName(folder.native, piece) : std::string();
+    Resolved folder = resolveFolder(written);
+    std::string name;
+    if (folder.isThere) {
+        name = isAbsent && folder.native == written ? folderNames().find(written, piece)
+                                                    : openableName(folder.native, piece);
+    }
     return {folder.native + (name.empty() ? piece : name) + rest, !name.empty()};
+}
+
+// From the end, as most folders stand there as they are written.
+Resolved resolveFromEnd(const std::string& native) {
+    const bool isLookedFor = !knownFolder().holds(native);
+    if (isLookedFor && isPresent(native)) {
+        return {native, true};
+    }
+    return resolveInFolder(native, isLookedFor);
 }
 
 // The path as the machine wants it.
@@ -514,7 +525,7 @@ class PosixFileSystem : public FileSystem {
         if (::lstat(native.c_str(), &status) == 0) {
             return S_ISLNK(status.st_mode);
         }
-        const Resolved found = resolveFromEnd(native);
+        const Resolved found = resolveInFolder(native, true);
         return found.isThere && ::lstat(found.native.c_str(), &status) == 0 &&
                S_ISLNK(status.st_mode);
     }

@@ -61,9 +61,10 @@ void FolderNames::setCommands(int commands) {
     dropWhatMayNotStay();
 }
 
+// Where the folder is watched, the kernel tells of this too.
 void FolderNames::added(const std::string& native) {
     const auto isUntold = [](const Folder& folder) { return !folder.watch; };
-    if (!held_ && std::none_of(folders_.begin(), folders_.end(), isUntold)) {
+    if (std::none_of(folders_.begin(), folders_.end(), isUntold)) {
         return;
     }
     const std::size_t slash = native.rfind('/');
