@@ -9,6 +9,7 @@
 #include "bench/ratio.h"
 #include "far/far_directory.h"
 #include "far/far_save.h"
+#include "foundation/bytes.h"
 #include "foundation/game.h"
 #include "foundation/history_command.h"
 #include "foundation/history_places.h"
@@ -101,11 +102,18 @@ class SaveArchive : public Case {
         edit_.mstrFarFile = path_;
         gsReadFARdir(edit_.mudtFarDir, path_);
     }
-    // Each save changes the archive, by one letter of a name: of one that stays what it is nothing
-    // is kept. What the last run has kept goes, so that no run prunes.
+    // Each save makes the archive a letter longer or shorter, as adding and deleting would: of one
+    // that stays what it is nothing is kept. What the last run has kept goes, so that no run
+    // prunes.
     void prepare() override {
-        char& letter = edit_.mudtFarDir.Entries[1].FileName.back();
-        letter = letter == 'p' ? 'q' : 'p';
+        FarEntry& entry = edit_.mudtFarDir.Entries[1];
+        if (entry.FileName.ends_with('q')) {
+            entry.FileName.pop_back();
+        } else {
+            entry.FileName += 'q';
+        }
+        entry.NameLength =
+            gfstrLongToLittleEndian(static_cast<std::int32_t>(entry.FileName.size()));
         for (const char* name : {"first", "kept", "second", "History"}) {
             std::filesystem::remove_all(folder_.of(name));
         }
