@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # run.sh [--small]: builds the benchmarks, makes their data in a temporary folder, and prints each routine
 # beside the least that the machine could do for the same work, how its cost grows, and the memory
-# that it takes. The table also goes to build/bench/ratios.json, the benchmarks without such a
+# that it takes. That is an hour, nearly all of it the repairs of thousands of sims, each of which is
+# flushed to the disk. The table also goes to build/bench/ratios.json, the benchmarks without such a
 # floor to build/bench/others.json. --small runs each once on small data: it shows that they still
 # work, and its figures mean nothing.
 set -euo pipefail
