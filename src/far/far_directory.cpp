@@ -28,12 +28,14 @@ std::array<char, kRecordHead> copied(std::string_view head) {
 
 // Takes the records that lie whole in the file.
 void takeRecords(FarDirectory& directory, BufferedReader& manifest, std::int32_t count) {
-    // As many as the file has room for, whatever it claims; beyond what games have, room is made as
-    // the records come.
-    const auto most =
-        std::min<std::int64_t>({count, manifest.left() / std::int64_t{kRecordHead}, kMostExpected});
-    directory.Entries.reserve(static_cast<int>(most));
+    // As many as the file has room for, whatever it claims; of more than games have, those beyond
+    // get their room once the others were there.
+    const auto most = std::min<std::int64_t>(count, manifest.left() / std::int64_t{kRecordHead});
+    directory.Entries.reserve(static_cast<int>(std::min(most, kMostExpected)));
     for (std::int32_t number = 1; number <= count; ++number) {
+        if (number == kMostExpected + 1) {
+            directory.Entries.reserve(static_cast<int>(most));
+        }
         const std::optional<std::string_view> head = manifest.take(kRecordHead);
         if (!head) {
             return;
