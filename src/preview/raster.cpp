@@ -455,13 +455,14 @@ void Raster::findFarthest() {
     }
 }
 
-bool Raster::isHidden(const Back& back) const {
+bool Raster::isHidden(const Back& back) {
     const Area area = areaOf(*back.a, *back.b, *back.c);
     if (area.right > tiles_ * kTile || area.bottom > height_ / kTile * kTile) {
         return false;
     }
     const float nearest = std::max({back.a->near, back.b->near, back.c->near});
     for (int y = area.top / kTile; y * kTile < area.bottom; ++y) {
+        work_ -= 1 + std::max(0, area.right - area.left) / kTile;
         for (int x = area.left / kTile; x * kTile < area.right; ++x) {
             if (farthest_[tileAt(x, y)] < nearest) {
                 return false;

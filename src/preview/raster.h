@@ -85,7 +85,7 @@ class Raster {
     std::size_t tileAt(int x, int y) const;
     void findFarthest();
     // Whether all samples that a face may have show something that is nearer than all of it.
-    bool isHidden(const Back& back) const;
+    bool isHidden(const Back& back);
     // The samples whose middles can lie inside.
     Area areaOf(const Corner& a, const Corner& b, const Corner& c) const;
     // The corners come clockwise.
@@ -108,7 +108,7 @@ class Raster {
     int width_ = 0;  // of the buffers, in samples, two a pixel each way
     int height_ = 0;
     Area touched_;                 // what isn't cleared
-    std::int64_t work_ = 0;        // samples that may yet be looked at
+    std::int64_t work_ = 0;        // samples and tiles that may yet be looked at
     std::vector<Corner> corners_;  // of all parts, one behind the other
     std::vector<Back> backs_;
     std::vector<Shown> triangles_;  // the first one is number 2 or, to be sampled, 3; and so on

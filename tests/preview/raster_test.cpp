@@ -522,6 +522,18 @@ TEST_F(RasterTest, TooManyLargeFacesEndInTime) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }
 
+// Finding out that each of them is hidden takes its time as well.
+TEST_F(RasterTest, TooManyHiddenFacesEndInTime) {
+    FigurePart lining = square(kWhite, -0.1F, 0.9F);
+    lining.faces.assign(65536, {0, 2, 1});
+    const Figure figure = makeFigure({square(kWhite), lining, lining, lining, lining});
+    const auto start = std::chrono::steady_clock::now();
+    pixels = raster.draw(figure, {0, 0, 8}, 1000, 1000);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    EXPECT_TRUE(std::all_of(pixels.begin(), pixels.end(),
+                            [](std::uint32_t pixel) { return pixel == kLitWhite; }));
+}
+
 // One number for the whole picture of a turned and tilted box in a texture of noise. It was noted
 // on one system; all others have to come to the same.
 TEST_F(RasterTest, ThePixelsAreTheSameOnEverySystem) {
