@@ -34,8 +34,9 @@ constexpr float kLiningDepth = 0.9995F;
 
 // Of a texture a pixel takes at most so many pixels; of what would be more a halved copy is taken.
 constexpr float kMostCovered = 4;
-// With more than this, each sample takes its own.
-constexpr float kMostCoveredAtOnce = 2;
+// With more than this, each sample takes its own: a fine pattern that is taken once a pixel shows
+// up as a coarse one, which flickers while the figure turns.
+constexpr float kMostCoveredAtOnce = 1;
 constexpr std::uint32_t kSampled = 1;  // of a number of a triangle
 
 // A tile of the picture, each way in samples: where a face is further away than all of a tile, it
