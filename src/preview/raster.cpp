@@ -364,8 +364,8 @@ void Raster::project(const FigurePart& part, const Camera& camera) {
     }
     const float moveU = -std::floor(least[0]);
     const float moveV = -std::floor(least[1]);
-    const auto wide = static_cast<float>(part.texture->width * kPixel);
-    const auto tall = static_cast<float>(part.texture->height * kPixel);
+    const float wide = static_cast<float>(part.texture->width) * kPixel;
+    const float tall = static_cast<float>(part.texture->height) * kPixel;
     for (const FigureVertex& vertex : part.vertices) {
         const Vector place = camera.turn * (vertex.position - camera.centre);
         const float distance = camera.distance - place.z;

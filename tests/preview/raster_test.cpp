@@ -355,6 +355,16 @@ TEST_F(RasterTest, CoordinatesBeyondTheTextureRepeatIt) {
     EXPECT_NEAR(red(80, 50), kLit, 2);
 }
 
+// As a bitmap of two colours may be. Its left half is black, its right half white.
+TEST_F(RasterTest, AVeryWideTexture) {
+    constexpr int kWide = 1 << 23U;
+    std::vector<std::uint32_t> halves(kWide);
+    std::fill(halves.begin() + kWide / 2, halves.end(), 0x00FFFFFFU);
+    draw({square(texture(kWide, 1, std::move(halves)))});
+    EXPECT_EQ(at(30, 50), 0xFF000000U);
+    EXPECT_EQ(at(70, 50), kLitWhite);
+}
+
 // The middle of a square that is turned away stays in the middle of the picture, though its further
 // half takes less room; without regard to distance it would shift, and differently in each
 // triangle.
