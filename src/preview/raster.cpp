@@ -16,7 +16,7 @@ constexpr int kMiddle = kGrid / 2;
 constexpr float kMargin = 0.03F;
 constexpr float kDistance = 5;    // of the eye, in sizes of the figure
 constexpr float kClosest = 0.1F;  // of that distance: what comes closer isn't drawn
-constexpr float kFarOut = 30000;  // samples beside the picture: likewise
+constexpr float kFarOut = 30000;  // samples from the picture's upper left corner: likewise
 // Where a near look goes: up from the middle to the chest, by so much of the height.
 constexpr float kNearLook = 0.22F;
 
@@ -43,6 +43,8 @@ constexpr std::uint32_t kSampled = 1;  // of a number of a triangle
 // isn't seen there.
 constexpr int kTile = 8;
 
+// A picture's work, in samples that are looked at: so many for each that it has, but no fewer than
+// the least. A face takes some by itself.
 constexpr std::int64_t kWorkASample = 48;
 constexpr std::int64_t kWorkAFace = 16;
 constexpr std::int64_t kLeastWork = 4 << 20U;
@@ -60,9 +62,6 @@ float square(float value) {
 float finite(float value) {
     return std::isfinite(value) ? value : 0;
 }
-
-// Every other of a pixel's four channels: two can be reckoned with at once.
-constexpr std::uint32_t kTwoChannels = 0x00FF00FFU;
 
 // Pixels of a texture are counted in 1/256.
 constexpr int kPixel = 256;

@@ -27,7 +27,8 @@ class Raster {
     // each pixel ARGB with its colours multiplied by its alpha, as the background's are (0 is
     // transparent). Pitch and zoom beyond their bounds count as the bounds. Good until the next
     // call; empty for a picture without an area. Of faces that are too many and too large to be
-    // drawn in time the rest is left out.
+    // drawn in time the rest is left out; so is a face that reaches further than 15,000 pixels from
+    // the upper left corner. The figure comes from makeFigure.
     const std::vector<std::uint32_t>& draw(const Figure& figure, const View& view, int width,
                                            int height, std::uint32_t background = 0);
 

@@ -10,9 +10,6 @@
 namespace marlowick {
 namespace {
 
-// Every other of a pixel's four channels: two can be reckoned with at once.
-constexpr std::uint32_t kTwoChannels = 0x00FF00FFU;
-
 std::uint32_t average(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t d) {
     const std::uint32_t even = (a & kTwoChannels) + (b & kTwoChannels) + (c & kTwoChannels) +
                                (d & kTwoChannels) + 0x00020002U;

@@ -10,6 +10,9 @@ namespace marlowick {
 
 struct Texture;
 
+// Every other of a pixel's four channels: two can be reckoned with at once.
+inline constexpr std::uint32_t kTwoChannels = 0x00FF00FFU;
+
 // A texture repeats; so that a pixel always has its neighbours beside it, each row ends in its
 // first pixel again and the last row is the first one again.
 struct TextureLevel {
