@@ -43,6 +43,7 @@ watch() {
     { wait "$pid" || status=$?; wait "$tracer" || true; } 2>/dev/null
     # Each thread counts its own calls: those of the others are none of the command's. Who asks for a
     # path with a slash behind it asks for the one without it too: strace takes both where it is there.
+    # Of a renaming it looks at the old name alone.
     awk -v pid="$pid" -v below="^$root/(game|program)" '
         $1 == pid && $2 ~ /^[a-z0-9_]+\(/ {
             name = $2
@@ -57,6 +58,7 @@ watch() {
                 paths[path]
                 sub(/\/$/, "", path)
                 bare[path]
+                if (name == "rename") { break }
             }
             for (path in paths) { ++seen[name, path] }
             for (path in bare) { ++either[name, path] }
